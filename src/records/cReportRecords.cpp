@@ -1,0 +1,150 @@
+#include "records/cReportRecords.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+QString ReportRecord::tip(int index) const {
+    for (const auto& [item, text] : m_tips) {
+        if (item == index) {
+            return text;
+        }
+    }
+    return {};
+}
+
+void ReportRecord::setTip(int index, const QString& tip) {
+    const auto found =
+        std::find_if(m_tips.begin(), m_tips.end(), [index](const auto& t) { return t.first == index; });
+    if (found != m_tips.end()) {
+        if (tip.isEmpty()) {
+            m_tips.erase(found);
+        } else {
+            found->second = tip;
+        }
+    } else if (!tip.isEmpty()) {
+        m_tips.emplace_back(index, tip);
+    }
+}
+
+ReportRecords::ReportRecords(int keyItem, QObject* parent) : QObject(parent), m_keyItem(keyItem) {}
+
+ReportRecord* ReportRecords::find(QStringView key) const {
+    const auto found = m_byKey.find(key);
+    return found == m_byKey.end() ? nullptr : found->second;
+}
+
+void ReportRecords::append(ReportRecordPtr record) {
+    insert(count(), std::move(record));
+}
+
+void ReportRecords::insert(int row, ReportRecordPtr record) {
+    index(record, row);
+    record->m_revision = m_revision + 1;
+    m_rows.insert(m_rows.begin() + row, std::move(record));
+    structureChanged(row);
+}
+
+void ReportRecords::remove(int row) {
+    const ReportRecordPtr record = at(row);
+    m_rows.erase(m_rows.begin() + row);
+    record->m_row = -1;
+    unindex(*record);
+    structureChanged(row);
+}
+
+int ReportRecords::removeIf(const std::function<bool(const ReportRecord&)>& gone) {
+    const auto kept = std::stable_partition(m_rows.begin(), m_rows.end(),
+                                            [&gone](const auto& record) { return !gone(*record); });
+    const auto removed = static_cast<int>(m_rows.end() - kept);
+    if (removed == 0) {
+        return 0;
+    }
+    std::for_each(kept, m_rows.end(), [](const auto& record) { record->m_row = -1; });
+    m_rows.erase(kept, m_rows.end());
+    reindex();
+    structureChanged(0);
+    return removed;
+}
+
+void ReportRecords::clear() {
+    for (const auto& record : m_rows) {
+        record->m_row = -1;
+    }
+    m_rows.clear();
+    m_byKey.clear();
+    m_doubles = 0;
+    structureChanged(0);
+}
+
+void ReportRecords::reserve(int rows) {
+    m_rows.reserve(static_cast<std::size_t>(rows));
+}
+
+void ReportRecords::redraw(ReportRecord& record) {
+    record.m_revision = ++m_revision;
+    emit changed();
+}
+
+void ReportRecords::redrawAll() {
+    ++m_revision;
+    for (const auto& record : m_rows) {
+        record->m_revision = m_revision;
+    }
+    emit changed();
+}
+
+void ReportRecords::structureChanged(int firstRow) {
+    for (int row = firstRow; row < count(); ++row) {
+        at(row)->m_row = row;
+    }
+    m_structureRevision = ++m_revision;
+    emit changed();
+}
+
+void ReportRecords::index(const ReportRecordPtr& record, int row) {
+    if (m_keyItem < 0) {
+        return;
+    }
+    const auto [entry, isNew] = m_byKey.try_emplace(record->item(m_keyItem).text, record.get());
+    if (!isNew) {
+        ++m_doubles;
+        if (row <= entry->second->m_row) {
+            entry->second = record.get();
+        }
+    }
+}
+
+void ReportRecords::unindex(const ReportRecord& record) {
+    if (m_keyItem < 0) {
+        return;
+    }
+    const QString& key = record.item(m_keyItem).text;
+    const auto entry = m_byKey.find(QStringView(key));
+    if (entry == m_byKey.end() || entry->second != &record) {
+        m_doubles = std::max(0, m_doubles - 1);
+        return;
+    }
+    m_byKey.erase(entry);
+    if (m_doubles > 0) {
+        // Only a list that has doubles at all pays for the search of the next in line.
+        const auto next = std::find_if(m_rows.begin(), m_rows.end(), [this, &key](const auto& other) {
+            return other->item(m_keyItem).text == key;
+        });
+        if (next != m_rows.end()) {
+            m_byKey.emplace(key, next->get());
+            --m_doubles;
+        }
+    }
+}
+
+void ReportRecords::reindex() {
+    m_byKey.clear();
+    m_doubles = 0;
+    for (int row = 0; row < count(); ++row) {
+        at(row)->m_row = row;
+        index(at(row), row);
+    }
+}
+
+} // namespace tessel
