@@ -1,0 +1,38 @@
+// What the engines ask of the desktop and its windows.
+#pragma once
+
+#include <QString>
+#include <QStringList>
+
+namespace tessel {
+
+// Implemented by the forms and by tests that record what was asked.
+class Desktop {
+public:
+    Desktop() = default;
+    virtual ~Desktop() = default;
+    Desktop(const Desktop&) = delete;
+    Desktop& operator=(const Desktop&) = delete;
+
+    // Shows the dialog of the first run, which in the end shows the main window.
+    virtual void showWelcome() = 0;
+    // Loads and shows the main window.
+    virtual void showMain() = 0;
+    // Restores the main window and brings it to the foreground.
+    virtual void bringUp() = 0;
+
+    // Stores position and size of the main window.
+    virtual void saveMainPlace() = 0;
+    virtual void closePopups() = 0;
+    // Unloads every window but the main one.
+    virtual void unloadForms() = 0;
+    // Unloads the main window, and with it ends the process.
+    virtual void unloadMain() = 0;
+
+    // Switches the start of the program with the user's session on or off.
+    virtual void SetAutoStart(bool on) = 0;
+    // Starts a program without waiting for it. Nothing happens when there is none at `path`.
+    virtual void startProgram(const QString& path, const QStringList& arguments) = 0;
+};
+
+} // namespace tessel

@@ -1,0 +1,27 @@
+// Files and folders of the station's own data.
+#pragma once
+
+#include <QByteArray>
+#include <QString>
+
+namespace tessel {
+
+bool FolderExists(const QString& path);
+bool FileExists(const QString& path);
+// Makes a folder with those above it if it is missing, readable by its user alone. False when there
+// is none afterwards.
+bool MakeFolder(const QString& path);
+bool DeleteFile(const QString& path);
+
+// The whole file. False when it is no readable file or larger than `maxBytes`.
+bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes);
+
+// Puts `bytes` in the place of the file, readable by its user alone. A crash or a full disk leaves
+// the old file or the new one, never a part. False when the old one stands.
+bool replaceFile(const QString& path, const QByteArray& bytes);
+
+// Adds to the end of a file, which is made if it is missing. False when nothing was added, also when
+// the file has `maxBytes` or more.
+bool appendToFile(const QString& path, const QByteArray& bytes, qint64 maxBytes);
+
+} // namespace tessel

@@ -1,0 +1,43 @@
+// Identities: the SID that makes a station itself, and the ids of messages.
+#pragma once
+
+#include <QString>
+
+#include <cstdint>
+#include <random>
+
+namespace tessel {
+
+class cErrorLog;
+class Clock;
+class INIData;
+struct OwnState;
+
+inline constexpr char kSIDMask[] = "###XX###XXX#";
+inline constexpr char kMessageIDMask[] = "X##XXX###XX#";
+
+class Main {
+public:
+    // `seed`: 0 takes the clock and the system's noise; anything else makes the ids repeatable.
+    Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std::uint64_t seed = 0);
+
+    // Takes the SID from user.cfg as it stands there, or makes one.
+    void LoadSID();
+    // Makes and stores a new id. Empty when it could not be stored. Does not change the own state.
+    QString CreateSID();
+    // Deletes the id and makes a new one, which comes into force at the next start.
+    void ResetSID();
+
+    // "#" gives a digit, "X" a capital letter, anything else itself. Empty unless the result has 12
+    // characters.
+    QString MakeRandomID(const QString& mask);
+    QString MakeMessageID() { return MakeRandomID(QString::fromLatin1(kMessageIDMask)); }
+
+private:
+    OwnState& m_own;
+    INIData& m_data;
+    cErrorLog& m_log;
+    std::mt19937_64 m_random;
+};
+
+} // namespace tessel
