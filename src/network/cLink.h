@@ -1,0 +1,55 @@
+// The multicast socket as the network engine sees it.
+#pragma once
+
+#include <QByteArrayView>
+#include <QObject>
+#include <QString>
+
+#include <vector>
+
+namespace tessel {
+
+// How the socket is set up. Addresses are dotted text; an empty interface leaves the choice to the
+// system.
+struct LinkConfig {
+    int maxPacketSize = 0; // characters of the largest packet
+    int inBufferSize = 0;  // least size of the kernel's queues, in bytes
+    int outBufferSize = 0;
+    QString localHost;
+    QString sendInterface;
+    QString receiveInterface;
+    int localPort = 0;
+    int remotePort = 0;
+    QString group;      // to join
+    QString remoteHost; // to send to
+    int timeToLive = 1;
+};
+
+struct Adapter {
+    QString name;
+    QString address;
+};
+
+// Implemented on a real socket by the platform and in memory by tests.
+class Link : public QObject {
+    Q_OBJECT
+public:
+    // Opens the socket and joins the group. False when any step fails; the socket is closed then.
+    virtual bool open(const LinkConfig& config) = 0;
+    // Leaves the group and closes. Nothing happens when it is not open.
+    virtual void close() = 0;
+    virtual bool isActive() const = 0;
+    // Sends one datagram to the whole group, the own station included. A datagram that cannot be sent
+    // is lost.
+    virtual void send(QByteArrayView datagram) = 0;
+    // The machine's network adapters in a lasting order.
+    virtual std::vector<Adapter> adapters() const = 0;
+
+signals:
+    // A datagram arrived. The bytes hold until the slot returns, also if it waits.
+    void dataIn(QByteArrayView datagram);
+    // A failure of the open socket. It may have closed itself: see `isActive`.
+    void error(int number, const QString& description);
+};
+
+} // namespace tessel
