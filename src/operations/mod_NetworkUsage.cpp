@@ -1,0 +1,40 @@
+#include "operations/mod_NetworkUsage.h"
+
+#include "core/cClock.h"
+#include "core/cErrorLog.h"
+#include "core/mod_Definitions.h"
+#include "core/mod_INIData.h"
+#include "core/mod_Settings.h"
+#include "network/mod_Network_Protocol.h"
+
+namespace tessel {
+
+namespace {
+const QString kSection = QStringLiteral("Metrics");
+const QString kSince = QStringLiteral("NETLR");
+
+QString total(double characters) {
+    return QString::number(characters, 'f', 0);
+}
+} // namespace
+
+void NetworkUsage::load() {
+    m_protocol.setMeters(m_settings.Metrics_NETS().toDouble(), m_settings.Metrics_NETR().toDouble());
+}
+
+void NetworkUsage::SaveNetworkUsage(bool reset) {
+    if (reset) {
+        m_protocol.setMeters(0, 0);
+    }
+    std::vector<cIniDocument::KeyValue> values{{QStringLiteral("NETS"), total(m_protocol.bytesSent())},
+                                               {QStringLiteral("NETR"), total(m_protocol.bytesReceived())}};
+    if (reset || m_data.ReadSettingRaw(kUserFile, kSection, kSince).isEmpty()) {
+        values.emplace_back(kSince, m_clock.dateText());
+    }
+    m_data.WriteSettings(kUserFile, kSection, values);
+    if (reset) {
+        m_log.LogEvent(QStringLiteral("NetworkUsage"), QStringLiteral("Reset"), {});
+    }
+}
+
+} // namespace tessel

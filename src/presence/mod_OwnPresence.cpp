@@ -1,0 +1,80 @@
+#include "presence/mod_OwnPresence.h"
+
+#include "core/cClock.h"
+#include "core/cOwnState.h"
+#include "core/mod_Definitions.h"
+#include "core/mod_INIData.h"
+#include "network/mod_Network_Protocol.h"
+
+namespace tessel {
+
+namespace {
+constexpr int kShortestStatus = 2;
+}
+
+OwnPresence::OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol)
+    : m_own(own), m_data(data), m_clock(clock), m_protocol(protocol) {
+    attachHandlers(protocol);
+}
+
+void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
+    protocol.attach(Code::XAS0, [this](const cPacket&) { TurnOffStatus(); });
+    protocol.attach(Code::XAS1, [this](const cPacket&) { TurnOffStatus(); });
+    protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
+    protocol.attach(Code::XALS, [this](const cPacket&) { SetOccupiedStatusRemote(false, {}); });
+    protocol.attach(Code::XALSN,
+                    [this](const cPacket& packet) { SetOccupiedStatusRemote(true, packet.bodyValue(1)); });
+    protocol.attach(Code::XASTR,
+                    [this](const cPacket& packet) { Set_StaffTag(packet.bodyValue(1).trimmed().toShort()); });
+    protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(packet.bodyValue(1)); });
+}
+
+void OwnPresence::SetCustomStatus(const QString& text) {
+    if (text.size() < kShortestStatus) {
+        return;
+    }
+    m_own.statusTime = m_clock.timeText();
+    m_own.status = text;
+    emit changed();
+    m_protocol.send(Code::XAS);
+}
+
+void OwnPresence::TurnOffStatus() {
+    m_own.status.clear();
+    m_own.statusTime.clear();
+    m_own.statusTone.clear();
+    emit changed();
+    m_protocol.send(Code::XAS);
+}
+
+void OwnPresence::setStatusFrom(const cPacket& packet) {
+    // An index names an entry of the office's shared list; a location without that list has no such
+    // entry, and the request passes it by.
+    if (packet.bodyValue(2).isEmpty()) {
+        SetCustomStatus(packet.bodyValue(1));
+    }
+}
+
+void OwnPresence::SetOccupiedStatusRemote(bool named, const QString& name) {
+    m_own.occupied = !m_own.occupied;
+    m_own.patientName = m_own.occupied && named ? name : QString();
+    m_own.occupiedTime = m_own.occupied ? m_clock.timeText() : QString();
+    emit changed();
+    m_protocol.send(Code::XALU);
+}
+
+void OwnPresence::Set_StaffTag(std::int16_t tag) {
+    m_own.staffTag = tag;
+    m_own.staffTagTime = tag != 0 ? m_clock.timeText() : QString();
+    emit changed();
+    m_protocol.send(Code::XAST);
+}
+
+void OwnPresence::SetLocationNote(const QString& note) {
+    m_own.note = note.trimmed();
+    m_data.WriteSetting(kUserFile, QStringLiteral("Note"), QStringLiteral("ACTIVE"), m_own.note);
+    emit changed();
+    m_protocol.send(Code::XALNU);
+}
+
+} // namespace tessel

@@ -1,0 +1,49 @@
+// What this location does and shows of itself: status, occupied room, staff tag, note. Each change is
+// announced; requests of other locations come in here too.
+#pragma once
+
+#include <QObject>
+#include <QString>
+
+namespace tessel {
+
+class Clock;
+class INIData;
+class NetworkProtocol;
+class cPacket;
+struct OwnState;
+
+class OwnPresence : public QObject {
+    Q_OBJECT
+public:
+    OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol);
+
+    // Sets a plain status of at least 2 characters; anything shorter changes nothing. A tone that an
+    // earlier status left stays until the status is turned off.
+    void SetCustomStatus(const QString& text);
+    void TurnOffStatus();
+
+    // Toggles the occupied flag; turned off, it forgets the patient and the time.
+    void SetOccupiedStatusRemote(bool named, const QString& name);
+
+    // 0 clears the tag.
+    void Set_StaffTag(std::int16_t tag);
+
+    // Keeps the note, trimmed, stores it, and announces it.
+    void SetLocationNote(const QString& note);
+
+signals:
+    // The own state changed.
+    void changed();
+
+private:
+    void attachHandlers(NetworkProtocol& protocol);
+    void setStatusFrom(const cPacket& packet);
+
+    OwnState& m_own;
+    INIData& m_data;
+    const Clock& m_clock;
+    NetworkProtocol& m_protocol;
+};
+
+} // namespace tessel
