@@ -1,0 +1,109 @@
+// One running location: every engine, built in order, and the wires between them.
+#pragma once
+
+#include "alerts/mod_Messages.h"
+#include "core/cClock.h"
+#include "core/cDesktop.h"
+#include "core/cErrorLog.h"
+#include "core/cInifile.h"
+#include "core/cOwnState.h"
+#include "core/cSystemFacts.h"
+#include "core/mod_Folders.h"
+#include "core/mod_INIData.h"
+#include "core/mod_Main.h"
+#include "core/mod_Settings.h"
+#include "mainwindow/mod_Footer.h"
+#include "network/cLink.h"
+#include "network/mod_Endpoints.h"
+#include "network/mod_Network_MC.h"
+#include "network/mod_Network_Protocol.h"
+#include "operations/mod_Admin.h"
+#include "operations/mod_NetworkUsage.h"
+#include "presence/mod_LocationViews.h"
+#include "presence/mod_OwnPresence.h"
+
+#include <QObject>
+
+namespace tessel {
+
+enum class CloseReason { User, Code, SessionEnd, TaskManager };
+enum class CloseAction { Close, Minimise };
+
+// What the dialog of the first run asks.
+struct WelcomeChoices {
+    QString location;
+    int tag = kNoTag; // 41: none chosen
+    bool doorBell = false;
+};
+
+class Station : public QObject {
+    Q_OBJECT
+public:
+    // `seed`: for repeatable ids in tests; 0 for real ones.
+    Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, std::uint64_t seed = 0);
+
+    // Everything from the folders to the first window.
+    void start();
+    // The folders alone, as the command line asks for with "/L".
+    void setupFoldersOnly();
+
+    // The engines' share of loading the main window, in two steps: before its lists are shown, and
+    // when it is done.
+    void loadMain();
+    void mainLoaded();
+
+    // The only orderly way out. To end the program from anywhere, enable `tmrExit`.
+    void ExitProc();
+    // The main window is about to close: what becomes of it.
+    CloseAction closing(CloseReason reason);
+
+    // Takes the choices of the first run, and starts with the user's session from now on.
+    void SaveUserName(const WelcomeChoices& choices);
+    // Reads the location's name anew.
+    void loadLocationName();
+    // Stores another network group, and restarts the network if it differs from the stored one.
+    void SaveNetwork(int group);
+    int networkGroupRow() const;
+    // Gives the station a new SID at its next start, and resets the network.
+    void resetSID();
+
+    OwnState own;
+
+private:
+    SystemFacts m_facts;
+    Clock& m_clock;
+    Link& m_link;
+    Desktop& m_desktop;
+
+public:
+    cInifile ini;
+    Folders folders;
+    INIData data;
+    cErrorLog log;
+    Admin admin;
+    Settings settings;
+    Main identity;
+    NetworkProtocol protocol;
+    NetworkMC network;
+    NetworkUsage usage;
+    Endpoints endpoints;
+    LocationViews views;
+    OwnPresence presence;
+    Messages messages;
+    Footer footer;
+
+    Timer tmrExit;
+    Timer tmrUpdates;
+
+private:
+    void SetupFolders();
+    void wire();
+    void attachOrders();
+    void checkForUpdates();
+    void disableTimers();
+    void writeProgramRecord();
+
+    bool m_ended = false;
+};
+
+} // namespace tessel
