@@ -1,0 +1,11 @@
+// Asks the operating system for what `SystemFacts` holds.
+#pragma once
+
+#include "core/cSystemFacts.h"
+
+namespace tessel {
+
+// Needs the application object. What cannot be found out is empty.
+SystemFacts systemFacts();
+
+} // namespace tessel

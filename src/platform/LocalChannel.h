@@ -1,0 +1,51 @@
+// The channel by which another process of the same user hands a running station one short text and
+// gets one back, and by which the first station of a data folder keeps a second one from starting.
+#pragma once
+
+#include <QLocalServer>
+#include <QLockFile>
+#include <QObject>
+#include <QString>
+
+#include <functional>
+#include <memory>
+#include <optional>
+
+class QLocalSocket;
+
+namespace tessel {
+
+struct SystemFacts;
+
+class LocalChannel : public QObject {
+    Q_OBJECT
+public:
+    // Gives the answer to one request.
+    using Answer = std::function<QString(const QString& request)>;
+
+    explicit LocalChannel(const SystemFacts& facts);
+
+    // Becomes the one station of this data folder. False when another one is.
+    bool claim();
+    // Answers requests from now on.
+    void serve(Answer answer);
+
+    // Hands `request` to the running station. Its answer, or nothing when no station answers within
+    // `timeoutMs`.
+    std::optional<QString> ask(const QString& request, int timeoutMs = 5000) const;
+
+    // Requests that the program itself makes.
+    static inline const QString kBringUp = QStringLiteral("bring up");
+    static inline const QString kLocations = QStringLiteral("locations");
+
+private:
+    void accept();
+    void readRequest(QLocalSocket* socket);
+
+    QString m_path;
+    std::unique_ptr<QLockFile> m_lock;
+    std::unique_ptr<QLocalServer> m_server;
+    Answer m_answer;
+};
+
+} // namespace tessel

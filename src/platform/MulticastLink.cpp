@@ -1,0 +1,213 @@
+#include "platform/MulticastLink.h"
+
+#include <QHostAddress>
+#include <QNetworkInterface>
+
+#include <algorithm>
+#include <cerrno>
+#include <cstring>
+#include <sys/socket.h>
+#include <unistd.h>
+
+namespace tessel {
+
+namespace {
+
+// The configured sizes are lower bounds: a queue of some kilobytes loses every burst. The kernel cuts
+// this down to what the user may have.
+constexpr int kWantedQueueBytes = 4 << 20;
+// After so many datagrams the windows get their turn, before the rest.
+constexpr int kDatagramsATurn = 4096;
+constexpr int kFailuresInARow = 16;
+
+bool toAddress(const QString& text, in_addr& address) {
+    bool ok = false;
+    const quint32 number = QHostAddress(text).toIPv4Address(&ok);
+    address.s_addr = htonl(number);
+    return ok;
+}
+
+template <typename Value> bool setOption(int socket, int level, int name, const Value& value) {
+    return ::setsockopt(socket, level, name, &value, sizeof value) == 0;
+}
+
+} // namespace
+
+MulticastLink::MulticastLink() = default;
+
+MulticastLink::~MulticastLink() {
+    close();
+}
+
+bool MulticastLink::fail(const char* step) {
+    const int number = errno;
+    emit error(number, QString::fromLatin1(step) + QLatin1String(": ") +
+                           QString::fromLocal8Bit(std::strerror(number)));
+    return false;
+}
+
+bool MulticastLink::open(const LinkConfig& config) {
+    close();
+    if (!setUp(config)) {
+        close();
+        return false;
+    }
+    m_notifier = std::make_unique<QSocketNotifier>(m_socket, QSocketNotifier::Read);
+    connect(m_notifier.get(), &QSocketNotifier::activated, this, &MulticastLink::drain);
+    return true;
+}
+
+bool MulticastLink::setUp(const LinkConfig& config) {
+    constexpr int kLargestPort = 65535;
+    const auto isPort = [](int port) { return port > 0 && port <= kLargestPort; };
+    if (!isPort(config.localPort) || !isPort(config.remotePort) || config.timeToLive < 0 ||
+        config.timeToLive > 255) {
+        errno = EINVAL;
+        return fail("port or time-to-live");
+    }
+    m_socket = ::socket(AF_INET, SOCK_DGRAM | SOCK_NONBLOCK | SOCK_CLOEXEC, 0);
+    if (m_socket < 0) {
+        return fail("socket");
+    }
+    setOption(m_socket, SOL_SOCKET, SO_RCVBUF, std::max(config.inBufferSize, kWantedQueueBytes));
+    setOption(m_socket, SOL_SOCKET, SO_SNDBUF, std::max(config.outBufferSize, kWantedQueueBytes));
+    m_maxPacketSize = config.maxPacketSize;
+
+    // Bound to the group, not to the own address: other groups of the same port stay unheard, and so
+    // does whatever is sent to this machine alone.
+    sockaddr_in local{};
+    local.sin_family = AF_INET;
+    local.sin_port = htons(static_cast<std::uint16_t>(config.localPort));
+    m_to = {};
+    m_to.sin_family = AF_INET;
+    m_to.sin_port = htons(static_cast<std::uint16_t>(config.remotePort));
+    if (!toAddress(config.group, local.sin_addr) || !toAddress(config.remoteHost, m_to.sin_addr)) {
+        errno = EINVAL;
+        return fail("group or send address");
+    }
+    if (!setOption(m_socket, SOL_SOCKET, SO_REUSEADDR, 1) ||
+        ::bind(m_socket, reinterpret_cast<const sockaddr*>(&local), sizeof local) != 0) {
+        return fail("bind");
+    }
+    return join(config);
+}
+
+bool MulticastLink::join(const LinkConfig& config) {
+    ip_mreqn membership{};
+    toAddress(config.group, membership.imr_multiaddr);
+    if (!config.receiveInterface.isEmpty() && !toAddress(config.receiveInterface, membership.imr_address)) {
+        errno = EINVAL;
+        return fail("receive interface");
+    }
+    if (!setOption(m_socket, IPPROTO_IP, IP_ADD_MEMBERSHIP, membership)) {
+        return fail("join");
+    }
+    in_addr sendInterface{};
+    if (!config.sendInterface.isEmpty() && (!toAddress(config.sendInterface, sendInterface) ||
+                                            !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, sendInterface))) {
+        return fail("send interface");
+    }
+    if (!setOption(m_socket, IPPROTO_IP, IP_MULTICAST_ALL, 0) ||
+        !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_LOOP, 1) ||
+        !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_TTL, config.timeToLive)) {
+        return fail("multicast options");
+    }
+    return true;
+}
+
+void MulticastLink::close() {
+    if (m_socket < 0) {
+        return;
+    }
+    // A handler of the drain under way may have asked for this.
+    if (m_notifier) {
+        m_notifier->setEnabled(false);
+        m_notifier.release()->deleteLater();
+    }
+    ::close(m_socket); // leaves the group
+    m_socket = -1;
+}
+
+void MulticastLink::send(QByteArrayView datagram) {
+    if (m_socket < 0) {
+        return;
+    }
+    if (m_maxPacketSize > 0 && datagram.size() > m_maxPacketSize) {
+        errno = EMSGSIZE;
+        fail("send");
+        return;
+    }
+    ssize_t sent = 0;
+    do {
+        sent = ::sendto(m_socket, datagram.data(), static_cast<std::size_t>(datagram.size()), 0,
+                        reinterpret_cast<const sockaddr*>(&m_to), sizeof m_to);
+    } while (sent < 0 && errno == EINTR);
+    if (sent < 0) {
+        fail("send");
+    }
+}
+
+bool MulticastLink::readFailed(int number, int& failures) {
+    if (number == EINTR) {
+        return true;
+    }
+    errno = number;
+    fail("receive");
+    if (++failures < kFailuresInARow && number != EBADF && number != ENOTSOCK) {
+        return true;
+    }
+    close();
+    errno = number;
+    fail("socket closed");
+    return false;
+}
+
+void MulticastLink::drain() {
+    if (m_depth == m_buffers.size()) {
+        m_buffers.push_back(std::make_unique<Buffer>());
+    }
+    Buffer& buffer = *m_buffers[m_depth];
+    ++m_depth;
+    const int socket = m_socket;
+    int failures = 0;
+    for (int turn = 0; turn < kDatagramsATurn && m_socket == socket && socket >= 0; ++turn) {
+        const ssize_t size = ::recv(socket, buffer.data(), buffer.size(), 0);
+        if (size >= 0) {
+            failures = 0;
+            emit dataIn(QByteArrayView(buffer.data(), size));
+        } else if (errno == EAGAIN || errno == EWOULDBLOCK || !readFailed(errno, failures)) {
+            break;
+        }
+    }
+    --m_depth;
+}
+
+std::vector<Adapter> MulticastLink::adapters() const {
+    QList<QNetworkInterface> interfaces = QNetworkInterface::allInterfaces();
+    std::sort(interfaces.begin(), interfaces.end(), [](const auto& a, const auto& b) {
+        const bool loopA = a.flags().testFlag(QNetworkInterface::IsLoopBack);
+        const bool loopB = b.flags().testFlag(QNetworkInterface::IsLoopBack);
+        return loopA != loopB ? loopB : a.index() < b.index();
+    });
+    std::vector<Adapter> found;
+    for (const QNetworkInterface& interface : interfaces) {
+        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
+            if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol) {
+                found.push_back({interface.humanReadableName(), entry.ip().toString()});
+                break;
+            }
+        }
+    }
+    return found;
+}
+
+int MulticastLink::receiveQueueBytes() const {
+    int bytes = 0;
+    socklen_t size = sizeof bytes;
+    if (m_socket < 0 || ::getsockopt(m_socket, SOL_SOCKET, SO_RCVBUF, &bytes, &size) != 0) {
+        return 0;
+    }
+    return bytes;
+}
+
+} // namespace tessel

@@ -1,0 +1,79 @@
+#include "platform/Registry.h"
+
+#include "core/mod_FileTools.h"
+
+#include <QSettings>
+#include <QStandardPaths>
+
+namespace tessel {
+
+namespace {
+
+const QString kApplication = QStringLiteral("TesselStatus");
+
+// One short-lived object an access: its end writes the file.
+class Store {
+public:
+    void write(const QString& form, const char* name, const QVariant& value) {
+        m_settings.setValue(form + u'/' + QLatin1String(name), value);
+    }
+    template <typename T> std::optional<T> read(const QString& form, const char* name) const {
+        const QVariant value = m_settings.value(form + u'/' + QLatin1String(name));
+        return value.canConvert<T>() ? std::optional(value.value<T>()) : std::nullopt;
+    }
+
+private:
+    QSettings m_settings{QSettings::NativeFormat, QSettings::UserScope, kApplication, kApplication};
+};
+
+constexpr char kPosition[] = "Position";
+constexpr char kSize[] = "Size";
+
+// The desktop entry's rules: a double quote, backtick, dollar and backslash are escaped inside quotes,
+// and the backslash once more as in every value; a per cent sign is doubled.
+QString quotedForExec(const QString& path) {
+    QString out;
+    for (const QChar c : path) {
+        if (c == u'%') {
+            out += u'%';
+        } else if (c == u'"' || c == u'`' || c == u'$') {
+            out += QLatin1String("\\\\");
+        } else if (c == u'\\') {
+            out += QLatin1String("\\\\\\");
+        }
+        out += c;
+    }
+    return u'"' + out + u'"';
+}
+
+} // namespace
+
+void Registry::SaveFormPos(const QString& form, QPoint position) {
+    Store().write(form, kPosition, position);
+}
+
+std::optional<QPoint> Registry::GetFormPos(const QString& form) const {
+    return Store().read<QPoint>(form, kPosition);
+}
+
+void Registry::SaveFormSize(const QString& form, QSize size) {
+    Store().write(form, kSize, size);
+}
+
+std::optional<QSize> Registry::GetFormSize(const QString& form) const {
+    return Store().read<QSize>(form, kSize);
+}
+
+void Registry::SetAutoStart(const QString& program, bool on) {
+    const QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+                         QLatin1String("/autostart/") + kApplication + QLatin1String(".desktop");
+    if (!on) {
+        DeleteFile(path);
+        return;
+    }
+    const QString entry = QLatin1String("[Desktop Entry]\nType=Application\nName=Tessel Status\nExec=") +
+                          quotedForExec(program) + QLatin1String("\nTerminal=false\n");
+    replaceFile(path, entry.toUtf8());
+}
+
+} // namespace tessel
