@@ -1,0 +1,74 @@
+#include "FakeNetwork.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+FakeNetwork::FakeNetwork(VirtualClock& clock) : m_clock(clock) {
+    clock.nextOther = [this] { return m_inFlight.empty() ? -1 : m_inFlight.begin()->first; };
+    clock.atStep = [this] { deliverDue(); };
+}
+
+void FakeNetwork::inject(const QByteArray& datagram, int port, const QString& group) {
+    m_inFlight.emplace(m_clock.monotonicMs(), InFlight{datagram, port, group});
+}
+
+void FakeNetwork::send(const QByteArray& bytes, int port, const QString& group) {
+    if (keepSent) {
+        sent.push_back(bytes);
+    }
+    std::uniform_real_distribution<double> chance(0, 1);
+    const int copies = chance(m_random) < doubling ? 2 : 1;
+    for (int copy = 0; copy < copies; ++copy) {
+        if (loss > 0 && chance(m_random) < loss) {
+            continue;
+        }
+        const int delay =
+            longestDelayMs > 0 ? std::uniform_int_distribution<int>(0, longestDelayMs)(m_random) : 0;
+        m_inFlight.emplace(m_clock.monotonicMs() + delay, InFlight{bytes, port, group});
+    }
+}
+
+void FakeNetwork::deliverDue() {
+    // A receiver that waits comes back here: what is taken out first is not delivered twice.
+    while (!m_inFlight.empty() && m_inFlight.begin()->first <= m_clock.monotonicMs()) {
+        const InFlight datagram = std::move(m_inFlight.begin()->second);
+        m_inFlight.erase(m_inFlight.begin());
+        const std::vector<FakeLink*> links = m_links;
+        for (FakeLink* const link : links) {
+            const bool there = std::find(m_links.begin(), m_links.end(), link) != m_links.end();
+            if (there && link->m_active && link->config.localPort == datagram.port &&
+                link->config.group == datagram.group) {
+                emit link->dataIn(datagram.bytes);
+            }
+        }
+    }
+}
+
+FakeLink::FakeLink(FakeNetwork& network) : m_network(network) {
+    network.m_links.push_back(this);
+}
+
+FakeLink::~FakeLink() {
+    std::erase(m_network.m_links, this);
+}
+
+bool FakeLink::open(const LinkConfig& wanted) {
+    config = wanted;
+    ++opened;
+    m_active = !refuse;
+    return m_active;
+}
+
+void FakeLink::send(QByteArrayView datagram) {
+    if (m_active) {
+        m_network.send(datagram.toByteArray(), config.remotePort, config.remoteHost);
+    }
+}
+
+void FakeLink::breakDown(int number) {
+    m_active = false;
+    emit error(number, QStringLiteral("broken"));
+}
+
+} // namespace tessel

@@ -1,0 +1,76 @@
+// A network in memory: it carries bytes between links of the same group and port, and can lose, double
+// and delay them.
+#pragma once
+
+#include "VirtualClock.h"
+#include "network/cLink.h"
+
+#include <QByteArray>
+
+#include <map>
+#include <random>
+#include <vector>
+
+namespace tessel {
+
+class FakeLink;
+
+class FakeNetwork {
+public:
+    explicit FakeNetwork(VirtualClock& clock);
+
+    // Chances from 0 to 1, and the longest delay: with more than 0, datagrams overtake each other.
+    double loss = 0;
+    double doubling = 0;
+    int longestDelayMs = 0;
+
+    // Everything sent, in order; only while `keepSent` is on.
+    bool keepSent = true;
+    std::vector<QByteArray> sent;
+
+    // Sends from outside, to all links of the default group.
+    void inject(const QByteArray& datagram, int port = 5748, const QString& group = QStringLiteral("232.36.32.36"));
+
+private:
+    friend class FakeLink;
+    struct InFlight {
+        QByteArray bytes;
+        int port;
+        QString group;
+    };
+    void send(const QByteArray& bytes, int port, const QString& group);
+    void deliverDue();
+
+    VirtualClock& m_clock;
+    std::mt19937 m_random{1};
+    std::vector<FakeLink*> m_links;
+    std::multimap<std::int64_t, InFlight> m_inFlight;
+};
+
+class FakeLink : public Link {
+    Q_OBJECT
+public:
+    explicit FakeLink(FakeNetwork& network);
+    ~FakeLink() override;
+
+    bool open(const LinkConfig& config) override;
+    void close() override { m_active = false; }
+    bool isActive() const override { return m_active; }
+    void send(QByteArrayView datagram) override;
+    std::vector<Adapter> adapters() const override { return adapterList; }
+
+    // What the test wants of the next `open`, and what the last one was given.
+    bool refuse = false;
+    LinkConfig config;
+    int opened = 0;
+    std::vector<Adapter> adapterList;
+    // The socket breaks.
+    void breakDown(int number);
+
+private:
+    friend class FakeNetwork;
+    FakeNetwork& m_network;
+    bool m_active = false;
+};
+
+} // namespace tessel

@@ -1,0 +1,34 @@
+// A desktop that writes down what was asked of it.
+#pragma once
+
+#include "core/cDesktop.h"
+
+#include <functional>
+
+namespace tessel {
+
+class RecordingDesktop : public Desktop {
+public:
+    QStringList calls;
+    // What a real desktop does when it is asked for the main window.
+    std::function<void()> onShowMain;
+
+    void showWelcome() override { calls += QStringLiteral("showWelcome"); }
+    void showMain() override {
+        calls += QStringLiteral("showMain");
+        if (onShowMain) {
+            onShowMain();
+        }
+    }
+    void bringUp() override { calls += QStringLiteral("bringUp"); }
+    void saveMainPlace() override { calls += QStringLiteral("saveMainPlace"); }
+    void closePopups() override { calls += QStringLiteral("closePopups"); }
+    void unloadForms() override { calls += QStringLiteral("unloadForms"); }
+    void unloadMain() override { calls += QStringLiteral("unloadMain"); }
+    void SetAutoStart(bool on) override { calls += QStringLiteral("SetAutoStart %1").arg(on ? 1 : 0); }
+    void startProgram(const QString& path, const QStringList& arguments) override {
+        calls += QStringLiteral("startProgram ") + path.section(u'/', -1) + u' ' + arguments.join(u' ');
+    }
+};
+
+} // namespace tessel
