@@ -1,0 +1,505 @@
+#include "report_list.h"
+
+#include "controls/ReportHeader.h"
+
+#include <QAccessible>
+#include <QClipboard>
+#include <QContextMenuEvent>
+#include <QHelpEvent>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+ReportRecordPtr firstOf(QSignalSpy& spy) {
+    return spy.takeFirst().at(0).value<ReportRecordPtr>();
+}
+
+QString tipAt(ReportList& list, const QPoint& pos) {
+    QHelpEvent help(QEvent::ToolTip, pos, list.control.viewport()->mapToGlobal(pos));
+    QApplication::sendEvent(list.control.viewport(), &help);
+    return help.isAccepted() ? QToolTip::text() : QString();
+}
+
+class Watched : public ReportControl {
+public:
+    int painted = 0; // rows' heights of pixels
+
+protected:
+    void paintEvent(QPaintEvent* event) override {
+        painted += event->region().boundingRect().height();
+        ReportControl::paintEvent(event);
+    }
+};
+
+} // namespace
+
+// --- selection -----------------------------------------------------------------------------------
+
+// The user would act on another location than the one selected.
+TEST(ReportControl, SelectionStaysWithItsRecordThroughSortsStormsAndRemovals) {
+    ReportList list;
+    list.control.setSortKeys({{kName}});
+    list.fill(200);
+    list.show();
+    ASSERT_TRUE(list.control.selectKey(kKey, u"100"));
+    QSignalSpy told(&list.control, &ReportControl::currentRecordChanged);
+
+    list.control.setSortKeys({{kName, false, false}});
+    for (int i = 0; i < 200; i += 2) {
+        list.records.at(i)->item(kName).text = QStringLiteral("Name %1").arg(i * 7919 % 501);
+        list.records.redraw(*list.records.at(i));
+    }
+    list.control.syncNow();
+    list.records.removeIf([](const ReportRecord& record) { return record.item(kKey).text.toInt() % 4 == 1; });
+    list.records.insert(0, listRecord("new", "Name 9999"));
+    list.control.syncNow();
+    list.control.setFilterText("name");
+    EXPECT_EQ(list.current(), "100");
+    EXPECT_EQ(list.selected(), list.control.currentRecord()->item(kName).text);
+    EXPECT_EQ(told.count(), 0);
+}
+
+TEST(ReportControl, WhenTheCurrentRecordGoesTheRowAtItsPlaceIsNext) {
+    ReportList list;
+    list.fill(10);
+    list.show();
+    list.control.selectKey(kKey, u"4");
+    QSignalSpy told(&list.control, &ReportControl::currentRecordChanged);
+    const ReportRecordPtr gone = list.control.currentRecord();
+    list.records.remove(4);
+    EXPECT_EQ(list.current(), "none") << "before the list caught up, nobody may act on the removed one";
+    list.control.syncNow();
+    EXPECT_EQ(list.current(), "5");
+    EXPECT_EQ(list.selected(), "Name 5");
+    EXPECT_EQ(told.count(), 1);
+
+    list.control.selectKey(kKey, u"9");
+    list.control.setFilterText("name 7");
+    EXPECT_EQ(list.current(), "7");
+    list.control.setFilterText({});
+    EXPECT_EQ(list.current(), "7");
+    told.clear();
+    list.records.clear();
+    list.control.syncNow();
+    EXPECT_EQ(list.current(), "none");
+    ASSERT_EQ(told.count(), 1);
+    EXPECT_EQ(firstOf(told), nullptr);
+}
+
+// The only row is selected, then others come: the selection once was lost exactly here.
+TEST(ReportControl, TheOnlyRowStaysSelectedWhenOthersCome) {
+    ReportList list;
+    list.fill(1);
+    list.show();
+    list.control.selectKey(kKey, u"0");
+    list.records.insert(0, listRecord("x", "before"));
+    list.records.append(listRecord("y", "after"));
+    list.control.syncNow();
+    EXPECT_EQ(list.selected(), "Name 0");
+    list.control.setColumns({{"Note", 100, kNote}, {"Name", 100, kName}});
+    EXPECT_EQ(list.current(), "0");
+    EXPECT_EQ(list.selected(), "Name 0");
+}
+
+TEST(ReportControl, SelectingTellsWhetherTheRecordIsShown) {
+    ReportList list;
+    list.fill(3);
+    list.control.setFilterText("name 1");
+    EXPECT_TRUE(list.control.selectKey(kKey, u"1"));
+    EXPECT_FALSE(list.control.selectKey(kKey, u"2"));
+    EXPECT_FALSE(list.control.selectRecord(listRecord("1", "Name 1")));
+    EXPECT_FALSE(list.control.selectRecord(nullptr));
+    EXPECT_EQ(list.current(), "1");
+}
+
+// A row one reads would run away while others come in above it.
+TEST(ReportControl, RowsInSightStayInPlaceWhileOthersComeAndGo) {
+    ReportList list;
+    list.fill(300);
+    list.show();
+    list.control.scrollTo(list.control.model()->index(100, 0), QAbstractItemView::PositionAtTop);
+    ASSERT_EQ(list.top(100), 0);
+    for (int i = 0; i < 20; ++i) {
+        list.records.insert(0, listRecord("n" + QString::number(i), "new"));
+    }
+    list.records.remove(50);
+    list.control.syncNow();
+    EXPECT_EQ(list.keyAt(119), "Name 100");
+    EXPECT_EQ(list.top(119), 0);
+
+    // One row of those in sight going far away takes nothing with it.
+    list.control.setSortKeys({{kTag, true}});
+    list.control.scrollTo(list.control.model()->index(100, 0), QAbstractItemView::PositionAtTop);
+    ReportRecord& leaving = *list.records.find(u"83");
+    const int before = list.top(110);
+    const QString there = list.keyAt(110);
+    leaving.item(kTag).value = 9;
+    list.records.redraw(leaving);
+    list.control.syncNow();
+    EXPECT_EQ(list.keyAt(109), there);
+    EXPECT_EQ(list.top(109), before);
+
+    // At the very top one sees what comes.
+    list.control.ensureTopVisible();
+    list.records.insert(0, listRecord("newest", "newest"));
+    list.control.syncNow();
+    EXPECT_EQ(list.keyAt(0), "newest");
+    EXPECT_EQ(list.top(0), 0);
+}
+
+// --- keys and mouse ------------------------------------------------------------------------------
+
+// A message would open twice, or not at all.
+TEST(ReportControl, ActivatesOnceForEnterAndForADoubleClick) {
+    ReportList list;
+    list.fill(5);
+    list.show();
+    QSignalSpy activated(&list.control, &ReportControl::recordActivated);
+    QTest::keyClick(&list.control, Qt::Key_Return);
+    EXPECT_EQ(activated.count(), 0) << "nothing is selected yet";
+    list.control.selectKey(kKey, u"2");
+    QTest::keyClick(&list.control, Qt::Key_Return);
+    QTest::keyClick(&list.control, Qt::Key_Enter, Qt::KeypadModifier);
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Return, Qt::NoModifier, "\r", true);
+    QApplication::sendEvent(&list.control, &held);
+    EXPECT_EQ(activated.count(), 2);
+    EXPECT_EQ(firstOf(activated)->item(kKey).text, "2");
+    activated.clear();
+
+    QTest::mouseClick(list.control.viewport(), Qt::LeftButton, {}, list.place(3));
+    EXPECT_EQ(list.current(), "3");
+    EXPECT_EQ(activated.count(), 0);
+    QTest::mouseDClick(list.control.viewport(), Qt::LeftButton, {}, list.place(3));
+    EXPECT_EQ(activated.count(), 1);
+    QTest::mouseDClick(list.control.viewport(), Qt::LeftButton, {}, QPoint(50, 250));
+    EXPECT_EQ(activated.count(), 1) << "below the last row there is nothing";
+}
+
+// The list moves between the two clicks: the message below it would open instead.
+TEST(ReportControl, ADoubleClickMeansTheRowOfItsFirstClick) {
+    ReportList list;
+    list.fill(5);
+    list.show();
+    QSignalSpy activated(&list.control, &ReportControl::recordActivated);
+    const QPoint place = list.place(2);
+    QTest::mouseClick(list.control.viewport(), Qt::LeftButton, {}, place);
+    list.records.insert(0, listRecord("new", "new"));
+    list.control.syncNow();
+    QMouseEvent second(QEvent::MouseButtonDblClick, place, list.control.viewport()->mapToGlobal(place),
+                       Qt::LeftButton, Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(list.control.viewport(), &second);
+    ASSERT_EQ(activated.count(), 1);
+    EXPECT_EQ(firstOf(activated)->item(kKey).text, "2");
+}
+
+// A click into the list would open the first row's contents before those of the one clicked.
+TEST(ReportControl, FocusAloneSelectsNothing) {
+    ReportList list;
+    list.fill(5);
+    list.show();
+    QSignalSpy told(&list.control, &ReportControl::currentRecordChanged);
+    list.control.clearFocus();
+    list.control.setFocus(Qt::TabFocusReason);
+    list.control.clearFocus();
+    QTest::mouseClick(list.control.viewport(), Qt::LeftButton, {}, list.place(3));
+    ASSERT_EQ(told.count(), 1);
+    EXPECT_EQ(firstOf(told)->item(kKey).text, "3");
+}
+
+TEST(ReportControl, AsksForTheMenuOfTheRowByMouseAndByKey) {
+    ReportList list;
+    list.fill(50);
+    list.show();
+    QSignalSpy asked(&list.control, &ReportControl::recordMenuRequested);
+    const auto ask = [&list](QContextMenuEvent::Reason reason, QObject* where, const QPoint& pos) {
+        QContextMenuEvent event(reason, pos, list.control.viewport()->mapToGlobal(pos));
+        QApplication::sendEvent(where, &event);
+    };
+    ask(QContextMenuEvent::Mouse, list.control.viewport(), list.place(2));
+    EXPECT_EQ(list.selected(), "Name 2") << "the menu acts on what is seen selected";
+    ASSERT_EQ(asked.count(), 1);
+    EXPECT_EQ(asked.at(0).at(1).toPoint(), list.control.viewport()->mapToGlobal(list.place(2)));
+    EXPECT_EQ(firstOf(asked)->item(kKey).text, "2");
+
+    list.control.verticalScrollBar()->setValue(400);
+    QTest::keyClick(&list.control, Qt::Key_F10, Qt::ShiftModifier);
+    ask(QContextMenuEvent::Keyboard, &list.control, {});
+    ASSERT_EQ(asked.count(), 2);
+    const QPoint pos = list.control.viewport()->mapFromGlobal(asked.at(1).at(1).toPoint());
+    EXPECT_TRUE(list.control.viewport()->rect().contains(pos))
+        << "the row was scrolled into sight for its menu";
+    EXPECT_EQ(firstOf(asked)->item(kKey).text, "2");
+}
+
+TEST(ReportControl, MovesByKeysAndByTypedLetters) {
+    ReportList list;
+    list.fill(100);
+    list.records.append(listRecord("z", "Zoe"));
+    list.control.syncNow();
+    list.show();
+    const auto after = [&list](Qt::Key key) {
+        QTest::keyClick(&list.control, key);
+        EXPECT_EQ(list.selected(), list.control.currentRecord()->item(kName).text);
+        EXPECT_TRUE(
+            list.control.viewport()->rect().intersects(list.control.visualRect(list.control.currentIndex())));
+        return list.current().toStdString();
+    };
+    EXPECT_EQ(after(Qt::Key_Down), "0");
+    EXPECT_EQ(after(Qt::Key_Up), "0");
+    EXPECT_EQ(after(Qt::Key_Down), "1");
+    EXPECT_EQ(after(Qt::Key_End), "z");
+    EXPECT_EQ(after(Qt::Key_Down), "z");
+    EXPECT_EQ(after(Qt::Key_Home), "0");
+    const int page = QString::fromStdString(after(Qt::Key_PageDown)).toInt();
+    EXPECT_GE(page, 5);
+    EXPECT_LT(page, 15);
+    EXPECT_EQ(after(Qt::Key_PageUp), "0");
+    EXPECT_EQ(after(Qt::Key_Z), "z") << "typed letters look in the names, not in the tag column";
+}
+
+TEST(ReportControl, CopiesTheVisibleTextsOfTheRow) {
+    ReportList list;
+    list.records.append(listRecord("secret", "Anna", "two\nlines\tand a tab"));
+    list.show();
+    list.control.selectKey(kKey, u"secret");
+    QTest::keyClick(&list.control, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "\tAnna\ttwo lines and a tab");
+}
+
+TEST(ReportControl, AHeaderClickSortsWhereItIsAllowed) {
+    ReportList list;
+    list.fill(3);
+    list.show();
+    QSignalSpy sorted(&list.control, &ReportControl::sortedByHeader);
+    const QPoint name(list.control.header()->sectionViewportPosition(1) + 20, 8);
+    QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
+    EXPECT_EQ(sorted.count(), 0);
+    list.control.setSortableByHeader(true);
+    QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
+    QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
+    EXPECT_EQ(sorted.count(), 2);
+    EXPECT_EQ(list.names(), QStringList({"Name 2", "Name 1", "Name 0"}));
+}
+
+// --- keeping up, drawing -------------------------------------------------------------------------
+
+// A list in a closed window or another tab would go on costing the engine time.
+TEST(ReportControl, AHiddenListDoesNothingUntilItIsShown) {
+    ReportList list;
+    list.show();
+    list.control.hide();
+    QSignalSpy moved(list.control.model(), &QAbstractItemModel::layoutChanged);
+    QSignalSpy counted(&list.control, &ReportControl::shownCountChanged);
+    list.records.append(listRecord("1", "one"));
+    list.control.setSortKeys({{kName}});
+    QTest::qWait(60);
+    EXPECT_EQ(moved.count(), 0);
+    EXPECT_EQ(list.control.shownCount(), 0);
+    list.control.show();
+    EXPECT_EQ(list.control.shownCount(), 1);
+    EXPECT_EQ(counted.count(), 1);
+}
+
+TEST(ReportControl, AStormCostsTheListAFewLooksOnly) {
+    ReportList list;
+    list.fill(100);
+    list.show();
+    QTest::qWait(40);
+    QSignalSpy looked(list.control.model(), &QAbstractItemModel::dataChanged);
+    for (int i = 0; i < 100'000; ++i) {
+        list.records.redraw(*list.records.at(i % 100));
+    }
+    EXPECT_EQ(looked.count(), 0);
+    ASSERT_TRUE(QTest::qWaitFor([&looked] { return looked.count() > 0; }, 1000));
+    EXPECT_EQ(looked.count(), 1);
+}
+
+TEST(ReportControl, OneChangedRowDrawsOneRow) {
+    ReportRecords records(kKey);
+    Watched control;
+    control.setColumns({{"Name", 100, kName}});
+    control.setRecords(&records);
+    for (int i = 0; i < 100; ++i) {
+        records.append(listRecord(QString::number(i), "x"));
+    }
+    control.resize(300, 400);
+    control.show();
+    QTest::qWait(60);
+    control.painted = 0;
+    records.redraw(*records.at(3));
+    QTest::qWait(60);
+    const int row = control.visualRect(control.model()->index(3, 0)).height();
+    EXPECT_EQ(control.painted, row);
+    control.painted = 0;
+    records.redraw(*records.at(90));
+    QTest::qWait(60);
+    EXPECT_EQ(control.painted, 0) << "out of sight";
+}
+
+TEST(ReportControl, OwnerGoneListEmpty) {
+    ReportList list;
+    auto records = std::make_unique<ReportRecords>(kKey);
+    records->append(listRecord("1", "one"));
+    list.control.setRecords(records.get());
+    list.show();
+    list.control.selectKey(kKey, u"1");
+    records.reset();
+    list.control.grab();
+    list.control.syncNow();
+    EXPECT_EQ(list.control.shownCount(), 0);
+    EXPECT_EQ(list.current(), "none");
+}
+
+TEST(ReportControl, APreviewTakesASecondLineOnlyWhereThereIsOne) {
+    ReportList list;
+    list.fill(60);
+    list.show();
+    const int plain = list.height(0);
+    list.records.at(1)->preview = "more to read";
+    list.records.redraw(*list.records.at(1));
+    list.control.syncNow();
+    EXPECT_EQ(list.height(1), plain);
+    list.control.setPreviewMode(true);
+    EXPECT_EQ(list.height(0), plain);
+    EXPECT_GT(list.height(1), plain + 8);
+    EXPECT_EQ(list.top(2), list.top(1) + list.height(1));
+    EXPECT_EQ(list.control.indexAt(list.place(2)).row(), 2);
+
+    // Heights follow a preview that comes and one that goes.
+    list.records.at(0)->preview = "now here";
+    list.records.redraw(*list.records.at(0));
+    list.records.at(1)->preview.clear();
+    list.records.redraw(*list.records.at(1));
+    list.control.syncNow();
+    EXPECT_GT(list.height(0), plain);
+    EXPECT_EQ(list.height(1), plain);
+
+    const int width = list.control.header()->sectionSize(1);
+    list.control.setFontSize(99);
+    EXPECT_EQ(list.control.fontSize(), 20);
+    EXPECT_GT(list.height(1), plain * 5 / 4);
+    EXPECT_GT(list.control.header()->sectionSize(1), width * 3 / 2);
+}
+
+// A dragged width would be lost with the next font size, or the last column leave a gap.
+TEST(ReportControl, DraggedWidthsScaleAndTheStretchingColumnTakesTheRest) {
+    ReportList list;
+    list.show();
+    ReportHeader& header = *list.control.header();
+    EXPECT_EQ(header.length(), list.control.viewport()->width());
+    header.resizeSection(1, 200);
+    EXPECT_EQ(list.control.columns().at(2).width, 200);
+    EXPECT_EQ(header.length(), list.control.viewport()->width());
+    list.control.setFontSize(15);
+    EXPECT_EQ(list.control.columns().at(2).width, 200);
+    EXPECT_GT(header.sectionSize(1), 250);
+    EXPECT_TRUE(list.control.horizontalScrollBar()->maximum() > 0);
+}
+
+// A patient's note with markup, a megabyte of text or stray characters comes from the network.
+TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
+    ReportList list;
+    const QString megabyte = QString(1 << 20, u'W') + u'\n';
+    const QString hostile = QString::fromUtf8("<b>x</b>\n\tשלום \u202e\u202dabc") + QChar(0) + QChar(0xd800);
+    int key = 0;
+    for (const QString& text :
+         {megabyte, hostile, QString(), QString(5000, QChar(0x0301)), QString(300, u'\n')}) {
+        auto record = listRecord(QString::number(key++), text, text);
+        record->preview = text;
+        record->item(kTag).icon = 77;
+        list.records.append(record);
+    }
+    list.records.append(std::make_shared<ReportRecord>(1)); // fewer items than columns
+    list.control.setPreviewMode(true);
+    list.control.setSortKeys({{kName}, {99, true}});
+    list.show();
+    const QImage before = list.control.grab().toImage();
+    EXPECT_EQ(list.control.shownCount(), 6);
+    QElapsedTimer time;
+    time.start();
+    for (int i = 0; i < 10; ++i) {
+        list.control.setFilterText(i % 2 == 0 ? QStringLiteral("w") : QString());
+        list.control.viewport()->repaint();
+    }
+    EXPECT_LT(time.elapsed(), 1000);
+    EXPECT_EQ(list.control.grab().toImage(), before);
+}
+
+TEST(ReportControl, TipsShowTheWholeTextAsPlainText) {
+    ReportList list;
+    list.records.append(listRecord("1", "<b>short</b>", "<i>" + QString(5000, u'n')));
+    list.records.at(0)->setTip(kTag, "<u>tag</u>");
+    list.show();
+    const auto place = [&list](int column) {
+        return list.control.visualRect(list.control.model()->index(0, column)).center();
+    };
+    EXPECT_TRUE(tipAt(list, place(0)).contains("&lt;u&gt;tag"));
+    EXPECT_EQ(tipAt(list, place(1)), QString()) << "all of it can be read already";
+    const QString whole = tipAt(list, place(2));
+    EXPECT_TRUE(whole.contains("&lt;i&gt;nnn"));
+    EXPECT_GT(whole.count(u'n'), 900);
+    EXPECT_LT(whole.count(u'n'), 1010);
+    EXPECT_EQ(tipAt(list, QPoint(100, 250)), QString());
+}
+
+TEST(ReportControl, AnEmptyListSaysWhy) {
+    ReportList list;
+    list.show();
+    const auto picture = [&list] { return list.control.grab().toImage(); };
+    const QImage blank = picture();
+    list.control.setEmptyText("Nobody here yet");
+    const QImage empty = picture();
+    EXPECT_NE(empty, blank);
+    list.control.setFilterText("zzz");
+    EXPECT_EQ(picture(), empty) << "it is not the filter that keeps it empty";
+    list.control.setNoMatchText("Nobody of that name");
+    list.fill(2);
+    EXPECT_NE(picture(), empty);
+    QPixmap logo(40, 40);
+    logo.fill(Qt::red);
+    list.control.setBackgroundPicture(logo);
+    EXPECT_EQ(picture().pixelColor(200, 300 - 140).red() > 200, true);
+    list.control.setFilterText({});
+    const QImage full = picture();
+    list.control.setBackgroundPicture({});
+    EXPECT_EQ(picture(), full) << "the picture stands behind an empty list only";
+}
+
+// Blind users would hear nothing of the list.
+TEST(ReportControl, IsATableForScreenReaders) {
+    ReportList list;
+    list.fill(3);
+    list.show();
+    list.control.setAccessibleName("Locations");
+    QAccessible::setActive(true);
+    QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&list.control);
+    ASSERT_NE(table, nullptr);
+    EXPECT_EQ(table->text(QAccessible::Name), "Locations");
+    ASSERT_NE(table->tableInterface(), nullptr);
+    EXPECT_EQ(table->role(), QAccessible::Table);
+    EXPECT_EQ(table->tableInterface()->rowCount(), 3);
+    EXPECT_EQ(table->tableInterface()->columnDescription(1), "Name");
+    QAccessibleInterface* cell = table->tableInterface()->cellAt(2, 1);
+    EXPECT_EQ(cell->text(QAccessible::Name), "Name 2");
+    EXPECT_EQ(cell->parent(), table);
+    EXPECT_EQ(table->child(table->indexOfChild(cell)), cell);
+    EXPECT_EQ(table->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
+    EXPECT_EQ(table->tableInterface()->cellAt(3, 0), nullptr);
+
+    EXPECT_TRUE(table->tableInterface()->selectRow(1));
+    EXPECT_EQ(list.current(), "1");
+    EXPECT_EQ(table->tableInterface()->selectedRows(), QList<int>{1});
+    ASSERT_NE(table->focusChild(), nullptr);
+    EXPECT_TRUE(table->focusChild()->state().selected);
+
+    // After rows went, no cell of before may answer for one that is not there.
+    list.records.remove(0);
+    list.control.syncNow();
+    EXPECT_EQ(table->tableInterface()->cellAt(2, 1), nullptr);
+    EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Name), "Name 1");
+    QAccessible::setActive(false);
+}
