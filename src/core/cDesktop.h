@@ -6,6 +6,9 @@
 
 namespace tessel {
 
+// Windows that can be asked for by name.
+enum class WindowId { Endpoints, Adapters, NetworkInfo };
+
 // Implemented by the forms and by tests that record what was asked.
 class Desktop {
 public:
@@ -21,6 +24,9 @@ public:
     // Restores the main window and brings it to the foreground.
     virtual void bringUp() = 0;
 
+    // Shows a window, or brings it to the front when it is open.
+    virtual void showWindow(WindowId window) = 0;
+
     // Stores position and size of the main window.
     virtual void saveMainPlace() = 0;
     virtual void closePopups() = 0;
@@ -31,6 +37,8 @@ public:
 
     // Switches the start of the program with the user's session on or off.
     virtual void SetAutoStart(bool on) = 0;
+    // Shows a file or a folder with whatever program the desktop has for it. False when there is none.
+    virtual bool openPath(const QString& path) = 0;
     // Starts a program without waiting for it. Nothing happens when there is none at `path`.
     virtual void startProgram(const QString& path, const QStringList& arguments) = 0;
 };

@@ -2,23 +2,17 @@
 // the data folder.
 #pragma once
 
-#include <QPoint>
-#include <QSize>
-#include <QString>
-
-#include <optional>
+#include "core/cWindowRegistry.h"
 
 namespace tessel {
 
-class Registry {
+class Registry : public WindowRegistry {
 public:
-    void SaveFormPos(const QString& form, QPoint position);
-    std::optional<QPoint> GetFormPos(const QString& form) const;
-    void SaveFormSize(const QString& form, QSize size);
-    std::optional<QSize> GetFormSize(const QString& form) const;
-
-    // Writes or deletes the entry that starts `program` with the user's session.
-    static void SetAutoStart(const QString& program, bool on);
+    void SaveFormPos(const QString& form, QPoint position) override;
+    std::optional<QPoint> GetFormPos(const QString& form) const override;
+    void SaveFormSize(const QString& form, QSize size) override;
+    std::optional<QSize> GetFormSize(const QString& form) const override;
+    void SetAutoStart(const QString& program, bool on) override;
 };
 
 } // namespace tessel

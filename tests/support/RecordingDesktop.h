@@ -21,11 +21,18 @@ public:
         }
     }
     void bringUp() override { calls += QStringLiteral("bringUp"); }
+    void showWindow(WindowId window) override {
+        calls += QStringLiteral("showWindow %1").arg(static_cast<int>(window));
+    }
     void saveMainPlace() override { calls += QStringLiteral("saveMainPlace"); }
     void closePopups() override { calls += QStringLiteral("closePopups"); }
     void unloadForms() override { calls += QStringLiteral("unloadForms"); }
     void unloadMain() override { calls += QStringLiteral("unloadMain"); }
     void SetAutoStart(bool on) override { calls += QStringLiteral("SetAutoStart %1").arg(on ? 1 : 0); }
+    bool openPath(const QString& path) override {
+        calls += QStringLiteral("openPath ") + path.section(u'/', -1);
+        return true;
+    }
     void startProgram(const QString& path, const QStringList& arguments) override {
         calls += QStringLiteral("startProgram ") + path.section(u'/', -1) + u' ' + arguments.join(u' ');
     }
