@@ -1,0 +1,36 @@
+// A search box that shows a prompt while it is not in use.
+#pragma once
+
+#include <QLineEdit>
+
+namespace tessel {
+
+// The prompt is the box's own text, and text equal to the prompt is no search.
+class PromptEdit : public QLineEdit {
+    Q_OBJECT
+public:
+    explicit PromptEdit(const QString& prompt, QWidget* parent = nullptr);
+
+    const QString& prompt() const { return m_prompt; }
+    // Puts the prompt back and so ends the search.
+    void clearSearch();
+    // What is searched for; empty for nothing.
+    QString searchText() const;
+
+signals:
+    void searchChanged(const QString& text);
+    // Enter or the arrow down: the user goes on to the list.
+    void leaveForList();
+
+protected:
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    void dimPrompt();
+
+    QString m_prompt;
+};
+
+} // namespace tessel

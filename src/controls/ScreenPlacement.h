@@ -1,0 +1,20 @@
+// Windows that come back onto a screen.
+#pragma once
+
+#include <QList>
+#include <QPoint>
+#include <QRect>
+#include <QSize>
+
+#include <optional>
+
+namespace tessel {
+
+// The place for a window of `wanted` size: on the screen that `position` lies on or is nearest to,
+// wholly inside its free area, and cut to it. Without a position: the middle of the first screen.
+QRect placedOnScreens(std::optional<QPoint> position, QSize wanted, const QList<QRect>& freeAreas);
+
+// The free areas of today's screens, the main one first.
+QList<QRect> freeScreenAreas();
+
+} // namespace tessel
