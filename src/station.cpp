@@ -2,6 +2,7 @@
 
 #include "core/mod_Definitions.h"
 #include "network/mod_NetworkGroups.h"
+#include "operations/mod_Diagnostics.h"
 
 namespace tessel {
 
@@ -60,20 +61,16 @@ void Station::attachOrders() {
     });
 }
 
-void Station::SetupFolders() {
-    folders.SetupFolders([this](const QString& dataFolder) {
-        admin.LoadAdminSettings(ini, m_facts.programFolder, dataFolder);
+void Station::SetupFolders(Folders& folders, Admin& admin, cInifile& ini) {
+    folders.SetupFolders([&](const QString& dataFolder) {
+        admin.LoadAdminSettings(ini, folders.program(), dataFolder);
         return !admin.AdminFilePresent || admin.WTS == u"A";
     });
 }
 
-void Station::setupFoldersOnly() {
-    SetupFolders();
-}
-
 void Station::start() {
     own.remoteSession = m_facts.remoteSession;
-    SetupFolders();
+    SetupFolders(folders, admin, ini);
     own.startDate = m_clock.dateText();
     own.startTime = m_clock.timeText();
     own.windowsUserName = m_facts.userName;
@@ -101,10 +98,12 @@ void Station::mainLoaded() {
     network.tmrNetStart.setEnabled(true);
 }
 
+QString Station::storedLocationName() const {
+    return data.ReadSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"), own.windowsUserName);
+}
+
 void Station::loadLocationName() {
-    own.location = Admin::restricted(admin.UserName)
-                       ? m_facts.hostName
-                       : data.ReadSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"), own.windowsUserName);
+    own.location = Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName();
 }
 
 void Station::SaveUserName(const WelcomeChoices& choices) {
@@ -132,6 +131,10 @@ void Station::SaveNetwork(int group) {
     data.WriteSetting(kNetFile, kConfigSection, kNetKey, QString::number(group));
     footer.SetFooter({}, {}, false);
     network.RestartNetwork();
+}
+
+QString Station::diagInfo() const {
+    return GetDiagInfo(own, m_facts, network, settings, admin);
 }
 
 void Station::resetSID() {

@@ -44,8 +44,8 @@ public:
 
     // Everything from the folders to the first window.
     void start();
-    // The folders alone, as the command line asks for with "/L".
-    void setupFoldersOnly();
+    // The folders alone, with the administrator's restrictions, which say which folder it is.
+    static void SetupFolders(Folders& folders, Admin& admin, cInifile& ini);
 
     // The engines' share of loading the main window, in two steps: before its lists are shown, and
     // when it is done.
@@ -59,13 +59,19 @@ public:
 
     // Takes the choices of the first run, and starts with the user's session from now on.
     void SaveUserName(const WelcomeChoices& choices);
+    // The name in user.cfg, or else the user's.
+    QString storedLocationName() const;
     // Reads the location's name anew.
     void loadLocationName();
     // Stores another network group, and restarts the network if it differs from the stored one.
     void SaveNetwork(int group);
     int networkGroupRow() const;
+    // The facts of this location, one a line.
+    QString diagInfo() const;
     // Gives the station a new SID at its next start, and resets the network.
     void resetSID();
+
+    Desktop& desktop() { return m_desktop; }
 
     OwnState own;
 
@@ -96,7 +102,6 @@ public:
     Timer tmrUpdates;
 
 private:
-    void SetupFolders();
     void wire();
     void attachOrders();
     void checkForUpdates();

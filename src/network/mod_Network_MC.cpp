@@ -113,7 +113,8 @@ bool NetworkMC::chooseInterfaces() {
     if (netNumber("adapov", 0) != 0) {
         m_config.sendInterface = netSetting("adpsend", {});
         m_config.receiveInterface = netSetting("adprecv", {});
-    } else if (!m_own.ownIPAddress.isEmpty()) {
+    } else if (!m_own.ownIPAddress.isEmpty() && m_own.ownIPAddress != m_own.host) {
+        // The host's own name says nothing about an adapter, so the system chooses.
         m_config.localHost = m_own.ownIPAddress;
         m_config.sendInterface = m_own.ownIPAddress;
         m_config.receiveInterface = m_own.ownIPAddress;
@@ -177,13 +178,17 @@ void NetworkMC::RestartNetwork() {
     if (m_link.isActive()) {
         Network_Stop();
     }
+    // The program may have been ended during the wait for the goodbye.
+    if (m_own.exiting) {
+        return;
+    }
     emit resetUserLists();
     tmrNetStart.setEnabled(true);
 }
 
 void NetworkMC::socketError(int number, const QString& description) {
     const std::int64_t now = m_clock.monotonicMs();
-    if (number != m_lastError || now - m_lastErrorAt >= kSameErrorMs) {
+    if (m_lastErrorAt < 0 || number != m_lastError || now - m_lastErrorAt >= kSameErrorMs) {
         m_log.LogEvent(QStringLiteral("MSocket"), description, QString::number(number));
         m_lastError = number;
         m_lastErrorAt = now;

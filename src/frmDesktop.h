@@ -1,0 +1,48 @@
+// The desktop of the engines, made of the real windows.
+#pragma once
+
+#include "core/cDesktop.h"
+
+#include <QList>
+#include <QPointer>
+
+namespace tessel {
+
+class Station;
+class WindowRegistry;
+class frmEndpoints;
+class frmMain;
+class frmWelcome;
+
+// Builds each window when it is first asked for, and keeps it.
+class FormDesktop : public Desktop {
+public:
+    explicit FormDesktop(WindowRegistry& registry);
+    ~FormDesktop() override;
+
+    // The station that the windows show. Must be called before any window is asked for.
+    void setStation(Station& station) { m_station = &station; }
+    // nullptr until it is first shown.
+    frmMain* mainWindow() const;
+
+    void showWelcome() override;
+    void showMain() override;
+    void bringUp() override;
+    void showWindow(WindowId window) override;
+    void saveMainPlace() override;
+    void closePopups() override {}
+    void unloadForms() override;
+    void unloadMain() override;
+    void SetAutoStart(bool on) override;
+    bool openPath(const QString& path) override;
+    void startProgram(const QString& path, const QStringList& arguments) override;
+
+private:
+    Station* m_station = nullptr;
+    WindowRegistry& m_registry;
+    QPointer<frmMain> m_main;
+    QPointer<frmWelcome> m_welcome;
+    QPointer<frmEndpoints> m_endpoints;
+};
+
+} // namespace tessel

@@ -1,0 +1,37 @@
+// The maintenance window "Active Connections": the endpoint table as it is.
+#pragma once
+
+#include "records/cReportRecords.h"
+
+#include <QMainWindow>
+
+namespace tessel {
+
+class Station;
+class PromptEdit;
+class ReportControl;
+
+class frmEndpoints : public QMainWindow {
+    Q_OBJECT
+public:
+    explicit frmEndpoints(Station& station);
+
+    ReportControl* grid() const { return m_grid; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+
+private:
+    void createMenus();
+    void createGrid();
+    void refreshCaption();
+    void showRow(const ReportRecordPtr& record);
+    void askSIDReset();
+    void openLog();
+
+    Station& m_station;
+    PromptEdit* m_filter; // txtFilter
+    ReportControl* m_grid;
+};
+
+} // namespace tessel
