@@ -3,6 +3,8 @@
 #include "core/mod_CodePage.h"
 #include "core/mod_Limits.h"
 
+#include <QSet>
+
 #include <algorithm>
 
 namespace tessel {
@@ -21,14 +23,19 @@ bool hasLineBreak(const QString& text) {
     return text.contains(u'\n') || text.contains(u'\r') || text.contains(QChar(0));
 }
 
+// A name with a character that has no code would come back as another name.
+bool hasCodes(const QString& name) {
+    return toText(toBytes(name)) == name;
+}
+
 bool usableSection(const QString& section) {
-    return !hasLineBreak(section) && !section.contains(u']');
+    return !hasLineBreak(section) && !section.contains(u']') && hasCodes(section);
 }
 
 bool usableKey(const QString& key) {
     const QString bare = key.trimmed();
     return !bare.isEmpty() && !hasLineBreak(bare) && !bare.contains(u'=') && !bare.startsWith(u'[') &&
-           !bare.startsWith(u';');
+           !bare.startsWith(u';') && hasCodes(bare);
 }
 
 // A line break inside a value would make lines of its own out of the rest.
@@ -174,12 +181,24 @@ void cIniDocument::removeKey(const QString& section, const QString& key) {
     erase(gone);
 }
 
-void cIniDocument::removeSection(const QString& section) {
+void cIniDocument::removeKeys(const QString& section) {
     const QString where = folded(section);
-    const bool exists = sections().contains(section.trimmed(), Qt::CaseInsensitive);
     std::vector<const Line*> gone;
     for (const Line& line : m_lines) {
-        if (exists && line.section == where) {
+        if (line.kind == Line::Kind::Key && line.section == where) {
+            gone.push_back(&line);
+        }
+    }
+    erase(gone);
+}
+
+void cIniDocument::removeSection(const QString& section) {
+    const QString where = folded(section);
+    bool headed = false; // what stands before the first heading belongs to no section
+    std::vector<const Line*> gone;
+    for (const Line& line : m_lines) {
+        headed = headed || line.kind == Line::Kind::Section;
+        if (headed && line.section == where) {
             gone.push_back(&line);
         }
     }
@@ -188,8 +207,10 @@ void cIniDocument::removeSection(const QString& section) {
 
 QStringList cIniDocument::sections() const {
     QStringList names;
+    QSet<QString> seen;
     for (const Line& line : m_lines) {
-        if (line.kind == Line::Kind::Section && !names.contains(line.name, Qt::CaseInsensitive)) {
+        if (line.kind == Line::Kind::Section && !seen.contains(line.section)) {
+            seen.insert(line.section);
             names += line.name;
         }
     }

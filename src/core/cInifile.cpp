@@ -4,58 +4,30 @@
 #include "core/mod_FileTools.h"
 #include "core/mod_Limits.h"
 
-#include <QDateTime>
 #include <QFileInfo>
 
 namespace tessel {
 
-namespace {
-// What tells a file that somebody else has changed from the one read last.
-struct Stamp {
-    qint64 modified = -1;
-    qint64 size = -1;
-};
-
-Stamp stampOf(const QString& path) {
-    const QFileInfo info(path);
-    if (!info.exists()) {
-        return {};
-    }
-    return {info.lastModified().toMSecsSinceEpoch(), info.size()};
-}
-} // namespace
-
 cInifile::Cached& cInifile::load() {
+    // The bytes are read each time and only the parsing is spared: time stamps are too coarse to tell
+    // apart two writes of the same length, and stations of one account may share a file.
     Cached& cached = m_files[Path];
-    const Stamp stamp = stampOf(Path);
-    const bool first = cached.modified == -1 && cached.size == -1;
-    if (!first && stamp.modified == cached.modified && stamp.size == cached.size) {
-        return cached;
-    }
-    cached = {};
-    cached.modified = stamp.modified;
-    cached.size = stamp.size;
     QByteArray bytes;
-    if (readWholeFile(Path, static_cast<qint64>(kMaxIniBytes), bytes)) {
+    const bool readable = readWholeFile(Path, static_cast<qint64>(kMaxIniBytes), bytes);
+    cached.exists = readable || QFileInfo::exists(Path);
+    cached.writable = readable || !cached.exists;
+    if (cached.document.bytes() != bytes) {
         cached.document = cIniDocument(bytes);
-        cached.writable = true;
-    } else {
-        cached.writable = stamp.size < 0;
     }
     return cached;
 }
 
-bool cInifile::store(Cached& cached) {
-    const bool stored = cached.writable && static_cast<std::size_t>(cached.document.bytes().size()) <= kMaxIniBytes &&
-                        replaceFile(Path, cached.document.bytes());
-    if (!stored) {
-        m_files.erase(Path);
-        return false;
+bool cInifile::store(Cached& cached, const QByteArray& before) {
+    const QByteArray& now = cached.document.bytes();
+    if (now == before && (cached.exists || now.isEmpty())) {
+        return cached.writable;
     }
-    const Stamp stamp = stampOf(Path);
-    cached.modified = stamp.modified;
-    cached.size = stamp.size;
-    return true;
+    return cached.writable && static_cast<std::size_t>(now.size()) <= kMaxIniBytes && replaceFile(Path, now);
 }
 
 bool cInifile::finish(bool success, qsizetype code) {
@@ -81,24 +53,23 @@ bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
     for (const auto& [key, value] : values) {
         usable = cached.document.setValue(Section, key, value) && usable;
     }
-    const bool stored = (cached.size >= 0 && cached.writable && cached.document.bytes() == before) || store(cached);
-    return finish(usable && stored, usable && stored ? 1 : 0);
+    const bool stored = store(cached, before) && usable;
+    return finish(stored, stored ? 1 : 0);
 }
 
 bool cInifile::DeleteKey() {
     Cached& cached = load();
-    if (!cached.document.value(Section, Key).has_value()) {
-        return finish(true, 1);
-    }
+    const QByteArray before = cached.document.bytes();
     cached.document.removeKey(Section, Key);
-    const bool stored = store(cached);
+    const bool stored = store(cached, before);
     return finish(stored, stored ? 1 : 0);
 }
 
 bool cInifile::DeleteSection() {
     Cached& cached = load();
+    const QByteArray before = cached.document.bytes();
     cached.document.removeSection(Section);
-    const bool stored = store(cached);
+    const bool stored = store(cached, before);
     return finish(stored, stored ? 1 : 0);
 }
 
@@ -114,10 +85,14 @@ QString cInifile::INISection() {
 bool cInifile::setINISection(const QString& block) {
     const cIniDocument given(toBytes(block));
     Cached& cached = load();
-    for (const auto& [key, value] : cached.document.entries(Section)) {
-        cached.document.removeKey(Section, key);
+    const QByteArray before = cached.document.bytes();
+    cached.document.removeKeys(Section);
+    bool usable = true;
+    for (const auto& [key, value] : given.entries({})) {
+        usable = cached.document.setValue(Section, key, value) && usable;
     }
-    return setValues(given.entries({}));
+    const bool stored = store(cached, before) && usable;
+    return finish(stored, stored ? 1 : 0);
 }
 
 QStringList cInifile::Sections() {

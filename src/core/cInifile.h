@@ -49,13 +49,13 @@ public:
 private:
     struct Cached {
         cIniDocument document;
-        qint64 modified = -1; // ms since 1970, -1: there was no file
-        qint64 size = -1;
+        bool exists = false;
         bool writable = false; // false: there is a file that could not be read
     };
 
     Cached& load();
-    bool store(Cached& cached);
+    // Writes what differs from `before`, the bytes that were loaded.
+    bool store(Cached& cached, const QByteArray& before);
     bool finish(bool success, qsizetype code);
 
     std::map<QString, Cached> m_files;
