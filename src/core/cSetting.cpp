@@ -3,6 +3,7 @@
 #include "core/mod_Definitions.h"
 #include "core/mod_INIData.h"
 
+#include <cmath>
 #include <type_traits>
 
 namespace tessel {
@@ -43,7 +44,10 @@ QString latin(std::string_view text) {
 
 bool toBoolean(const QString& text) {
     const QString bare = text.trimmed();
-    return bare.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 || bare.toDouble() != 0.0;
+    const double number = bare.toDouble();
+    // "nan" and "inf" read as numbers, too, and mean nothing in a file.
+    return bare.compare(QLatin1String("true"), Qt::CaseInsensitive) == 0 ||
+           (std::isfinite(number) && number != 0.0);
 }
 
 std::int32_t toNumber(const QString& text) {

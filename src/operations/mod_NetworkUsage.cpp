@@ -7,6 +7,8 @@
 #include "core/mod_Settings.h"
 #include "network/mod_Network_Protocol.h"
 
+#include <cmath>
+
 namespace tessel {
 
 namespace {
@@ -16,10 +18,16 @@ const QString kSince = QStringLiteral("NETLR");
 QString total(double characters) {
     return QString::number(characters, 'f', 0);
 }
+
+// What cannot be a total, say "nan", would stay in the meter for ever.
+double readTotal(const QString& text) {
+    const double characters = text.toDouble();
+    return std::isfinite(characters) && characters > 0 ? characters : 0;
+}
 } // namespace
 
 void NetworkUsage::load() {
-    m_protocol.setMeters(m_settings.Metrics_NETS().toDouble(), m_settings.Metrics_NETR().toDouble());
+    m_protocol.setMeters(readTotal(m_settings.Metrics_NETS()), readTotal(m_settings.Metrics_NETR()));
 }
 
 void NetworkUsage::SaveNetworkUsage(bool reset) {
