@@ -4,13 +4,22 @@
 #include "core/cOwnState.h"
 #include "core/mod_Definitions.h"
 #include "core/mod_INIData.h"
+#include "core/mod_Limits.h"
 #include "network/mod_Network_Protocol.h"
 
 namespace tessel {
 
 namespace {
+
 constexpr int kShortestStatus = 2;
+
+// What another location asks for travels in every packet from then on: a text of thousands of
+// characters would make them too long to send. Nobody shows more of it than this anyway.
+QString asked(const cPacket& packet, int value) {
+    return packet.bodyValue(value).left(kMaxRowText);
 }
+
+} // namespace
 
 OwnPresence::OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol)
     : m_own(own), m_data(data), m_clock(clock), m_protocol(protocol) {
@@ -23,10 +32,10 @@ void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
     protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
     protocol.attach(Code::XALS, [this](const cPacket&) { SetOccupiedStatusRemote(false, {}); });
     protocol.attach(Code::XALSN,
-                    [this](const cPacket& packet) { SetOccupiedStatusRemote(true, packet.bodyValue(1)); });
+                    [this](const cPacket& packet) { SetOccupiedStatusRemote(true, asked(packet, 1)); });
     protocol.attach(Code::XASTR,
                     [this](const cPacket& packet) { Set_StaffTag(packet.bodyValue(1).trimmed().toShort()); });
-    protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(packet.bodyValue(1)); });
+    protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(asked(packet, 1)); });
 }
 
 void OwnPresence::SetCustomStatus(const QString& text) {
@@ -51,7 +60,7 @@ void OwnPresence::setStatusFrom(const cPacket& packet) {
     // An index names an entry of the office's shared list; a location without that list has no such
     // entry, and the request passes it by.
     if (packet.bodyValue(2).isEmpty()) {
-        SetCustomStatus(packet.bodyValue(1));
+        SetCustomStatus(asked(packet, 1));
     }
 }
 
