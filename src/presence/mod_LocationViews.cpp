@@ -48,8 +48,8 @@ void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
     setStatus(*record, kBlank, kBlank);
     if (presence.status.size() >= 2) {
         setStatus(*record,
-                  ElapsedText(presence.statusTime, presence.status, ElapsedForm::WithText, m_clock.secondOfDay(),
-                              m_settings.Settings_STIMER()),
+                  ElapsedText(presence.statusTime, presence.status, ElapsedForm::WithText,
+                              m_clock.secondOfDay(), m_settings.Settings_STIMER()),
                   presence.statusTime);
     }
     ReportItem& name = item(*record, LocationItem::Active);
@@ -101,6 +101,7 @@ void LocationViews::Active_RemoveEndpoint(const QStringList& SIDs) {
 
 void LocationViews::clear() {
     rptEndpoints.clear();
+    ClearLocationsTabsCount();
 }
 
 void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
@@ -188,8 +189,9 @@ void LocationViews::CountLocationsTabs() {
 }
 
 int LocationViews::tagCount(int tag) const {
-    return tag >= 1 && tag <= static_cast<int>(m_tagCounts.size()) ? m_tagCounts[static_cast<std::size_t>(tag - 1)]
-                                                                   : 0;
+    return tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())
+               ? m_tagCounts[static_cast<std::size_t>(tag - 1)]
+               : 0;
 }
 
 } // namespace tessel
