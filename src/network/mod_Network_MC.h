@@ -17,7 +17,8 @@ struct OwnState;
 class NetworkMC : public QObject {
     Q_OBJECT
 public:
-    NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock, Link& link, NetworkProtocol& protocol);
+    NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock, Link& link,
+              NetworkProtocol& protocol);
 
     // Reads what is read once at the start: transport, keep-alive minutes and interval, group.
     void LoadNetworkProtocol();
@@ -81,7 +82,7 @@ private:
     int m_ka = 0;
     bool m_stopping = false;
     int m_lastError = 0;
-    std::int64_t m_lastErrorAt = 0;
+    std::int64_t m_lastErrorAt = -1; // before the first error
 };
 
 } // namespace tessel
