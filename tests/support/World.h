@@ -65,11 +65,11 @@ struct RawPacket {
     QString SID = QStringLiteral("999XX999XXX9");
     QString host = QStringLiteral("outside");
     QString location = QStringLiteral("Outside");
-    QString code;
+    QString code{};
     QString presence = QStringLiteral(".\u20AC..\u20AC.0.\u20AC..\u20AC.0.\u20AC..\u20AC..\u20AC.0.\u20AC.");
-    QString note;
+    QString note{};
     QString tagWord = QStringLiteral("41:");
-    QString body;
+    QString body{};
 
     QByteArray bytes() const;
 };

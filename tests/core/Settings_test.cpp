@@ -1,0 +1,109 @@
+// Settings as a user finds them on a fresh account, and as others have written them.
+#include "support/LoneStation.h"
+
+#include <gtest/gtest.h>
+
+#include <utility>
+
+using namespace tessel;
+
+namespace {
+class SettingsFile : public LoneStation {
+protected:
+    Settings& load(bool encodingRestricted = false) {
+        me->folders.SetupFolders([](const QString&) { return false; });
+        me->settings.LoadSettings(encodingRestricted);
+        return me->settings;
+    }
+};
+} // namespace
+
+TEST_F(SettingsFile, FreshAccount) {
+    Settings& settings = load();
+    const std::pair<bool, bool> booleans[] = {
+        {settings.Settings_SHOWUSER(), true},    {settings.Settings_SNP(), true},
+        {settings.Settings_SNT(), true},         {settings.Settings_SNF(), false},
+        {settings.Settings_MPP(), false},        {settings.Settings_MNP(), true},
+        {settings.Settings_EOC(), false},        {settings.Settings_DBB(), false},
+        {settings.Settings_OSPV(), true},        {settings.Settings_PV(), false},
+        {settings.Settings_TestMode(), false},   {settings.Sound_SC(), true},
+        {settings.Advanced_FRAME(), true},       {settings.Recents_LU(), true},
+        {settings.Recents_LUC(), false},         {settings.Recents_STF(), false},
+        {settings.QuickMenu_AlertUrgent(), true}};
+    for (std::size_t i = 0; i < std::size(booleans); ++i) {
+        EXPECT_EQ(booleans[i].first, booleans[i].second) << i;
+    }
+    const std::pair<int, int> numbers[] = {
+        {settings.NAV_1(), 350},          {settings.MSGNAV_1(), 103},         {settings.Settings_SNPT(), 45},
+        {settings.Settings_SNPTP(), 255}, {settings.Settings_STIMER(), 1},    {settings.Settings_ABPT(), 5},
+        {settings.Settings_ANPTM(), 1},   {settings.Settings_DBBL(), 75},     {settings.Fonts_EVFS(), 10},
+        {settings.Messages_SAVE_CNT(), 500}, {settings.Recents_SAVE_CNT(), 1200}};
+    for (std::size_t i = 0; i < std::size(numbers); ++i) {
+        EXPECT_EQ(numbers[i].first, numbers[i].second) << i;
+    }
+    EXPECT_EQ(settings.Fonts_EVF(), "Tahoma");
+    EXPECT_EQ(settings.QuickMenu_AlertGroupCommand(), "g:");
+    EXPECT_EQ(settings.Sound_BT(), "850");
+    EXPECT_EQ(settings.Color_LSTB(), argb(255, 247, 229));
+    EXPECT_EQ(settings.Messages_MSG_B(), argb(0x76, 0x76, 0x76));
+    EXPECT_EQ(settings.Recents_DB_B(), argb(0, 128, 0));
+    EXPECT_EQ(settings.Advanced_FilterColor(), argb(255, 255, 0xC0));
+    EXPECT_EQ(settings.Advanced_FilterColorIdle(), argb(0xE0, 0xE0, 0xE0));
+}
+
+TEST_F(SettingsFile, WhatStandsInTheFile) {
+    user("settings", "snp", "0");
+    user("Settings", "SHOWUSER", QString());
+    user("Settings", "EOC", "-1");
+    user("Settings", "SNPT", "soon");
+    user("Settings", "SNPTP", "99999999999");
+    user("Settings", "MNT", "loud");
+    user("Settings", "DNP", "nan");
+    user("user", "tag", "7");
+    user("Advanced", "filtercolor", "#102030");
+    user("Color", "LSTB", "no such colour");
+    Settings& settings = load();
+    EXPECT_FALSE(settings.Settings_SNP());
+    EXPECT_TRUE(settings.Settings_SHOWUSER()) << "an empty value counts as absent";
+    EXPECT_TRUE(settings.Settings_EOC());
+    EXPECT_EQ(settings.Settings_SNPT(), 0);
+    EXPECT_EQ(settings.Settings_SNPTP(), 0);
+    EXPECT_FALSE(settings.Settings_MNT());
+    EXPECT_FALSE(settings.Settings_DNP());
+    EXPECT_EQ(settings.User_TAG(), 7);
+    EXPECT_EQ(settings.Advanced_FilterColor(), argb(0x10, 0x20, 0x30));
+    EXPECT_EQ(settings.Advanced_FilterColorIdle(), argb(0x10, 0x20, 0x30));
+    EXPECT_EQ(settings.Color_LSTB(), argb(255, 247, 229));
+
+    EXPECT_TRUE(settings.Color_LSTB.set(argb(1, 2, 3)));
+    EXPECT_TRUE(settings.Settings_SNPT.set(60));
+    EXPECT_TRUE(settings.Settings_EOC.set(false));
+    EXPECT_EQ(me.get(kUserFile, "Color", "LSTB"), "#010203");
+    EXPECT_EQ(me.get(kUserFile, "Settings", "SNPT"), "60");
+    EXPECT_EQ(me.get(kUserFile, "Settings", "EOC"), "0");
+}
+
+TEST(SettingValues, Colours) {
+    const std::pair<const char*, Argb> forms[] = {
+        {"&H0000FF", argb(255, 0, 0)},   {"&hff0000", argb(0, 0, 255)}, {"&HC0FFFF&", argb(255, 255, 0xC0)},
+        {"#FF0000", argb(255, 0, 0)},    {"255", argb(255, 0, 0)},      {"16711680", argb(0, 0, 255)},
+        {" blue ", argb(0, 0, 255)},     {"GREEN", argb(0, 128, 0)},    {"0", argb(0, 0, 0)},
+        {"", kNoColor},                  {"#12345", kNoColor},          {"#12345g", kNoColor},
+        {"&H", kNoColor},                {"-5", kNoColor},              {"reddish", kNoColor}};
+    for (const auto& [text, color] : forms) {
+        EXPECT_EQ(toColor(QLatin1String(text)), color) << text;
+    }
+}
+
+TEST_F(SettingsFile, ScramblingCanBeForbiddenButNotForced) {
+    EXPECT_FALSE(load().ENCODE());
+    user("Advanced", "ENCODE", "1");
+    EXPECT_TRUE(load().ENCODE());
+    EXPECT_FALSE(load(true).ENCODE());
+
+    // The whole way: the administrator's file, the start, the flag. Without the file nothing holds.
+    admin("ENC", "r");
+    world.start(0);
+    EXPECT_FALSE(me->settings.ENCODE());
+    EXPECT_EQ(me.get(kUserFile, "Advanced", "ENCODE"), "1");
+}
