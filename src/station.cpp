@@ -18,9 +18,9 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
     : m_facts(facts), m_clock(clock), m_link(link), m_desktop(desktop), folders(m_facts), data(ini, folders),
       log(clock, folders, own), settings(data), identity(own, data, log, clock, seed),
       protocol(own, settings, link), network(own, data, log, clock, link, protocol),
-      usage(data, settings, clock, log, protocol), endpoints(own, settings, admin, log, clock, protocol, network),
-      views(own, settings, clock), presence(own, data, clock, protocol),
-      messages(own, settings, log, clock, protocol), footer(own, clock),
+      usage(data, settings, clock, log, protocol),
+      endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock),
+      presence(own, data, clock, protocol), messages(own, settings, log, clock, protocol), footer(own, clock),
       tmrExit(clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
       tmrUpdates(clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
     wire();
@@ -29,6 +29,8 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
 
 // Who hears of what, and in which order: a connection made earlier is served earlier.
 void Station::wire() {
+    protocol.addTable(endpoints.records());
+    protocol.addTable(views.rptEndpoints);
     connect(&m_link, &Link::dataIn, this, [this](QByteArrayView datagram) { protocol.receive(datagram); });
 
     connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
@@ -198,9 +200,9 @@ void Station::ExitProc() {
     usage.SaveNetworkUsage(false);
     m_desktop.closePopups();
     disableTimers();
-    data.WriteSettings(kUserFile, kProgramSection,
-                       {{QStringLiteral("SHTDWN"), m_clock.timeText()},
-                        {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
+    data.WriteSettings(
+        kUserFile, kProgramSection,
+        {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
     m_desktop.unloadForms();
     m_desktop.unloadMain();
 }

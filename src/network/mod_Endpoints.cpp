@@ -90,7 +90,8 @@ void Endpoints::keepAliveFrom(const cPacket& packet) {
     refresh(*record);
     const QByteArrayView status = packet.presenceValue(PresenceValue::Status);
     if (status.size() >= 2) {
-        emit statusTimeRefreshed({item(*record, EndpointItem::SID).text,
+        // Not the row's own text: its characters are elsewhere in memory, and of thousands of rows cold.
+        emit statusTimeRefreshed({packet.text(Field::SID),
                                   toText(status.first(std::min<qsizetype>(status.size(), kMaxRowText))),
                                   toText(packet.presenceValue(PresenceValue::StatusTime))});
     }

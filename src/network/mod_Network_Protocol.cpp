@@ -5,6 +5,7 @@
 #include "core/mod_Settings.h"
 #include "network/cLink.h"
 #include "network/mod_Encode.h"
+#include "records/cReportRecords.h"
 
 #include <numeric>
 
@@ -56,8 +57,8 @@ void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView
     const QByteArray mark(kFieldMark.data(), static_cast<qsizetype>(kFieldMark.size()));
     QByteArray packet;
     for (const QStringView field :
-         {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location), code,
-          QStringView(ownPresence()), QStringView(m_own.note), QStringView(tagWord)}) {
+         {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location),
+          code, QStringView(ownPresence()), QStringView(m_own.note), QStringView(tagWord)}) {
         packet += toBytes(field) + mark;
     }
     const QByteArray bytes = toBytes(body);
@@ -85,8 +86,24 @@ void NetworkProtocol::receive(QByteArrayView datagram) {
     if (m_own.exiting) {
         return;
     }
+    expectSender(datagram);
     splitDatagram(datagram, [this](QByteArrayView piece) { DispatchPacket(piece); });
     AddBytesReceived(datagram);
+}
+
+void NetworkProtocol::expectSender(QByteArrayView packet) const {
+    // Where the SID of a well-made packet stands. Of any other packet nothing is expected, or somebody
+    // else: that costs time and nothing more.
+    constexpr qsizetype kSIDSize = 12;
+    const auto at = static_cast<qsizetype>(kMarker.size() + kFieldMark.size());
+    if (packet.size() < at + kSIDSize) {
+        return;
+    }
+    char16_t SID[kSIDSize];
+    toText(packet.sliced(at, kSIDSize), SID);
+    for (const ReportRecords* const table : m_tables) {
+        table->expect(QStringView(SID, kSIDSize));
+    }
 }
 
 void NetworkProtocol::DispatchPacket(QByteArrayView text) {
@@ -121,7 +138,8 @@ bool NetworkProtocol::passes(Filter filter, const cPacket& packet) const {
         return equalsOwnTag(valueAt(packet.body(), 0));
     case Filter::ListHeadIsTag: {
         const qsizetype end = packet.body().indexOf(QByteArrayView(kListMark.data(), 3));
-        return equalsOwnTag(end < 0 ? QByteArrayView(packet.body()) : QByteArrayView(packet.body()).first(end));
+        return equalsOwnTag(end < 0 ? QByteArrayView(packet.body())
+                                    : QByteArrayView(packet.body()).first(end));
     }
     case Filter::NotOwn:
     case Filter::OwnToo:

@@ -10,10 +10,12 @@
 #include <array>
 #include <cstdint>
 #include <functional>
+#include <vector>
 
 namespace tessel {
 
 class Link;
+class ReportRecords;
 class Settings;
 struct OwnState;
 
@@ -34,6 +36,10 @@ public:
 
     // Lets `handler` act on packets of this code that pass the code's filter. The last one set holds.
     void attach(Code code, Handler handler);
+
+    // Names a table in which packets look for the row of their sender. It hears of each sender before
+    // the packet is taken apart.
+    void addTable(const ReportRecords& table) { m_tables.push_back(&table); }
 
     // A datagram arrived: splits it and dispatches each packet, in order.
     void receive(QByteArrayView datagram);
@@ -58,6 +64,7 @@ public:
     bool isOwn(const cPacket& packet) const { return isOwnSID(packet.bytes(Field::SID)); }
 
 private:
+    void expectSender(QByteArrayView packet) const;
     bool passes(Filter filter, const cPacket& packet) const;
     bool isTarget(QByteArrayView bytes) const;
     bool isOwnSID(QByteArrayView bytes) const;
@@ -66,6 +73,7 @@ private:
     OwnState& m_own;
     const Settings& m_settings;
     Link& m_link;
+    std::vector<const ReportRecords*> m_tables;
     int m_protocol = 0;
     std::array<Handler, kCodeCount> m_handlers;
     std::array<std::uint64_t, kCodeCount> m_received{};

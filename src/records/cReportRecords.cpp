@@ -27,11 +27,16 @@ void ReportRecord::setTip(int index, const QString& tip) {
     }
 }
 
+void RecordKey::set(const QString& key) {
+    m_long = key.size() > kInside ? key : QString();
+    m_size = static_cast<std::int32_t>(std::min(key.size(), kInside));
+    std::copy_n(reinterpret_cast<const char16_t*>(key.constData()), m_size, m_characters.begin());
+}
+
 ReportRecords::ReportRecords(int keyItem, QObject* parent) : QObject(parent), m_keyItem(keyItem) {}
 
 ReportRecord* ReportRecords::find(QStringView key) const {
-    const auto found = m_byKey.find(key);
-    return found == m_byKey.end() ? nullptr : found->second;
+    return m_byKey.find(key);
 }
 
 void ReportRecords::append(ReportRecordPtr record) {
@@ -106,11 +111,13 @@ void ReportRecords::index(const ReportRecordPtr& record, int row) {
     if (m_keyItem < 0) {
         return;
     }
-    const auto [entry, isNew] = m_byKey.try_emplace(record->item(m_keyItem).text, record.get());
-    if (!isNew) {
+    const QString& key = record->item(m_keyItem).text;
+    record->m_key.set(key);
+    const ReportRecord* const first = m_byKey.insert(key, record.get());
+    if (first != record.get()) {
         ++m_doubles;
-        if (row <= entry->second->m_row) {
-            entry->second = record.get();
+        if (row <= first->m_row) {
+            m_byKey.replace(key, record.get());
         }
     }
 }
@@ -120,19 +127,18 @@ void ReportRecords::unindex(const ReportRecord& record) {
         return;
     }
     const QString& key = record.item(m_keyItem).text;
-    const auto entry = m_byKey.find(QStringView(key));
-    if (entry == m_byKey.end() || entry->second != &record) {
+    if (m_byKey.find(key) != &record) {
         m_doubles = std::max(0, m_doubles - 1);
         return;
     }
-    m_byKey.erase(entry);
+    m_byKey.erase(key);
     if (m_doubles > 0) {
         // Only a list that has doubles at all pays for the search of the next in line.
         const auto next = std::find_if(m_rows.begin(), m_rows.end(), [this, &key](const auto& other) {
             return other->item(m_keyItem).text == key;
         });
         if (next != m_rows.end()) {
-            m_byKey.emplace(key, next->get());
+            m_byKey.insert(key, next->get());
             --m_doubles;
         }
     }

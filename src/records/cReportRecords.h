@@ -1,15 +1,17 @@
 // The rows behind a report list: plain data that engines fill and controls draw.
 #pragma once
 
+#include "records/cKeyIndex.h"
+
 #include <QObject>
 #include <QString>
 #include <QStringView>
 
+#include <algorithm>
+#include <array>
 #include <cstdint>
 #include <functional>
 #include <memory>
-#include <string_view>
-#include <unordered_map>
 #include <utility>
 #include <vector>
 
@@ -33,15 +35,35 @@ struct ReportItem {
     Argb backColor = kNoColor;
 };
 
+// The key of a record, with its characters inside if they are few.
+class RecordKey {
+public:
+    void set(const QString& key);
+    bool equals(QStringView key) const {
+        return key == (m_long.isNull() ? QStringView(m_characters.data(), m_size) : QStringView(m_long));
+    }
+
+private:
+    static constexpr qsizetype kInside = 12; // a SID
+    std::array<char16_t, kInside> m_characters{};
+    std::int32_t m_size = 0;
+    QString m_long; // null when the key is inside
+};
+
 // One row of a list. Change it freely, then tell `ReportRecords::redraw`; the key item alone must
 // stay as it was when the record was added.
 class ReportRecord {
 public:
-    explicit ReportRecord(int itemCount) : m_items(static_cast<std::size_t>(itemCount)) {}
+    explicit ReportRecord(int itemCount)
+        : m_itemCount(itemCount),
+          m_moreItems(static_cast<std::size_t>(std::max(0, itemCount - kItemsInside))) {}
 
-    int itemCount() const { return static_cast<int>(m_items.size()); }
-    ReportItem& item(int index) { return m_items[static_cast<std::size_t>(index)]; }
-    const ReportItem& item(int index) const { return m_items[static_cast<std::size_t>(index)]; }
+    int itemCount() const { return m_itemCount; }
+    ReportItem& item(int index) { return const_cast<ReportItem&>(std::as_const(*this).item(index)); }
+    const ReportItem& item(int index) const {
+        return index < kItemsInside ? m_items[static_cast<std::size_t>(index)]
+                                    : m_moreItems[static_cast<std::size_t>(index - kItemsInside)];
+    }
 
     // Tool tip of one item; empty for none. Few items have one, so they are kept aside.
     QString tip(int index) const;
@@ -57,10 +79,19 @@ public:
 
 private:
     friend class ReportRecords;
-    std::vector<ReportItem> m_items;
-    std::vector<std::pair<int, QString>> m_tips;
-    int m_row = -1;
+    friend class KeyIndex;
+
+    // What each packet touches stands side by side, and not behind another pointer: in a long list
+    // every step to a new place waits for memory. As many items as the longest list of locations has.
+    static constexpr int kItemsInside = 10;
+
+    RecordKey m_key; // while it is in a list with a key
     std::uint64_t m_revision = 0;
+    int m_row = -1;
+    int m_itemCount;
+    std::array<ReportItem, kItemsInside> m_items;
+    std::vector<ReportItem> m_moreItems;
+    std::vector<std::pair<int, QString>> m_tips;
 };
 
 using ReportRecordPtr = std::shared_ptr<ReportRecord>;
@@ -82,6 +113,9 @@ public:
 
     // The first row with this key, nullptr when there is none. Exact comparison.
     ReportRecord* find(QStringView key) const;
+    // Says that `find` will be asked for this key in a moment: the row of a long list is not in the
+    // processor's cache, and can be on its way there meanwhile.
+    void expect(QStringView key) const { m_byKey.expect(key); }
 
     // Adds at the end or before `row` (0 to count). The items must be filled already.
     void append(ReportRecordPtr record);
@@ -108,15 +142,6 @@ signals:
     void changed();
 
 private:
-    struct KeyHash {
-        using is_transparent = void;
-        std::size_t operator()(QStringView key) const noexcept { return qHash(key, 0); }
-    };
-    struct KeyEqual {
-        using is_transparent = void;
-        bool operator()(QStringView a, QStringView b) const noexcept { return a == b; }
-    };
-
     void structureChanged(int firstRow);
     void index(const ReportRecordPtr& record, int row);
     void unindex(const ReportRecord& record);
@@ -124,7 +149,7 @@ private:
 
     int m_keyItem;
     std::vector<ReportRecordPtr> m_rows;
-    std::unordered_map<QString, ReportRecord*, KeyHash, KeyEqual> m_byKey;
+    KeyIndex m_byKey;
     int m_doubles = 0; // rows whose key an earlier row has already
     std::uint64_t m_revision = 1;
     std::uint64_t m_structureRevision = 1;
