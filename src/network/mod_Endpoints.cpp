@@ -3,13 +3,13 @@
 #include "core/cClock.h"
 #include "core/cErrorLog.h"
 #include "core/cOwnState.h"
+#include "core/cRestrictions.h"
 #include "core/mod_CodePage.h"
 #include "core/mod_ElapsedText.h"
 #include "core/mod_Limits.h"
 #include "core/mod_Settings.h"
 #include "network/mod_Network_MC.h"
 #include "network/mod_Network_Protocol.h"
-#include "operations/mod_Admin.h"
 
 #include <QSet>
 
@@ -33,10 +33,10 @@ QString presenceText(const cPacket& packet) {
 
 } // namespace
 
-Endpoints::Endpoints(OwnState& own, const Settings& settings, const Admin& admin, cErrorLog& log,
-                     const Clock& clock, NetworkProtocol& protocol, NetworkMC& network)
-    : m_own(own), m_settings(settings), m_admin(admin), m_log(log), m_clock(clock), m_protocol(protocol),
-      m_network(network) {
+Endpoints::Endpoints(OwnState& own, const Settings& settings, const Restrictions& restrictions,
+                     cErrorLog& log, const Clock& clock, NetworkProtocol& protocol, NetworkMC& network)
+    : m_own(own), m_settings(settings), m_restrictions(restrictions), m_log(log), m_clock(clock),
+      m_protocol(protocol), m_network(network) {
     attachHandlers(protocol);
 }
 
@@ -111,7 +111,8 @@ bool Endpoints::roomForOneMore() {
     }
     if (!m_fullLogged) {
         m_fullLogged = true;
-        m_log.LogEvent(QStringLiteral("Endpoints"), QStringLiteral("Table is full, new locations are ignored"),
+        m_log.LogEvent(QStringLiteral("Endpoints"),
+                       QStringLiteral("Table is full, new locations are ignored"),
                        QString::number(kMaxEndpoints));
     }
     return false;
@@ -227,7 +228,7 @@ bool Endpoints::age(ReportRecord& record) {
         cell.backColor = kRed;
     } else if (minutes >= EPKM || minutes <= -1) {
         cell.backColor = kRed;
-        return !m_admin.KA;
+        return !m_restrictions.KA;
     }
     return false;
 }

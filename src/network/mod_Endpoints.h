@@ -11,18 +11,31 @@
 
 namespace tessel {
 
-class Admin;
 class cErrorLog;
 class Clock;
 class NetworkMC;
 class NetworkProtocol;
 class Settings;
 struct OwnState;
+struct Restrictions;
 
 // Columns of the table. Those from `KA` on have no width and serve as storage.
 enum class EndpointItem {
-    Active, Host, Version, Flags, SID, LastRefresh, KA, Status, StatusTime, Tag, Note, Marker, Presence,
-    StaffTagTime, StaffTag
+    Active,
+    Host,
+    Version,
+    Flags,
+    SID,
+    LastRefresh,
+    KA,
+    Status,
+    StatusTime,
+    Tag,
+    Note,
+    Marker,
+    Presence,
+    StaffTagTime,
+    StaffTag
 };
 inline constexpr int kEndpointItems = 15;
 inline constexpr int kVisibleEndpointItems = 6;
@@ -30,13 +43,13 @@ inline constexpr int kVisibleEndpointItems = 6;
 class Endpoints : public QObject {
     Q_OBJECT
 public:
-    Endpoints(OwnState& own, const Settings& settings, const Admin& admin, cErrorLog& log, const Clock& clock,
-              NetworkProtocol& protocol, NetworkMC& network);
+    Endpoints(OwnState& own, const Settings& settings, const Restrictions& restrictions, cErrorLog& log,
+              const Clock& clock, NetworkProtocol& protocol, NetworkMC& network);
 
     // Adds a row unless the SID has one, and tells the views when `show` is true.
-    void Add_Endpoint(const QString& Location, const QString& Host, const QString& Version, const QString& Flags,
-                      const QString& SID, const QString& Presence, const QString& Note, bool Show,
-                      const QString& Marker);
+    void Add_Endpoint(const QString& Location, const QString& Host, const QString& Version,
+                      const QString& Flags, const QString& SID, const QString& Presence, const QString& Note,
+                      bool Show, const QString& Marker);
     // Refreshes the row, or adds it with the note "6". Nothing happens while offline.
     void Refresh_Endpoint(const QString& Location, const QString& Host, const QString& Version,
                           const QString& Flags, const QString& SID, const QString& Presence,
@@ -52,7 +65,8 @@ public:
     // One ageing pass: colours the rows by their age and removes those that are gone.
     void Process_KeepAlive_Times();
 
-    void ProcessUpdate(const QString& Location, const QString& SID, const QString& Presence, const QString& Note);
+    void ProcessUpdate(const QString& Location, const QString& SID, const QString& Presence,
+                       const QString& Note);
     void ProcessLocationUpdate(const QString& Location, const QString& SID, const QString& Presence,
                                const QString& Note);
     void ProcessStaffUpdate(const QString& Location, const QString& SID, const QString& Presence);
@@ -93,7 +107,7 @@ private:
 
     OwnState& m_own;
     const Settings& m_settings;
-    const Admin& m_admin;
+    const Restrictions& m_restrictions;
     cErrorLog& m_log;
     const Clock& m_clock;
     NetworkProtocol& m_protocol;

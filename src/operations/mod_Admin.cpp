@@ -12,16 +12,15 @@ const QString kSection = QStringLiteral("Admin");
 
 struct LetterKey {
     const char* key;
-    QString Admin::*letter;
+    QString Restrictions::*letter;
 };
 
 constexpr LetterKey kBeforeKA[] = {{"NetworkSettings", &Admin::NetworkSettings},
                                    {"AdvancedSettings", &Admin::AdvancedSettings}};
-constexpr LetterKey kAfterKA[] = {{"UserChange", &Admin::UserChange}, {"Updates", &Admin::Updates},
-                                  {"HotKeys", &Admin::HotKeys},       {"UserName", &Admin::UserName},
-                                  {"Support", &Admin::Support},       {"SSAdmin", &Admin::SSAdmin},
-                                  {"SSHide", &Admin::SSHide},         {"WTS", &Admin::WTS},
-                                  {"ENC", &Admin::ENC}};
+constexpr LetterKey kAfterKA[] = {
+    {"UserChange", &Admin::UserChange}, {"Updates", &Admin::Updates}, {"HotKeys", &Admin::HotKeys},
+    {"UserName", &Admin::UserName},     {"Support", &Admin::Support}, {"SSAdmin", &Admin::SSAdmin},
+    {"SSHide", &Admin::SSHide},         {"WTS", &Admin::WTS},         {"ENC", &Admin::ENC}};
 
 } // namespace
 
