@@ -40,7 +40,8 @@ void Messages::process(Road& road, const QString& body, const QString& SID, cons
     const QString recipients = body.section(ValueMark, Recipients, Recipients);
     const auto debug = [&](const char* what, const QString& detail) {
         if (m_settings.Settings_TestMode()) {
-            m_log.LogEvent(QStringLiteral("Messages"), QLatin1String(what) + QLatin1String(road.logSuffix), detail);
+            m_log.LogEvent(QStringLiteral("Messages"), QLatin1String(what) + QLatin1String(road.logSuffix),
+                           detail);
         }
     };
     if (text.isEmpty()) {

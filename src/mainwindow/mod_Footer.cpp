@@ -5,7 +5,8 @@
 namespace tessel {
 
 Footer::Footer(const OwnState& own, Clock& clock)
-    : tmrFooter(clock, "tmrFooter", 20000, Timer::Kind::OneShot, [this] { SetFooter(m_own.location, {}, false); }),
+    : tmrFooter(clock, "tmrFooter", 20000, Timer::Kind::OneShot,
+                [this] { SetFooter(m_own.location, {}, false); }),
       m_own(own) {}
 
 void Footer::SetFooter(const QString& text, const QString& tip, bool timed) {

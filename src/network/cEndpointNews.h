@@ -50,7 +50,13 @@ struct StatusTimeRefreshed {
 
 // Kinds of entries of the notification history, by their codes.
 enum class HistoryCode {
-    Status = 2, StatusCleared = 3, Occupied = 4, StatusUpdated = 6, StaffTagSet = 7, StaffTagCleared = 8, Open = 9
+    Status = 2,
+    StatusCleared = 3,
+    Occupied = 4,
+    StatusUpdated = 6,
+    StaffTagSet = 7,
+    StaffTagCleared = 8,
+    Open = 9
 };
 
 struct HistoryEntry {

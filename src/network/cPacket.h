@@ -18,7 +18,15 @@ inline constexpr std::size_t kFieldCount = 8;
 
 // The nine values of the presence block.
 enum class PresenceValue {
-    Status, StatusTime, Occupied, PatientName, StaffTag, StaffTagTime, OccupiedTime, DoNotDisturb, StatusTone
+    Status,
+    StatusTime,
+    Occupied,
+    PatientName,
+    StaffTag,
+    StaffTagTime,
+    OccupiedTime,
+    DoNotDisturb,
+    StatusTone
 };
 inline constexpr std::size_t kPresenceCount = 9;
 

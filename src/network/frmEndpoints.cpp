@@ -28,14 +28,14 @@ struct Column {
     int width;
 };
 constexpr Column kColumns[] = {
-    {EndpointItem::Active, "Active", 90}, {EndpointItem::Host, "Host", 120},
+    {EndpointItem::Active, "Active", 90},   {EndpointItem::Host, "Host", 120},
     {EndpointItem::Version, "Version", 50}, {EndpointItem::Flags, "Flags", 70},
     {EndpointItem::SID, "SID", 200},        {EndpointItem::LastRefresh, "Last Refresh", 120},
 };
 
-constexpr const char* kRowLabels[] = {"Active: ",       "Host: ", "Version: ", "Flags: ",       "SessionID: ",
-                                      "Last Refresh: ", "KA: ",   "Status: ",  "Status Time: ", "Tag: ",
-                                      "Location Note: "};
+constexpr const char* kRowLabels[] = {
+    "Active: ", "Host: ",   "Version: ",     "Flags: ", "SessionID: ",    "Last Refresh: ",
+    "KA: ",     "Status: ", "Status Time: ", "Tag: ",   "Location Note: "};
 
 constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
                                 "\n"
@@ -51,7 +51,8 @@ constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
 } // namespace
 
 frmEndpoints::frmEndpoints(Station& station)
-    : m_station(station), m_filter(new PromptEdit(QStringLiteral("Search"), this)), m_grid(new ReportControl(this)) {
+    : m_station(station), m_filter(new PromptEdit(QStringLiteral("Search"), this)),
+      m_grid(new ReportControl(this)) {
     setObjectName(QStringLiteral("frmEndpoints"));
     setWindowTitle(kTitle);
     resize(kFirstSize);
@@ -94,7 +95,8 @@ void frmEndpoints::createGrid() {
 }
 
 void frmEndpoints::createMenus() {
-    const auto add = [this](QMenu* menu, const char* name, const QString& text, const QKeySequence& keys, auto act) {
+    const auto add = [this](QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
+                            auto act) {
         QAction* const action = menu->addAction(text, keys, this, act);
         action->setObjectName(QLatin1String(name));
         return action;
@@ -115,10 +117,12 @@ void frmEndpoints::createMenus() {
         [this] { m_station.endpoints.Process_KeepAlive_Times(); });
     network->addSeparator();
     add(network, "mnuReset", tr("Re&set Network"), {}, [this] { m_station.network.RestartNetwork(); });
-    add(network, "mnuNetworkSettings", tr("Network &Settings…"), {}, [this] { m_station.desktop().showWindow(WindowId::Adapters); });
+    add(network, "mnuNetworkSettings", tr("Network &Settings…"), {},
+        [this] { m_station.desktop().showWindow(WindowId::Adapters); });
 
     QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
-    add(tools, "mnuInformation", tr("&Information…"), {}, [this] { m_station.desktop().showWindow(WindowId::NetworkInfo); });
+    add(tools, "mnuInformation", tr("&Information…"), {},
+        [this] { m_station.desktop().showWindow(WindowId::NetworkInfo); });
     tools->addSeparator();
     add(tools, "mnuSID", tr("Reset &SID…"), {}, [this] { askSIDReset(); });
 }
@@ -133,7 +137,8 @@ void frmEndpoints::showRow(const ReportRecordPtr& record) {
     for (int index = 0; index < static_cast<int>(std::size(kRowLabels)); ++index) {
         lines += QLatin1String(kRowLabels[index]) + record->item(index).text;
     }
-    auto* const box = new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);
+    auto* const box =
+        new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setAttribute(Qt::WA_DeleteOnClose);

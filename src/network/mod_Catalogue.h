@@ -9,8 +9,39 @@
 namespace tessel {
 
 enum class Code : std::uint8_t {
-    XRKA, XAN, XANR, XD, XAS, XALNU, XALU, XALS, XALSN, XALN, XAST, XASTR, XAD0, XAD1, XAD1T, XAS0, XAS1,
-    XAS2, XAP, XAPT, XAUM, XAUMT, XATM, XATE, XATG, ZA00, ZA01, ZA05, ZA06, ZS01, ZS02, ZAAS, ZAGS
+    XRKA,
+    XAN,
+    XANR,
+    XD,
+    XAS,
+    XALNU,
+    XALU,
+    XALS,
+    XALSN,
+    XALN,
+    XAST,
+    XASTR,
+    XAD0,
+    XAD1,
+    XAD1T,
+    XAS0,
+    XAS1,
+    XAS2,
+    XAP,
+    XAPT,
+    XAUM,
+    XAUMT,
+    XATM,
+    XATE,
+    XATG,
+    ZA00,
+    ZA01,
+    ZA05,
+    ZA06,
+    ZS01,
+    ZS02,
+    ZAAS,
+    ZAGS
 };
 
 // What must hold, beyond the frame being parsed, for a packet to act.

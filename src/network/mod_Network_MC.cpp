@@ -63,7 +63,8 @@ void NetworkMC::LoadNetworkProtocol() {
     m_protocol = netNumber("Protocol", 0);
     m_protocolLayer.setProtocol(m_protocol);
     m_epkm = netNumber("EPKM", kKeepAliveMinutes);
-    if (m_epkm < std::numeric_limits<std::int16_t>::min() || m_epkm > std::numeric_limits<std::int16_t>::max()) {
+    if (m_epkm < std::numeric_limits<std::int16_t>::min() ||
+        m_epkm > std::numeric_limits<std::int16_t>::max()) {
         m_epkm = kKeepAliveMinutes;
     }
     m_ka = netNumber("ka", kKeepAliveMs);

@@ -31,9 +31,11 @@ frmNetworkInfo::frmNetworkInfo(Station& station, QWidget* parent)
     statusBar();
 
     QMenu* const file = menuBar()->addMenu(tr("&File"));
-    file->addAction(tr("&Copy"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), this, &frmNetworkInfo::CreateCopy)
+    file->addAction(tr("&Copy"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_C), this,
+                    &frmNetworkInfo::CreateCopy)
         ->setObjectName(QStringLiteral("mnuCopy"));
-    file->addAction(tr("Send by &Mail"), this, &frmNetworkInfo::CreateEmail)->setObjectName(QStringLiteral("mnuMail"));
+    file->addAction(tr("Send by &Mail"), this, &frmNetworkInfo::CreateEmail)
+        ->setObjectName(QStringLiteral("mnuMail"));
     file->addSeparator();
     file->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close)
         ->setObjectName(QStringLiteral("mnuExit"));

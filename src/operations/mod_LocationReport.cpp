@@ -6,9 +6,9 @@
 namespace tessel {
 
 QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protocol) {
-    constexpr EndpointItem kColumns[] = {EndpointItem::Active,      EndpointItem::Host,   EndpointItem::Version,
-                                         EndpointItem::SID,         EndpointItem::LastRefresh,
-                                         EndpointItem::Status,      EndpointItem::Note};
+    constexpr EndpointItem kColumns[] = {
+        EndpointItem::Active,      EndpointItem::Host,   EndpointItem::Version, EndpointItem::SID,
+        EndpointItem::LastRefresh, EndpointItem::Status, EndpointItem::Note};
     QString report = QStringLiteral("packets sent %1, received %2\n")
                          .arg(protocol.packetsSent())
                          .arg(protocol.packetsReceived());
