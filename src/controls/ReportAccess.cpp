@@ -121,12 +121,13 @@ QAccessibleInterface* ReportAccess::child(int index) const {
     if (index < 0 || index >= childCount()) {
         return nullptr;
     }
-    const auto known = m_cells.constFind(index);
+    const std::pair place(index / columnCount(), index % columnCount());
+    const auto known = m_cells.constFind(place);
     if (known != m_cells.constEnd()) {
         return QAccessible::accessibleInterface(*known);
     }
-    auto* cell = new CellAccess(control(), index / columnCount(), index % columnCount());
-    m_cells.insert(index, QAccessible::registerAccessibleInterface(cell));
+    auto* cell = new CellAccess(control(), place.first, place.second);
+    m_cells.insert(place, QAccessible::registerAccessibleInterface(cell));
     return cell;
 }
 

@@ -6,6 +6,8 @@
 #include <QHash>
 #include <QPointer>
 
+#include <utility>
+
 namespace tessel {
 
 class ReportControl;
@@ -52,7 +54,7 @@ private:
     ReportControl* control() const;
     void dropCells();
 
-    mutable QHash<int, QAccessible::Id> m_cells;
+    mutable QHash<std::pair<int, int>, QAccessible::Id> m_cells; // by row and column
 };
 
 } // namespace tessel

@@ -6,14 +6,10 @@
 #include "controls/ReportText.h"
 
 #include <QApplication>
-#include <QClipboard>
-#include <QContextMenuEvent>
-#include <QHelpEvent>
 #include <QPaintEvent>
 #include <QPainter>
 #include <QScopedValueRollback>
 #include <QScrollBar>
-#include <QToolTip>
 
 #include <algorithm>
 #include <utility>
@@ -26,6 +22,7 @@ constexpr qint64 kFrame = 16; // milliseconds
 // A sync may take this part of the time at most, so that a storm over very many rows leaves the
 // thread to those who make it.
 constexpr qint64 kSyncShare = 8;
+constexpr int kColumnsMeantFor = 10; // points
 constexpr int kLeastFont = 8;
 constexpr int kLargestFont = 20;
 constexpr int kEmptyMargin = 24;
@@ -52,7 +49,7 @@ ReportControl::ReportControl(QWidget* parent)
         emit columnWidthsChanged();
     });
     connect(m_header, &QHeaderView::sectionClicked, this, &ReportControl::sortBySection);
-    applyFont();
+    setFontSize(m_fontSize);
 }
 
 void ReportControl::setRecords(ReportRecords* records) {
@@ -121,7 +118,7 @@ void ReportControl::setFontSize(int points) {
     QFont sized = font();
     sized.setPointSize(m_fontSize);
     setFont(sized);
-    applyFont();
+    applyFont(); // a font equal to the one before tells nobody
 }
 
 void ReportControl::setEmptyText(const QString& text) {
@@ -228,9 +225,7 @@ void ReportControl::follow(const ReportOrder::Synced& synced, int currentRow) {
     layoutRows(synced.movedTo);
     executeDelayedItemsLayout();
     const int row = synced.standIn(currentRow, shownCount());
-    const QItemSelection& selected = selectionModel()->selection();
-    if (row >= 0 && (currentIndex().row() != row || selected.size() != 1 || selected.first().top() != row ||
-                     selected.first().bottom() != row)) {
+    if (row >= 0 && (currentIndex().row() != row || !selectionModel()->isRowSelected(row))) {
         // Where the record moved to is no reason to scroll there.
         const QScopedValueRollback still(m_scrollLocked, true);
         select(row);
@@ -272,7 +267,7 @@ void ReportControl::layoutRows(const std::vector<int>& movedTo) {
 }
 
 void ReportControl::layoutColumns() {
-    m_header->fit(viewport()->width(), m_fontSize / 10.0);
+    m_header->fit(viewport()->width(), m_widthScale);
     placeSpans();
     updateGeometries();
     viewport()->update();
@@ -289,7 +284,16 @@ void ReportControl::placeSpans() {
     m_painter.setSpans(std::move(spans), m_order->textColumn());
 }
 
+// Widths grow with what the letters really take, which is not quite their size in points.
+static double widthScale(const QFont& font) {
+    const QString letters = QStringLiteral("0123456789 The quick brown fox");
+    QFont plain = font;
+    plain.setPointSize(kColumnsMeantFor);
+    return QFontMetricsF(font).horizontalAdvance(letters) / QFontMetricsF(plain).horizontalAdvance(letters);
+}
+
 void ReportControl::applyFont() {
+    m_widthScale = widthScale(font());
     m_header->setFont(font());
     m_painter.setFont(font());
     m_painter.setPalette(palette());
@@ -420,48 +424,6 @@ QModelIndex ReportControl::indexAt(const QPoint& point) const {
     return m_order->index(row, section >= 0 ? section : m_order->columnCount() - 1);
 }
 
-QModelIndex ReportControl::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
-    Q_UNUSED(modifiers)
-    const int rows = m_rows.count();
-    if (rows <= 0 || m_order->columnCount() == 0) {
-        return {};
-    }
-    const QModelIndex current = currentIndex();
-    if (!current.isValid()) {
-        return m_order->index(action == MoveEnd ? rows - 1 : 0, 0);
-    }
-    const int page = std::max(0, viewport()->height() - m_painter.rowHeight(false));
-    const auto rowAtTop = [this](int y) {
-        return rowAt(std::clamp(y, 0, m_rows.total() - 1) - verticalOffset());
-    };
-    int row = current.row();
-    switch (action) {
-    case MoveUp:
-    case MovePrevious:
-        --row;
-        break;
-    case MoveDown:
-    case MoveNext:
-        ++row;
-        break;
-    case MoveHome:
-        row = 0;
-        break;
-    case MoveEnd:
-        row = rows - 1;
-        break;
-    case MovePageUp:
-        row = std::min(row - 1, rowAtTop(m_rows.top(row) - page));
-        break;
-    case MovePageDown:
-        row = std::max(row + 1, rowAtTop(m_rows.top(row) + page));
-        break;
-    default:
-        break;
-    }
-    return m_order->index(std::clamp(row, 0, rows - 1), current.column());
-}
-
 int ReportControl::horizontalOffset() const {
     return m_header->offset();
 }
@@ -475,13 +437,6 @@ bool ReportControl::isIndexHidden(const QModelIndex& index) const {
     return false;
 }
 
-void ReportControl::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
-    const QModelIndex index = indexAt(rect.bottomRight());
-    if (index.isValid()) {
-        selectionModel()->select(index, command);
-    }
-}
-
 QRegion ReportControl::visualRegionForSelection(const QItemSelection& selection) const {
     QRegion region;
     for (const QItemSelectionRange& range : selection) {
@@ -490,14 +445,6 @@ QRegion ReportControl::visualRegionForSelection(const QItemSelection& selection)
         }
     }
     return region & viewport()->rect();
-}
-
-// The selected row is the current row, always: no key and no click parts them.
-QItemSelectionModel::SelectionFlags ReportControl::selectionCommand(const QModelIndex& index,
-                                                                    const QEvent* event) const {
-    Q_UNUSED(event)
-    return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
-                           : QItemSelectionModel::NoUpdate;
 }
 
 void ReportControl::currentChanged(const QModelIndex& current, const QModelIndex& previous) {
@@ -580,58 +527,7 @@ void ReportControl::paintEmpty(QPainter& painter) {
                      Qt::AlignCenter | Qt::TextWordWrap, text.left(kTipChars));
 }
 
-void ReportControl::hover(int row) {
-    if (row == m_hovered) {
-        return;
-    }
-    for (const int changed : {std::exchange(m_hovered, row), row}) {
-        if (changed >= 0 && changed < m_rows.count()) {
-            viewport()->update(rowRect(changed));
-        }
-    }
-}
-
 // --- events ------------------------------------------------------------------------------------
-
-bool ReportControl::viewportEvent(QEvent* event) {
-    switch (event->type()) {
-    case QEvent::HoverEnter:
-    case QEvent::HoverMove:
-        hover(rowAt(static_cast<QHoverEvent*>(event)->position().toPoint().y()));
-        break;
-    case QEvent::HoverLeave:
-        hover(-1);
-        break;
-    case QEvent::ToolTip: {
-        const auto* help = static_cast<QHelpEvent*>(event);
-        if (!showTip(help->pos(), help->globalPos())) {
-            QToolTip::hideText();
-            event->ignore();
-        }
-        return true;
-    }
-    default:
-        break;
-    }
-    return QAbstractItemView::viewportEvent(event);
-}
-
-bool ReportControl::showTip(const QPoint& pos, const QPoint& globalPos) {
-    const QModelIndex index = indexAt(pos);
-    if (!index.isValid()) {
-        return false;
-    }
-    const ReportPainter::Row look = rowLook(index.row());
-    QString tip = look.record->tip(m_order->column(index.column()).item);
-    if (tip.isEmpty()) {
-        tip = m_painter.hiddenText(look, pos);
-    }
-    if (tip.isEmpty()) {
-        return false;
-    }
-    QToolTip::showText(globalPos, plainTip(tip), viewport(), visualRect(index));
-    return true;
-}
 
 void ReportControl::resizeEvent(QResizeEvent* event) {
     QAbstractItemView::resizeEvent(event);
@@ -661,97 +557,6 @@ void ReportControl::changeEvent(QEvent* event) {
     default:
         break;
     }
-}
-
-// The base class would make the first row current on any focus: a click into the list would then
-// open that row's contents before those of the row that was clicked.
-void ReportControl::focusInEvent(QFocusEvent* event) {
-    if (currentIndex().isValid()) {
-        QAbstractItemView::focusInEvent(event);
-    } else {
-        QAbstractScrollArea::focusInEvent(event);
-    }
-    viewport()->update();
-}
-
-void ReportControl::keyPressEvent(QKeyEvent* event) {
-    const ReportRecordPtr current = currentRecord();
-    const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
-    const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
-    if (enter && (!plain || !current)) {
-        event->ignore();
-    } else if (enter) {
-        event->accept();
-        if (!event->isAutoRepeat()) {
-            emit recordActivated(current);
-        }
-    } else if (event->key() == Qt::Key_F10 && event->modifiers() == Qt::ShiftModifier) {
-        event->accept();
-        requestMenuAtCurrent();
-    } else if (event->matches(QKeySequence::Copy)) {
-        event->accept();
-        copyCurrent();
-    } else {
-        QAbstractItemView::keyPressEvent(event);
-    }
-}
-
-void ReportControl::mousePressEvent(QMouseEvent* event) {
-    m_pressedAt = event->position().toPoint();
-    const int row = rowAt(m_pressedAt.y());
-    m_pressed = row >= 0 ? m_order->record(row) : nullptr;
-    QAbstractItemView::mousePressEvent(event);
-}
-
-// The row of the first click counts: rows may have moved under the mouse between the two, and the
-// base class would take the second as a click on whatever came there.
-void ReportControl::mouseDoubleClickEvent(QMouseEvent* event) {
-    const QPoint pos = event->position().toPoint();
-    ReportRecordPtr meant = std::exchange(m_pressed, nullptr);
-    if (!meant || (pos - m_pressedAt).manhattanLength() > QApplication::startDragDistance()) {
-        const int row = rowAt(pos.y());
-        meant = row >= 0 ? m_order->record(row) : nullptr;
-    }
-    if (event->button() == Qt::LeftButton && meant && meant->row() >= 0) {
-        emit recordActivated(meant);
-    }
-}
-
-void ReportControl::contextMenuEvent(QContextMenuEvent* event) {
-    event->accept();
-    if (event->reason() == QContextMenuEvent::Keyboard) {
-        requestMenuAtCurrent();
-        return;
-    }
-    const int row = rowAt(event->pos().y());
-    if (row >= 0) {
-        select(row);
-        emit recordMenuRequested(m_order->record(row), event->globalPos());
-    }
-}
-
-void ReportControl::requestMenuAtCurrent() {
-    const ReportRecordPtr current = currentRecord();
-    if (!current) {
-        return;
-    }
-    scrollTo(currentIndex());
-    const QRect row = rowRect(currentIndex().row());
-    const QPoint below(row.left() + m_painter.rowHeight(false), row.bottom());
-    emit recordMenuRequested(current, viewport()->mapToGlobal(below));
-}
-
-void ReportControl::copyCurrent() const {
-    const ReportRecordPtr current = currentRecord();
-    if (!current) {
-        return;
-    }
-    QStringList texts;
-    for (int section = 0; section < m_order->columnCount(); ++section) {
-        const QString& text = itemOf(*current, m_order->column(section).item).text;
-        texts.append(singleLine(text, static_cast<int>(text.size())));
-    }
-    QApplication::clipboard()->setText(texts.join(u'\t'));
 }
 
 } // namespace tessel

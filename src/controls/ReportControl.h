@@ -136,6 +136,7 @@ private:
 
     bool m_preview = false;
     int m_fontSize = 10;
+    double m_widthScale = 1; // of the columns
     QString m_emptyText;
     QString m_noMatchText;
     QPixmap m_background;

@@ -1,5 +1,6 @@
 #include "report_list.h"
 
+#include "controls/ReportColors.h"
 #include "controls/ReportHeader.h"
 
 #include <QAccessible>
@@ -90,7 +91,7 @@ TEST(ReportControl, WhenTheCurrentRecordGoesTheRowAtItsPlaceIsNext) {
     EXPECT_EQ(firstOf(told), nullptr);
 }
 
-// The only row is selected, then others come: the selection once was lost exactly here.
+// A selection of all rows, and new columns, are the cases in which models and views lose it.
 TEST(ReportControl, TheOnlyRowStaysSelectedWhenOthersCome) {
     ReportList list;
     list.fill(1);
@@ -429,6 +430,41 @@ TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
     EXPECT_EQ(list.control.grab().toImage(), before);
 }
 
+// The tag colours are what one looks at from across the room.
+TEST(ReportControl, DrawsColoursPicturesAndReadableTexts) {
+    ReportList list;
+    list.records.append(listRecord("1", QString::fromUtf8("\u2588\u2588\u2588\u2588"), "x"));
+    ReportRecord& record = *list.records.at(0);
+    record.item(kTag).backColor = argb(210, 30, 30);
+    record.item(kName).foreColor = argb(0, 255, 0);
+    record.item(kNote).text.clear();
+    record.item(kNote).icon = 5;
+    list.control.setIconProvider([](int icon) {
+        QPixmap picture(64, 64);
+        picture.fill(icon == 5 ? Qt::blue : Qt::black);
+        return QIcon(picture);
+    });
+    QPalette palette;
+    palette.setColor(QPalette::Base, Qt::white);
+    palette.setColor(QPalette::Text, Qt::black);
+    list.control.setPalette(palette);
+    list.show();
+    const auto pixel = [&list](int column, int x) {
+        const QRect cell = list.control.visualRect(list.control.model()->index(0, column));
+        return list.control.viewport()->grab().toImage().pixelColor(cell.left() + x, cell.center().y());
+    };
+    EXPECT_EQ(pixel(0, 16), QColor(210, 30, 30));
+    EXPECT_EQ(pixel(2, 16), QColor(Qt::blue));
+    const QColor unselected = pixel(1, 20);
+    EXPECT_EQ(unselected.hslHue(), 120);
+    EXPECT_GE(contrastRatio(unselected, pixel(1, 2)), kReadableContrast);
+
+    list.control.selectKey(kKey, u"1");
+    EXPECT_NE(pixel(1, 5), QColor(Qt::white)) << "a selected row is seen";
+    EXPECT_GE(contrastRatio(pixel(1, 20), pixel(1, 5)), kReadableContrast);
+    EXPECT_EQ(pixel(0, 16), QColor(210, 30, 30));
+}
+
 TEST(ReportControl, TipsShowTheWholeTextAsPlainText) {
     ReportList list;
     list.records.append(listRecord("1", "<b>short</b>", "<i>" + QString(5000, u'n')));
@@ -475,7 +511,6 @@ TEST(ReportControl, IsATableForScreenReaders) {
     list.fill(3);
     list.show();
     list.control.setAccessibleName("Locations");
-    QAccessible::setActive(true);
     QAccessibleInterface* table = QAccessible::queryAccessibleInterface(&list.control);
     ASSERT_NE(table, nullptr);
     EXPECT_EQ(table->text(QAccessible::Name), "Locations");
@@ -501,5 +536,9 @@ TEST(ReportControl, IsATableForScreenReaders) {
     list.control.syncNow();
     EXPECT_EQ(table->tableInterface()->cellAt(2, 1), nullptr);
     EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Name), "Name 1");
-    QAccessible::setActive(false);
+    // With other columns the numbers of the cells mean others.
+    EXPECT_EQ(table->tableInterface()->cellAt(1, 1)->text(QAccessible::Name), "Name 2");
+    list.control.setColumns({{"Name", 100, kName}});
+    EXPECT_EQ(table->childCount(), 2);
+    EXPECT_EQ(table->child(1)->text(QAccessible::Name), "Name 2");
 }

@@ -52,6 +52,8 @@ TEST(ReportOrder, PinnedRowsStandAboveWhateverTheOrder) {
     add(list, {"b", "own", "a"});
     list.records.at(1)->pinned = true;
     list.records.redraw(*list.records.at(1));
+    list.control.syncNow();
+    EXPECT_EQ(list.names(), QStringList({"own", "b", "a"}));
     for (const bool ascending : {true, false}) {
         list.control.setSortKeys({{kName, false, ascending}});
         list.control.syncNow();
