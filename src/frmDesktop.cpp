@@ -11,8 +11,17 @@
 
 #include <QApplication>
 #include <QDesktopServices>
+#include <QEvent>
+#include <QIcon>
 #include <QProcess>
+#include <QTimer>
 #include <QUrl>
+
+// Resources of a static library are not there until they are asked for, and the macro does not stand
+// being in a namespace.
+static void loadPictures() {
+    Q_INIT_RESOURCE(tessel);
+}
 
 namespace tessel {
 
@@ -26,17 +35,41 @@ void raiseWindow(QWidget& window) {
     window.activateWindow();
 }
 
-// A dialog that lives until it is closed.
-void showDialog(QWidget* dialog) {
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
+// Shows the one dialog of its kind, made anew when there is none; it lives until it is closed.
+template <typename Form> void showDialog(QPointer<Form>& dialog, Station& station) {
+    if (!dialog) {
+        dialog = new Form(station, QApplication::activeWindow());
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+    }
     raiseWindow(*dialog);
 }
+
+// Gives the program its icon once the first window is painted: what draws the picture is a library
+// of its own, and the user waits for the window, not for the icon.
+class IconAfterFirstPaint : public QObject {
+public:
+    explicit IconAfterFirstPaint(QWidget* window) : QObject(window) { window->installEventFilter(this); }
+
+    bool eventFilter(QObject* window, QEvent* event) override {
+        if (event->type() == QEvent::Paint) {
+            window->removeEventFilter(this);
+            QTimer::singleShot(0, this, [this] {
+                loadPictures();
+                QApplication::setWindowIcon(QIcon(QStringLiteral(":/icons/tessel.svg")));
+                deleteLater();
+            });
+        }
+        return false;
+    }
+};
 
 } // namespace
 
 FormDesktop::FormDesktop(WindowRegistry& registry) : m_registry(registry) {}
 
 FormDesktop::~FormDesktop() {
+    delete m_adapters;
+    delete m_information;
     delete m_endpoints;
     delete m_welcome;
     delete m_main;
@@ -48,12 +81,14 @@ frmMain* FormDesktop::mainWindow() const {
 
 void FormDesktop::showWelcome() {
     m_welcome = new frmWelcome(*m_station);
+    new IconAfterFirstPaint(m_welcome);
     m_welcome->show();
 }
 
 void FormDesktop::showMain() {
     if (!m_main) {
         m_main = new frmMain(*m_station, m_registry);
+        new IconAfterFirstPaint(m_main);
     }
     m_main->show();
 }
@@ -75,10 +110,10 @@ void FormDesktop::showWindow(WindowId window) {
         raiseWindow(*m_endpoints);
         break;
     case WindowId::Adapters:
-        showDialog(new frmAdapters(*m_station, QApplication::activeWindow()));
+        showDialog(m_adapters, *m_station);
         break;
     case WindowId::NetworkInfo:
-        showDialog(new frmNetworkInfo(*m_station, QApplication::activeWindow()));
+        showDialog(m_information, *m_station);
         break;
     }
 }

@@ -3,15 +3,16 @@
 
 #include "core/cDesktop.h"
 
-#include <QList>
 #include <QPointer>
 
 namespace tessel {
 
 class Station;
 class WindowRegistry;
+class frmAdapters;
 class frmEndpoints;
 class frmMain;
+class frmNetworkInfo;
 class frmWelcome;
 
 // Builds each window when it is first asked for, and keeps it.
@@ -43,6 +44,8 @@ private:
     QPointer<frmMain> m_main;
     QPointer<frmWelcome> m_welcome;
     QPointer<frmEndpoints> m_endpoints;
+    QPointer<frmAdapters> m_adapters;
+    QPointer<frmNetworkInfo> m_information;
 };
 
 } // namespace tessel

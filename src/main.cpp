@@ -54,7 +54,6 @@ int main(int argc, char** argv) {
     }
     QApplication application(argc, argv);
     QApplication::setApplicationName(QStringLiteral("TesselStatus"));
-    QApplication::setApplicationDisplayName(kProductName);
     QApplication::setDesktopFileName(QStringLiteral("TesselStatus"));
     // A minimised window is no reason to end; `ExitProc` ends the program.
     QApplication::setQuitOnLastWindowClosed(false);
@@ -78,8 +77,9 @@ int main(int argc, char** argv) {
     const EndSignals endSignals;
     QObject::connect(&endSignals, &EndSignals::requested, &station,
                      [&station] { station.closing(CloseReason::TaskManager); });
-    QObject::connect(&application, &QGuiApplication::commitDataRequest, &station,
-                     [&station] { station.closing(CloseReason::SessionEnd); }, Qt::DirectConnection);
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &station,
+        [&station] { station.closing(CloseReason::SessionEnd); }, Qt::DirectConnection);
     channel.serve([&](const QString& request) { return answer(request, station, desktop); });
     station.start();
     return QApplication::exec();
