@@ -1,9 +1,10 @@
 #include "controls/OfficeLook.h"
 
 #include <QApplication>
+#include <QPainter>
 #include <QPalette>
-#include <QStyle>
-#include <QStyleFactory>
+#include <QProxyStyle>
+#include <QStyleOption>
 
 namespace tessel {
 
@@ -51,6 +52,33 @@ QPalette paletteOf(const Shades& s) {
     return palette;
 }
 
+// The style draws frames darker than the window, which nobody sees on a dark one.
+class DarkStyle : public QProxyStyle {
+public:
+    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+
+    void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
+                       const QWidget* widget) const override {
+        QProxyStyle::drawPrimitive(element, option, painter, widget);
+        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
+        // Where the focus is, the style's own frame is bright enough.
+        if (!box && (element != PE_FrameLineEdit || option->state.testFlag(State_HasFocus))) {
+            return;
+        }
+        painter->save();
+        painter->setRenderHint(QPainter::Antialiasing);
+        painter->setPen(option->palette.color(box ? QPalette::PlaceholderText : QPalette::Mid));
+        painter->setBrush(Qt::NoBrush);
+        const QRectF frame = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
+        if (element == PE_IndicatorRadioButton) {
+            painter->drawEllipse(frame);
+        } else {
+            painter->drawRoundedRect(frame, 2, 2);
+        }
+        painter->restore();
+    }
+};
+
 bool desktopIsDark(const QPalette& desktop) {
     const QByteArray wanted = qgetenv("TESSEL_THEME");
     if (wanted == "dark" || wanted == "light") {
@@ -64,7 +92,11 @@ bool desktopIsDark(const QPalette& desktop) {
 
 void applyOfficeLook() {
     const bool dark = desktopIsDark(QApplication::palette());
-    QApplication::setStyle(QStyleFactory::create(QStringLiteral("Fusion")));
+    if (dark) {
+        QApplication::setStyle(new DarkStyle);
+    } else {
+        QApplication::setStyle(QStringLiteral("Fusion"));
+    }
     QApplication::setPalette(paletteOf(dark ? kDark : kLight));
 }
 

@@ -9,7 +9,11 @@ PromptEdit::PromptEdit(const QString& prompt, QWidget* parent) : QLineEdit(promp
     setClearButtonEnabled(false);
     connect(this, &QLineEdit::textChanged, this, [this] {
         dimPrompt();
-        emit searchChanged(searchText());
+        // The prompt comes and goes with the focus; that is no new search.
+        if (const QString search = searchText(); search != m_told) {
+            m_told = search;
+            emit searchChanged(search);
+        }
     });
     dimPrompt();
 }
@@ -23,9 +27,11 @@ void PromptEdit::clearSearch() {
 }
 
 void PromptEdit::dimPrompt() {
-    QPalette shown = parentWidget() != nullptr ? parentWidget()->palette() : QPalette();
+    // All but the one colour stays inherited, so that a change of the desktop's colours comes through.
+    QPalette shown;
+    shown.setResolveMask(0);
     if (text() == m_prompt) {
-        shown.setColor(QPalette::Text, shown.color(QPalette::PlaceholderText));
+        shown.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
     }
     setPalette(shown);
 }
@@ -33,7 +39,8 @@ void PromptEdit::dimPrompt() {
 void PromptEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     if (text() == m_prompt) {
-        clear();
+        // Unlike clear(), this leaves nothing to undo: Ctrl+Z must not bring the prompt in as text.
+        setText({});
     }
 }
 

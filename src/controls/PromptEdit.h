@@ -31,6 +31,7 @@ private:
     void dimPrompt();
 
     QString m_prompt;
+    QString m_told; // the search as last told
 };
 
 } // namespace tessel
