@@ -15,25 +15,30 @@ namespace tessel {
 namespace {
 
 constexpr int kGrid = 8;
-constexpr int kTextWidth = 420;
+constexpr int kLineCharacters = 58;
 constexpr int kLongestName = 25;
 // Everything on a keyboard but what separates the values of packets and lists: a name that holds one
 // of those would break each packet of this location.
 constexpr char16_t kAllowed[] = u"0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]{};',./?&"
                                 u"äöüßàáâãåæçèéêëìíîïñòóôõøùúûýÿœšž";
 
-constexpr char kNameText[] = "This computer has successfully installed Tessel Status. Please enter the name by which "
-                             "the other locations will know this one, for example Front Desk or Room 1.";
-constexpr char kColorText[] = "You may also choose a location color now. Locations are grouped and sorted according "
-                              "to their colored tabs.";
-constexpr char kDoorBellText[] = "If this is a front office location you can add the DoorBell icon to the status bar "
-                                 "for quick notification of patient arrivals.";
+constexpr char kNameText[] =
+    "This computer has successfully installed Tessel Status. Please enter the name by which "
+    "the other locations will know this one, for example Front Desk or Room 1.";
+constexpr char kColorText[] =
+    "You may also choose a location color now. Locations are grouped and sorted according "
+    "to their colored tabs.";
+constexpr char kDoorBellText[] =
+    "If this is a front office location you can add the DoorBell icon to the status bar "
+    "for quick notification of patient arrivals.";
 
 QLabel* paragraph(const char* text, QWidget* parent) {
     auto* const label = new QLabel(QString::fromUtf8(text), parent);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
-    label->setMinimumWidth(kTextWidth);
+    // A dialog does not ask its labels how high they get once they wrap.
+    const int width = kLineCharacters * label->fontMetrics().averageCharWidth();
+    label->setMinimumSize(width, label->heightForWidth(width));
     return label;
 }
 

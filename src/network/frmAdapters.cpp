@@ -18,11 +18,17 @@ namespace {
 
 constexpr int kGrid = 8;
 constexpr int kLongestAddress = 64;
+constexpr int kLineCharacters = 56;
 
+// The host's name and the address are what a user reads out to whoever helps, so they can be copied.
 QLabel* plainLabel(const QString& text, QWidget* parent) {
     auto* const label = new QLabel(text, parent);
     label->setTextFormat(Qt::PlainText);
+    label->setTextInteractionFlags(Qt::TextSelectableByMouse);
     label->setWordWrap(true);
+    // A dialog does not ask its labels how high they get once they wrap.
+    const int width = kLineCharacters * label->fontMetrics().averageCharWidth();
+    label->setMinimumSize(width, label->heightForWidth(width));
     return label;
 }
 
@@ -36,6 +42,9 @@ frmAdapters::frmAdapters(Station& station, QWidget* parent)
     const OwnState& own = m_station.own;
 
     m_list->setObjectName(QStringLiteral("cmbNet"));
+    // Names of adapters may be longer than any window.
+    m_list->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_list->setMinimumContentsLength(kLineCharacters / 2);
     m_list->addItem(QStringLiteral("Select a Network Adapter"));
     for (const Adapter& adapter : m_adapters) {
         m_list->addItem(adapter.name);
@@ -65,8 +74,6 @@ frmAdapters::frmAdapters(Station& station, QWidget* parent)
     layout->addLayout(form);
     layout->addStretch(1);
     layout->addWidget(buttons);
-    setMinimumWidth(420);
-
     connect(m_list, &QComboBox::currentIndexChanged, this, &frmAdapters::chooseEntry);
     connect(cmdRestart, &QPushButton::clicked, this, &frmAdapters::restart);
     connect(cmdReset, &QPushButton::clicked, this, &frmAdapters::reset);
@@ -92,14 +99,19 @@ void frmAdapters::restart() {
 }
 
 void frmAdapters::reset() {
-    QMessageBox box(QMessageBox::Information, kProductName,
-                    QLatin1String("You will need to restart ") + kProductName +
-                        QLatin1String(" to complete this action."),
-                    QMessageBox::Ok, this);
-    box.exec();
-    m_station.network.ResetAdapter();
-    m_station.tmrExit.setEnabled(true);
-    accept();
+    // The station goes on behind the question and may end meanwhile, so nothing waits here.
+    auto* const box = new QMessageBox(QMessageBox::Information, kProductName,
+                                      QLatin1String("You will need to restart ") + kProductName +
+                                          QLatin1String(" to complete this action."),
+                                      QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this] {
+        m_station.network.ResetAdapter();
+        m_station.tmrExit.setEnabled(true);
+        accept();
+    });
+    box->open();
 }
 
 } // namespace tessel

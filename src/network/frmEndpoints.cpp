@@ -21,6 +21,9 @@ const QString kTitle = QStringLiteral("Active Connections");
 constexpr QSize kFirstSize(760, 420);
 constexpr int kGrid = 8;
 constexpr int kMessageMs = 5000;
+constexpr int kCaptionPadding = 30; // of a column's caption, both sides together
+// Widths are told for text of this size, in points.
+constexpr double kUsualFontSize = 10;
 
 struct Column {
     EndpointItem item;
@@ -36,6 +39,16 @@ constexpr Column kColumns[] = {
 constexpr const char* kRowLabels[] = {
     "Active: ", "Host: ",   "Version: ",     "Flags: ", "SessionID: ",    "Last Refresh: ",
     "KA: ",     "Status: ", "Status Time: ", "Tag: ",   "Location Note: "};
+
+// A foreign packet can name its location by 256 characters without a blank, or by line feeds: neither
+// may make a box that does not fit the screen, or a line that passes for another.
+QString oneLine(QString text) {
+    constexpr qsizetype kLongest = 100;
+    for (QChar& c : text) {
+        c = c.isPrint() ? c : QChar(u' ');
+    }
+    return text.size() <= kLongest ? text : text.first(kLongest) + u'\u2026';
+}
 
 constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
                                 "\n"
@@ -55,7 +68,8 @@ frmEndpoints::frmEndpoints(Station& station)
       m_grid(new ReportControl(this)) {
     setObjectName(QStringLiteral("frmEndpoints"));
     setWindowTitle(kTitle);
-    resize(kFirstSize);
+    m_scale = std::max(1.0, fontInfo().pointSizeF() / kUsualFontSize);
+    resize(kFirstSize * m_scale);
     createGrid();
     createMenus();
 
@@ -75,12 +89,17 @@ void frmEndpoints::createGrid() {
     for (const Column& column : kColumns) {
         ReportColumn made;
         made.caption = QLatin1String(column.caption);
-        made.width = column.width;
+        // The list scales widths with its font, so a caption's width is told as for the usual one.
+        const int caption = fontMetrics().horizontalAdvance(made.caption) + kCaptionPadding;
+        made.width = std::max(column.width, static_cast<int>(caption / m_scale));
         made.item = static_cast<int>(column.item);
+        // Names are what is looked for, so they get the room that is left.
+        made.stretch = column.item == EndpointItem::Active;
         made.sortByValue = column.item == EndpointItem::LastRefresh;
         columns.push_back(made);
     }
     m_grid->setColumns(std::move(columns));
+    m_grid->setFontSize(qRound(fontInfo().pointSizeF()));
     m_grid->setSortableByHeader(true);
     m_grid->setEmptyText(tr("No connections yet"));
     m_grid->setNoMatchText(tr("No connection matches the search"));
@@ -117,7 +136,7 @@ void frmEndpoints::createMenus() {
         [this] { m_station.endpoints.Process_KeepAlive_Times(); });
     network->addSeparator();
     add(network, "mnuReset", tr("Re&set Network"), {}, [this] { m_station.network.RestartNetwork(); });
-    add(network, "mnuNetworkSettings", tr("Network &Settings…"), {},
+    add(network, "mnuNetworkSettings", tr("&Network Adapter…"), {},
         [this] { m_station.desktop().showWindow(WindowId::Adapters); });
 
     QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
@@ -135,7 +154,7 @@ void frmEndpoints::refreshCaption() {
 void frmEndpoints::showRow(const ReportRecordPtr& record) {
     QStringList lines;
     for (int index = 0; index < static_cast<int>(std::size(kRowLabels)); ++index) {
-        lines += QLatin1String(kRowLabels[index]) + record->item(index).text;
+        lines += QLatin1String(kRowLabels[index]) + oneLine(record->item(index).text);
     }
     auto* const box =
         new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);

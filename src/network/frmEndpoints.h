@@ -32,6 +32,7 @@ private:
     Station& m_station;
     PromptEdit* m_filter; // txtFilter
     ReportControl* m_grid;
+    double m_scale = 1; // of widths, by the size of the desktop's font
 };
 
 } // namespace tessel

@@ -14,19 +14,21 @@ namespace tessel {
 
 namespace {
 const QString kTitle = QStringLiteral("Tessel Status Information");
-constexpr QSize kFirstSize(460, 420);
 constexpr int kMessageMs = 5000;
+constexpr int kLineCharacters = 60;
+constexpr int kLines = 22;
 } // namespace
 
 frmNetworkInfo::frmNetworkInfo(Station& station, QWidget* parent)
     : QMainWindow(parent), m_station(station), m_text(new QPlainTextEdit(this)) {
     setObjectName(QStringLiteral("frmNetworkInfo"));
     setWindowTitle(kTitle);
-    resize(kFirstSize);
+    resize(kLineCharacters * fontMetrics().averageCharWidth(), kLines * fontMetrics().lineSpacing());
     m_text->setReadOnly(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setAccessibleName(kTitle);
     m_text->setPlainText(m_station.diagInfo());
+    m_text->setFocus();
     setCentralWidget(m_text);
     statusBar();
 
@@ -37,8 +39,9 @@ frmNetworkInfo::frmNetworkInfo(Station& station, QWidget* parent)
     file->addAction(tr("Send by &Mail"), this, &frmNetworkInfo::CreateEmail)
         ->setObjectName(QStringLiteral("mnuMail"));
     file->addSeparator();
-    file->addAction(tr("&Close"), QKeySequence::Close, this, &QWidget::close)
-        ->setObjectName(QStringLiteral("mnuExit"));
+    QAction* const exit = file->addAction(tr("C&lose"), this, &QWidget::close);
+    exit->setObjectName(QStringLiteral("mnuExit"));
+    exit->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
 }
 
 void frmNetworkInfo::CreateCopy() {
