@@ -24,8 +24,8 @@ constexpr int kGrid = 8;
 } // namespace
 
 frmMain::frmMain(Station& station, WindowRegistry& registry)
-    : m_station(station), m_registry(registry), m_search(new PromptEdit(QStringLiteral("Search"), this)), m_home(new ReportControl(this)),
-      m_footer(new QLabel(this)) {
+    : m_station(station), m_registry(registry), m_search(new PromptEdit(QStringLiteral("Search"), this)),
+      m_home(new ReportControl(this)), m_footer(new QLabel(this)) {
     setObjectName(kFormName);
     setWindowTitle(kProductName);
     setMinimumSize(kLeastSize);
@@ -47,9 +47,8 @@ frmMain::frmMain(Station& station, WindowRegistry& registry)
 
 void frmMain::createMenus() {
     QMenu* const program = menuBar()->addMenu(tr("&Station"));
-    QAction* const search = program->addAction(tr("&Search"), QKeySequence::Find, m_search, [this] {
-        m_search->setFocus(Qt::ShortcutFocusReason);
-    });
+    QAction* const search = program->addAction(tr("&Search"), QKeySequence::Find, m_search,
+                                               [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
     search->setStatusTip(tr("Find locations by name, status or note"));
     program->addSeparator();
     program->addAction(tr("Mi&nimise"), this, &QWidget::showMinimized);
@@ -60,7 +59,8 @@ void frmMain::createMenus() {
     network->addSeparator();
     network->addAction(tr("&Active Connections…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), this,
                        [this] { m_station.desktop().showWindow(WindowId::Endpoints); });
-    network->addAction(tr("Network A&dapter…"), this, [this] { m_station.desktop().showWindow(WindowId::Adapters); });
+    network->addAction(tr("Network A&dapter…"), this,
+                       [this] { m_station.desktop().showWindow(WindowId::Adapters); });
 }
 
 void frmMain::createHomeList() {
@@ -77,7 +77,8 @@ void frmMain::createHomeList() {
     ReportColumn status = column(QStringLiteral("Status"), LocationItem::Status, 180);
     status.stretch = true;
     m_home->setColumns({color, name, status});
-    m_home->setSortKeys({{static_cast<int>(LocationItem::ST), true, true}, {static_cast<int>(LocationItem::SN)}});
+    m_home->setSortKeys(
+        {{static_cast<int>(LocationItem::ST), true, true}, {static_cast<int>(LocationItem::SN)}});
     m_home->setFontSize(m_station.settings.Fonts_EVFS());
     m_home->setPreviewMode(true);
     m_home->setEmptyText(tr("No locations yet.\nThe network comes up a few seconds after the start."));
@@ -111,8 +112,11 @@ void frmMain::restorePlace() {
 }
 
 void frmMain::savePlace() {
-    m_registry.SaveFormPos(kFormName, pos());
-    m_registry.SaveFormSize(kFormName, isMaximized() ? normalGeometry().size() : size());
+    // What is stored is the place of the window as it is when neither maximised nor minimised.
+    const bool usual = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
+    const QPoint frame = geometry().topLeft() - pos();
+    m_registry.SaveFormPos(kFormName, usual ? pos() : normalGeometry().topLeft() - frame);
+    m_registry.SaveFormSize(kFormName, usual ? size() : normalGeometry().size());
 }
 
 void frmMain::showEvent(QShowEvent* event) {
