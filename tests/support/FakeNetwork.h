@@ -44,6 +44,7 @@ private:
     VirtualClock& m_clock;
     std::mt19937 m_random{1};
     std::vector<FakeLink*> m_links;
+    int m_gone = 0; // links that are no more
     std::multimap<std::int64_t, InFlight> m_inFlight;
 };
 
