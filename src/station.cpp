@@ -1,6 +1,7 @@
 #include "station.h"
 
 #include "core/mod_Definitions.h"
+#include "core/mod_Limits.h"
 #include "network/mod_NetworkGroups.h"
 #include "operations/mod_Diagnostics.h"
 
@@ -81,7 +82,7 @@ void Station::start() {
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
     usage.load();
     own.TAG = settings.User_TAG();
-    own.note = settings.Note_ACTIVE().trimmed();
+    own.note = settings.Note_ACTIVE().trimmed().left(kMaxRowText);
     if (settings.User_FirstRun()) {
         m_desktop.showWelcome();
     } else {
@@ -105,7 +106,10 @@ QString Station::storedLocationName() const {
 }
 
 void Station::loadLocationName() {
-    own.location = Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName();
+    // The name and the note may be written from afar, and travel in every packet: a packet must stay short
+    // enough to send.
+    own.location =
+        Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName().left(kMaxRowText);
 }
 
 void Station::SaveUserName(const WelcomeChoices& choices) {
