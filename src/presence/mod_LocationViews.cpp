@@ -158,9 +158,10 @@ void LocationViews::ProcessStatusTime(const StatusTimeRefreshed& refreshed) {
     const QString text = ElapsedText(refreshed.statusTime, refreshed.status, ElapsedForm::WithText,
                                      m_clock.secondOfDay(), m_settings.Settings_STIMER());
     ReportItem& status = item(*record, LocationItem::Status);
-    if (status.text != text) {
+    constexpr int kTip = static_cast<int>(LocationItem::Status);
+    if (status.text != text || record->tip(kTip) != text) {
         status.text = text;
-        record->setTip(static_cast<int>(LocationItem::Status), text);
+        record->setTip(kTip, text);
         rptEndpoints.redraw(*record);
     }
 }
