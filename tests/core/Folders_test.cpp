@@ -24,7 +24,7 @@ protected:
         facts.documents = home.filePath("documents/");
         facts.userName = "anna";
         facts.hostName = "pc7";
-        station = std::make_unique<Station>(facts, clock, link, desktop, ++seed);
+        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, ++seed);
         station->start();
         return station->folders.data();
     }
@@ -36,6 +36,7 @@ protected:
     FakeNetwork network{clock};
     FakeLink link{network};
     RecordingDesktop desktop;
+    RecordingSounds sounds;
     std::unique_ptr<Station> station;
 };
 } // namespace

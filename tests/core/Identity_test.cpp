@@ -90,8 +90,8 @@ TEST(TimeText, EveryMinuteOfTheDayComesBack) {
     }
     EXPECT_EQ(parseTime(u" 9:05 pm "), 21 * 3600 + 300);
     EXPECT_EQ(parseTime(u"21:05"), 21 * 3600 + 300);
-    for (const char* const text : {"", " ", "9", "9:", ":5", "25:00", "9:60", "9:00:60", "0:30 AM", "13:00 PM",
-                                   "9:00 XM", "9:00:00:00", "-1:00", "999:00"}) {
+    for (const char* const text : {"", " ", "9", "9:", ":5", "25:00", "9:60", "9:00:60", "0:30 AM",
+                                   "13:00 PM", "9:00 XM", "9:00:00:00", "-1:00", "999:00"}) {
         EXPECT_EQ(parseTime(QString(text)), -1) << text;
     }
     EXPECT_EQ(dateText(QDate(2026, 3, 2)), "3/2/2026");

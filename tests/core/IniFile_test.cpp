@@ -16,7 +16,9 @@ using namespace tessel;
 namespace {
 
 QString valueOf(const QByteArray& bytes, const char* section, const char* key) {
-    return cIniDocument(bytes).value(QLatin1String(section), QLatin1String(key)).value_or(QStringLiteral("(none)"));
+    return cIniDocument(bytes)
+        .value(QLatin1String(section), QLatin1String(key))
+        .value_or(QStringLiteral("(none)"));
 }
 
 class IniFile : public testing::Test {
@@ -76,8 +78,9 @@ TEST(IniDocument, AChangeLeavesEveryOtherByteAlone) {
     EXPECT_EQ(document.bytes(), QByteArray(before).replace("  SNP = 1", "  SNP =0"));
 
     ASSERT_TRUE(document.setValue("Settings", "NEW", "x"));
-    EXPECT_EQ(document.bytes(),
-              QByteArray(before).replace("  SNP = 1", "  SNP =0").replace(";SNT=0\r\n", ";SNT=0\r\nNEW=x\r\n"))
+    EXPECT_EQ(
+        document.bytes(),
+        QByteArray(before).replace("  SNP = 1", "  SNP =0").replace(";SNT=0\r\n", ";SNT=0\r\nNEW=x\r\n"))
         << "behind what the section says, with the file's own line ends";
 
     ASSERT_TRUE(document.setValue("Settings", "EOC", "0"));
@@ -102,10 +105,12 @@ TEST(IniDocument, AChangeLeavesEveryOtherByteAlone) {
 TEST(IniDocument, NothingWrittenCanBecomeALineOfItsOwn) {
     const QString evil = QStringLiteral("x\r\n[User]\nSID=stolen\r;");
     const QByteArray before = "[User]\nSID=mine\n";
-    for (const QString& section : {QStringLiteral("Settings"), evil, QStringLiteral("a]b"), QStringLiteral("[a"),
-                                   QStringLiteral("; c"), QStringLiteral(" s "), QStringLiteral("\u0416")}) {
-        for (const QString& key : {QStringLiteral("k"), evil, QStringLiteral("[User]"), QStringLiteral(";k"),
-                                   QStringLiteral("a=b"), QString(), QStringLiteral("  "), QStringLiteral("\u0416")}) {
+    for (const QString& section :
+         {QStringLiteral("Settings"), evil, QStringLiteral("a]b"), QStringLiteral("[a"),
+          QStringLiteral("; c"), QStringLiteral(" s "), QStringLiteral("\u0416")}) {
+        for (const QString& key :
+             {QStringLiteral("k"), evil, QStringLiteral("[User]"), QStringLiteral(";k"),
+              QStringLiteral("a=b"), QString(), QStringLiteral("  "), QStringLiteral("\u0416")}) {
             for (const QString& value : {evil, QStringLiteral(" [User] "), QStringLiteral(";=]"), QString(),
                                          QString(QChar(0)), QString(20000, u'v')}) {
                 cIniDocument document(before);

@@ -33,11 +33,17 @@ TEST_F(SettingsFile, FreshAccount) {
     for (std::size_t i = 0; i < std::size(booleans); ++i) {
         EXPECT_EQ(booleans[i].first, booleans[i].second) << i;
     }
-    const std::pair<int, int> numbers[] = {
-        {settings.NAV_1(), 350},          {settings.MSGNAV_1(), 103},         {settings.Settings_SNPT(), 45},
-        {settings.Settings_SNPTP(), 255}, {settings.Settings_STIMER(), 1},    {settings.Settings_ABPT(), 5},
-        {settings.Settings_ANPTM(), 1},   {settings.Settings_DBBL(), 75},     {settings.Fonts_EVFS(), 10},
-        {settings.Messages_SAVE_CNT(), 500}, {settings.Recents_SAVE_CNT(), 1200}};
+    const std::pair<int, int> numbers[] = {{settings.NAV_1(), 350},
+                                           {settings.MSGNAV_1(), 103},
+                                           {settings.Settings_SNPT(), 45},
+                                           {settings.Settings_SNPTP(), 255},
+                                           {settings.Settings_STIMER(), 1},
+                                           {settings.Settings_ABPT(), 5},
+                                           {settings.Settings_ANPTM(), 1},
+                                           {settings.Settings_DBBL(), 75},
+                                           {settings.Fonts_EVFS(), 10},
+                                           {settings.Messages_SAVE_CNT(), 500},
+                                           {settings.Recents_SAVE_CNT(), 1200}};
     for (std::size_t i = 0; i < std::size(numbers); ++i) {
         EXPECT_EQ(numbers[i].first, numbers[i].second) << i;
     }
@@ -84,12 +90,21 @@ TEST_F(SettingsFile, WhatStandsInTheFile) {
 }
 
 TEST(SettingValues, Colours) {
-    const std::pair<const char*, Argb> forms[] = {
-        {"&H0000FF", argb(255, 0, 0)},   {"&hff0000", argb(0, 0, 255)}, {"&HC0FFFF&", argb(255, 255, 0xC0)},
-        {"#FF0000", argb(255, 0, 0)},    {"255", argb(255, 0, 0)},      {"16711680", argb(0, 0, 255)},
-        {" blue ", argb(0, 0, 255)},     {"GREEN", argb(0, 128, 0)},    {"0", argb(0, 0, 0)},
-        {"", kNoColor},                  {"#12345", kNoColor},          {"#12345g", kNoColor},
-        {"&H", kNoColor},                {"-5", kNoColor},              {"reddish", kNoColor}};
+    const std::pair<const char*, Argb> forms[] = {{"&H0000FF", argb(255, 0, 0)},
+                                                  {"&hff0000", argb(0, 0, 255)},
+                                                  {"&HC0FFFF&", argb(255, 255, 0xC0)},
+                                                  {"#FF0000", argb(255, 0, 0)},
+                                                  {"255", argb(255, 0, 0)},
+                                                  {"16711680", argb(0, 0, 255)},
+                                                  {" blue ", argb(0, 0, 255)},
+                                                  {"GREEN", argb(0, 128, 0)},
+                                                  {"0", argb(0, 0, 0)},
+                                                  {"", kNoColor},
+                                                  {"#12345", kNoColor},
+                                                  {"#12345g", kNoColor},
+                                                  {"&H", kNoColor},
+                                                  {"-5", kNoColor},
+                                                  {"reddish", kNoColor}};
     for (const auto& [text, color] : forms) {
         EXPECT_EQ(toColor(QLatin1String(text)), color) << text;
     }

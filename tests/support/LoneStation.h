@@ -73,10 +73,10 @@ protected:
         const ReportRecord* const record = viewRow(SID);
         return record == nullptr ? QStringLiteral("(no row)") : item(*record, index).text;
     }
-    QStringList errorLines() const { return toText(me.fileBytes(kErrorFile)).split(u'\n', Qt::SkipEmptyParts); }
-    int loggedWith(const QString& text) const {
-        return static_cast<int>(errorLines().filter(text).size());
+    QStringList errorLines() const {
+        return toText(me.fileBytes(kErrorFile)).split(u'\n', Qt::SkipEmptyParts);
     }
+    int loggedWith(const QString& text) const { return static_cast<int>(errorLines().filter(text).size()); }
 
     inline static const QString kMe = QStringLiteral("111AA111AAA1");
     inline static const QString kOther = QStringLiteral("999XX999XXX9");
