@@ -54,11 +54,12 @@ void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView
         return;
     }
     const QString tagWord = QString::number(m_own.TAG) + u':' + third.trimmed().toString();
+    const QString presence = ownPresence(); // named: a view of it goes into the list below
     const QByteArray mark(kFieldMark.data(), static_cast<qsizetype>(kFieldMark.size()));
     QByteArray packet;
     for (const QStringView field :
          {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location),
-          code, QStringView(ownPresence()), QStringView(m_own.note), QStringView(tagWord)}) {
+          code, QStringView(presence), QStringView(m_own.note), QStringView(tagWord)}) {
         packet += toBytes(field) + mark;
     }
     const QByteArray bytes = toBytes(body);
