@@ -1,6 +1,6 @@
 #include "controls/ReportAccess.h"
 
-#include "controls/ReportControl.h"
+#include "controls/ReportView.h"
 
 namespace tessel {
 
@@ -9,8 +9,7 @@ namespace {
 // A place in the table, not a record: whoever stands there now answers.
 class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
-    CellAccess(ReportControl* control, int row, int column)
-        : m_control(control), m_row(row), m_column(column) {}
+    CellAccess(ReportView* control, int row, int column) : m_control(control), m_row(row), m_column(column) {}
 
     bool isValid() const override { return m_control != nullptr && index().isValid(); }
     QObject* object() const override { return nullptr; }
@@ -72,22 +71,22 @@ public:
 private:
     QModelIndex index() const { return m_control->model()->index(m_row, m_column); }
 
-    QPointer<ReportControl> m_control;
+    QPointer<ReportView> m_control;
     int m_row;
     int m_column;
 };
 
 QAccessibleInterface* makeAccess(const QString& className, QObject* object) {
-    if (className != QLatin1String(ReportControl::staticMetaObject.className())) {
+    if (className != QLatin1String(ReportView::staticMetaObject.className())) {
         return nullptr;
     }
-    auto* control = qobject_cast<ReportControl*>(object);
+    auto* control = qobject_cast<ReportView*>(object);
     return control != nullptr ? new ReportAccess(control) : nullptr;
 }
 
 } // namespace
 
-ReportAccess::ReportAccess(ReportControl* control) : QAccessibleWidget(control, QAccessible::Table) {}
+ReportAccess::ReportAccess(ReportView* control) : QAccessibleWidget(control, QAccessible::Table) {}
 
 ReportAccess::~ReportAccess() {
     dropCells();
@@ -104,8 +103,8 @@ int ReportAccess::childOf(const QModelIndex& index) {
     return index.row() * index.model()->columnCount() + index.column();
 }
 
-ReportControl* ReportAccess::control() const {
-    return static_cast<ReportControl*>(object());
+ReportView* ReportAccess::control() const {
+    return static_cast<ReportView*>(object());
 }
 
 void* ReportAccess::interface_cast(QAccessible::InterfaceType type) {

@@ -10,11 +10,11 @@
 
 namespace tessel {
 
-class ReportControl;
+class ReportView;
 
 class ReportAccess : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit ReportAccess(ReportControl* control);
+    explicit ReportAccess(ReportView* control);
     ~ReportAccess() override;
 
     // Makes report lists known to the accessibility of this program; once is enough.
@@ -51,7 +51,7 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
 private:
-    ReportControl* control() const;
+    ReportView* control() const;
     void dropCells();
 
     mutable QHash<std::pair<int, int>, QAccessible::Id> m_cells; // by row and column

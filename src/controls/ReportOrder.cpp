@@ -287,16 +287,20 @@ bool ReportOrder::accepts(Known& row) const {
         return true;
     }
     if (row.searched.isNull()) {
-        // A word holds no line break, so it cannot be found across two texts.
-        QString text = row.record->preview.left(kSearchedChars);
-        for (const ReportColumn& column : m_columns) {
-            text += u'\n';
-            text += QStringView(itemOf(*row.record, column.item).text).left(kSearchedChars);
-        }
-        row.searched = text.toCaseFolded();
+        row.searched = searchedText(*row.record).toCaseFolded();
     }
     return std::all_of(m_words.begin(), m_words.end(),
                        [&row](const QString& word) { return row.searched.contains(word); });
+}
+
+// A word holds no line break, so it cannot be found across two texts.
+QString ReportOrder::searchedText(const ReportRecord& record) const {
+    QString text = record.preview.left(kSearchedChars);
+    for (const ReportColumn& column : m_columns) {
+        text += u'\n';
+        text += QStringView(itemOf(record, column.item).text).left(kSearchedChars);
+    }
+    return text;
 }
 
 bool ReportOrder::stands(const Known& a, const Known& b) const {

@@ -73,6 +73,10 @@ public:
     QModelIndexList match(const QModelIndex& start, int role, const QVariant& value, int hits = 1,
                           Qt::MatchFlags flags = {Qt::MatchStartsWith | Qt::MatchWrap}) const override;
 
+protected:
+    // What the filter looks at, never null.
+    virtual QString searchedText(const ReportRecord& record) const;
+
 private:
     struct Rank {
         std::int32_t value = 0;

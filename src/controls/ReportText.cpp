@@ -31,11 +31,21 @@ QString singleLine(const QString& text, int maxChars) {
     return line;
 }
 
+QString plainLines(const QString& text, int maxChars) {
+    QString lines = cut(text.trimmed(), maxChars);
+    lines.replace(QStringLiteral("\r\n"), QStringLiteral("\n"));
+    for (QChar& c : lines) {
+        if (c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) {
+            c = u'\n';
+        } else if (c != u'\n' && breaksLine(c)) {
+            c = u' ';
+        }
+    }
+    return lines;
+}
+
 QString plainTip(const QString& text) {
-    QString tip = cut(text, kTipChars);
-    std::replace_if(
-        tip.begin(), tip.end(), [](QChar c) { return c != u'\n' && breaksLine(c); }, QChar(u' '));
-    return Qt::convertFromPlainText(tip, Qt::WhiteSpaceNormal);
+    return Qt::convertFromPlainText(plainLines(text, kTipChars), Qt::WhiteSpaceNormal);
 }
 
 } // namespace tessel

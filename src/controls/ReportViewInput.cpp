@@ -1,7 +1,6 @@
-// What keys and the mouse do to a report list.
-#include "controls/ReportControl.h"
+// What keys and the mouse do to a list.
+#include "controls/ReportView.h"
 
-#include "controls/ReportHeader.h"
 #include "controls/ReportText.h"
 
 #include <QApplication>
@@ -15,7 +14,7 @@
 
 namespace tessel {
 
-QModelIndex ReportControl::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
+QModelIndex ReportView::moveCursor(CursorAction action, Qt::KeyboardModifiers modifiers) {
     Q_UNUSED(modifiers)
     const int rows = m_rows.count();
     if (rows <= 0 || m_order->columnCount() == 0) {
@@ -25,7 +24,7 @@ QModelIndex ReportControl::moveCursor(CursorAction action, Qt::KeyboardModifiers
     if (!current.isValid()) {
         return m_order->index(action == MoveEnd ? rows - 1 : 0, 0);
     }
-    const int page = std::max(0, viewport()->height() - m_painter.rowHeight(false));
+    const int page = std::max(0, viewport()->height() - scrollStep());
     const auto rowAtTop = [this](int y) {
         return rowAt(std::clamp(y, 0, m_rows.total() - 1) - verticalOffset());
     };
@@ -57,7 +56,7 @@ QModelIndex ReportControl::moveCursor(CursorAction action, Qt::KeyboardModifiers
     return m_order->index(std::clamp(row, 0, rows - 1), current.column());
 }
 
-void ReportControl::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
+void ReportView::setSelection(const QRect& rect, QItemSelectionModel::SelectionFlags command) {
     const QModelIndex index = indexAt(rect.bottomRight());
     if (index.isValid()) {
         selectionModel()->select(index, command);
@@ -65,14 +64,14 @@ void ReportControl::setSelection(const QRect& rect, QItemSelectionModel::Selecti
 }
 
 // The selected row is the current row, always: no key and no click parts them.
-QItemSelectionModel::SelectionFlags ReportControl::selectionCommand(const QModelIndex& index,
-                                                                    const QEvent* event) const {
+QItemSelectionModel::SelectionFlags ReportView::selectionCommand(const QModelIndex& index,
+                                                                 const QEvent* event) const {
     Q_UNUSED(event)
     return index.isValid() ? QItemSelectionModel::ClearAndSelect | QItemSelectionModel::Rows
                            : QItemSelectionModel::NoUpdate;
 }
 
-void ReportControl::hover(int row) {
+void ReportView::hover(int row) {
     if (row == m_hovered) {
         return;
     }
@@ -83,7 +82,7 @@ void ReportControl::hover(int row) {
     }
 }
 
-bool ReportControl::viewportEvent(QEvent* event) {
+bool ReportView::viewportEvent(QEvent* event) {
     switch (event->type()) {
     case QEvent::HoverEnter:
     case QEvent::HoverMove:
@@ -106,15 +105,14 @@ bool ReportControl::viewportEvent(QEvent* event) {
     return QAbstractItemView::viewportEvent(event);
 }
 
-bool ReportControl::showTip(const QPoint& pos, const QPoint& globalPos) {
+bool ReportView::showTip(const QPoint& pos, const QPoint& globalPos) {
     const QModelIndex index = indexAt(pos);
     if (!index.isValid()) {
         return false;
     }
-    const ReportPainter::Row look = rowLook(index.row());
-    QString tip = look.record->tip(m_order->column(index.column()).item);
+    QString tip = m_order->record(index.row())->tip(m_order->column(index.column()).item);
     if (tip.isEmpty()) {
-        tip = m_painter.hiddenText(look, pos);
+        tip = hiddenText(index, pos);
     }
     if (tip.isEmpty()) {
         return false;
@@ -125,7 +123,7 @@ bool ReportControl::showTip(const QPoint& pos, const QPoint& globalPos) {
 
 // The base class would make the first row current on any focus: a click into the list would then
 // open that row's contents before those of the row that was clicked.
-void ReportControl::focusInEvent(QFocusEvent* event) {
+void ReportView::focusInEvent(QFocusEvent* event) {
     if (currentIndex().isValid()) {
         QAbstractItemView::focusInEvent(event);
     } else {
@@ -134,7 +132,7 @@ void ReportControl::focusInEvent(QFocusEvent* event) {
     viewport()->update();
 }
 
-void ReportControl::keyPressEvent(QKeyEvent* event) {
+void ReportView::keyPressEvent(QKeyEvent* event) {
     const ReportRecordPtr current = currentRecord();
     const bool plain = (event->modifiers() & ~Qt::KeypadModifier) == Qt::NoModifier;
     const bool enter = event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter;
@@ -150,13 +148,15 @@ void ReportControl::keyPressEvent(QKeyEvent* event) {
         requestMenuAtCurrent();
     } else if (event->matches(QKeySequence::Copy)) {
         event->accept();
-        copyCurrent();
+        if (current) {
+            QApplication::clipboard()->setText(copied(*current));
+        }
     } else {
         QAbstractItemView::keyPressEvent(event);
     }
 }
 
-void ReportControl::mousePressEvent(QMouseEvent* event) {
+void ReportView::mousePressEvent(QMouseEvent* event) {
     m_pressedAt = event->position().toPoint();
     const int row = rowAt(m_pressedAt.y());
     m_pressed = row >= 0 ? m_order->record(row) : nullptr;
@@ -165,7 +165,7 @@ void ReportControl::mousePressEvent(QMouseEvent* event) {
 
 // The row of the first click counts: rows may have moved under the mouse between the two, and the
 // base class would take the second as a click on whatever came there.
-void ReportControl::mouseDoubleClickEvent(QMouseEvent* event) {
+void ReportView::mouseDoubleClickEvent(QMouseEvent* event) {
     const QPoint pos = event->position().toPoint();
     ReportRecordPtr meant = std::exchange(m_pressed, nullptr);
     if (!meant || (pos - m_pressedAt).manhattanLength() > QApplication::startDragDistance()) {
@@ -177,7 +177,7 @@ void ReportControl::mouseDoubleClickEvent(QMouseEvent* event) {
     }
 }
 
-void ReportControl::contextMenuEvent(QContextMenuEvent* event) {
+void ReportView::contextMenuEvent(QContextMenuEvent* event) {
     event->accept();
     if (event->reason() == QContextMenuEvent::Keyboard) {
         requestMenuAtCurrent();
@@ -190,28 +190,15 @@ void ReportControl::contextMenuEvent(QContextMenuEvent* event) {
     }
 }
 
-void ReportControl::requestMenuAtCurrent() {
+void ReportView::requestMenuAtCurrent() {
     const ReportRecordPtr current = currentRecord();
     if (!current) {
         return;
     }
     scrollTo(currentIndex());
     const QRect row = rowRect(currentIndex().row());
-    const QPoint below(row.left() + m_painter.rowHeight(false), row.bottom());
+    const QPoint below(row.left() + scrollStep(), std::min(row.bottom(), viewport()->height() - 1));
     emit recordMenuRequested(current, viewport()->mapToGlobal(below));
-}
-
-void ReportControl::copyCurrent() const {
-    const ReportRecordPtr current = currentRecord();
-    if (!current) {
-        return;
-    }
-    QStringList texts;
-    for (int section = 0; section < m_order->columnCount(); ++section) {
-        const QString& text = itemOf(*current, m_order->column(section).item).text;
-        texts.append(singleLine(text, static_cast<int>(text.size())));
-    }
-    QApplication::clipboard()->setText(texts.join(u'\t'));
 }
 
 } // namespace tessel
