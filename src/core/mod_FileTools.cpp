@@ -37,12 +37,16 @@ bool DeleteFile(const QString& path) {
 }
 
 bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes) {
+    return QFileInfo(path).size() <= maxBytes && readFileStart(path, maxBytes, bytes);
+}
+
+bool readFileStart(const QString& path, qint64 maxBytes, QByteArray& bytes) {
     // A pipe or a device of that name would keep a reader waiting.
     if (!FileExists(path)) {
         return false;
     }
     QFile file(path);
-    if (!file.open(QIODevice::ReadOnly) || file.size() > maxBytes) {
+    if (!file.open(QIODevice::ReadOnly)) {
         return false;
     }
     bytes = file.read(maxBytes);

@@ -16,6 +16,9 @@ bool DeleteFile(const QString& path);
 // The whole file. False when it is no readable file or larger than `maxBytes`.
 bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes);
 
+// The first `maxBytes` of a file, or all of a smaller one. False when it is no readable file.
+bool readFileStart(const QString& path, qint64 maxBytes, QByteArray& bytes);
+
 // Puts `bytes` in the place of the file, readable by its user alone. A crash or a full disk leaves
 // the old file or the new one, never a part. False when the old one stands.
 bool replaceFile(const QString& path, const QByteArray& bytes);
