@@ -86,6 +86,9 @@ void ReportOrder::setFilterText(const QString& text) {
 }
 
 ReportOrder::Synced ReportOrder::sync() {
+    if (m_records) {
+        m_records->bringUpToDate();
+    }
     const std::uint64_t revision = m_records ? m_records->revision() : 0;
     const std::uint64_t structure = m_records ? m_records->structureRevision() : 0;
     const bool adopt = structure != m_structureSeen || sourceRows().size() != m_known.size();

@@ -86,6 +86,30 @@ void ReportRecords::reserve(int rows) {
     m_rows.reserve(static_cast<std::size_t>(rows));
 }
 
+void ReportRecords::assign(std::vector<ReportRecordPtr> rows) {
+    if (rows == m_rows) {
+        return;
+    }
+    for (const auto& record : m_rows) {
+        record->m_row = -1;
+    }
+    m_rows = std::move(rows);
+    reindex();
+    structureChanged(0);
+}
+
+void ReportRecords::setStale() {
+    m_stale = true;
+    emit changed();
+}
+
+void ReportRecords::bringUpToDate() {
+    if (m_stale && m_refill) {
+        m_stale = false;
+        m_refill();
+    }
+}
+
 void ReportRecords::redraw(ReportRecord& record) {
     record.m_revision = ++m_revision;
     emit changed();

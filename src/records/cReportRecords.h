@@ -127,6 +127,15 @@ public:
     void clear();
     void reserve(int rows);
 
+    // Puts these rows in the place of all there are; a record that stands in both stays itself.
+    void assign(std::vector<ReportRecordPtr> rows);
+
+    // For a list that is made from another one: `refill` makes it anew. It is called when somebody is
+    // about to look at a list that is stale, so that a storm of changes is made up for once.
+    void setRefill(std::function<void()> refill) { m_refill = std::move(refill); }
+    void setStale();
+    void bringUpToDate();
+
     // Tells that a row's items changed.
     void redraw(ReportRecord& record);
     // Tells that all rows are to be drawn anew.
@@ -153,6 +162,8 @@ private:
     int m_doubles = 0; // rows whose key an earlier row has already
     std::uint64_t m_revision = 1;
     std::uint64_t m_structureRevision = 1;
+    std::function<void()> m_refill;
+    bool m_stale = false;
 };
 
 } // namespace tessel
