@@ -28,6 +28,11 @@ inline const QString kMarker = QStringLiteral("TSL2");
 // Marker of a virtual location, which another kind of client sends.
 inline const QString kVirtualMarker = QStringLiteral("TSL2V");
 
+// What can be typed into a status, a note and the like, in either case: the marks that separate the
+// values of packets and lists are not among these.
+inline const QString kTypedCharacters =
+    QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]\\{}|;':,./?&");
+
 // Files of the data folder.
 inline const QString kUserFile = QStringLiteral("user.cfg");
 inline const QString kNetFile = QStringLiteral("net.cfg");
@@ -39,10 +44,10 @@ inline const QString kErrorFile = QStringLiteral("error.txt");
 // Colour tags 1 to 20; tag n stands at n - 1. A location without a tag has 41.
 inline constexpr int kNoTag = 41;
 inline constexpr std::array<Argb, 20> kTagColors{
-    argb(245, 236, 3),   argb(24, 187, 2),    argb(254, 254, 254), argb(3, 232, 246),   argb(188, 186, 187),
-    argb(172, 146, 111), argb(243, 161, 55),  argb(252, 1, 1),     argb(251, 174, 225), argb(180, 143, 235),
-    argb(175, 186, 20),  argb(17, 94, 50),    argb(53, 60, 214),   argb(8, 8, 8),       argb(108, 106, 104),
-    argb(101, 69, 35),   argb(217, 106, 39),  argb(161, 29, 29),   argb(246, 5, 209),   argb(109, 45, 187)};
+    argb(245, 236, 3),   argb(24, 187, 2),   argb(254, 254, 254), argb(3, 232, 246),   argb(188, 186, 187),
+    argb(172, 146, 111), argb(243, 161, 55), argb(252, 1, 1),     argb(251, 174, 225), argb(180, 143, 235),
+    argb(175, 186, 20),  argb(17, 94, 50),   argb(53, 60, 214),   argb(8, 8, 8),       argb(108, 106, 104),
+    argb(101, 69, 35),   argb(217, 106, 39), argb(161, 29, 29),   argb(246, 5, 209),   argb(109, 45, 187)};
 
 inline constexpr Argb kWhite = argb(255, 255, 255);
 inline constexpr Argb kYellow = argb(255, 255, 0);

@@ -4,6 +4,7 @@
 #include "core/cOwnState.h"
 #include "core/mod_ElapsedText.h"
 #include "core/mod_Settings.h"
+#include "presence/cFavoriteLookup.h"
 
 #include <QSet>
 
@@ -15,6 +16,7 @@ const QString kBlank = QStringLiteral(" ");
 const QString kOwnMark = QStringLiteral("|");
 // A shorter note shows nowhere.
 constexpr int kShortestPreview = 4;
+constexpr int kShortestStatus = 2;
 
 // Tag colours that are too dark for black text.
 constexpr bool isDarkTag(int tag) {
@@ -29,44 +31,62 @@ QString GetNoteBoardToolTip(const QString& patientName) {
     return patientName;
 }
 
-} // namespace
-
-LocationViews::LocationViews(const OwnState& own, const Settings& settings, const Clock& clock)
-    : m_own(own), m_settings(settings), m_clock(clock) {}
-
-void LocationViews::setStatus(ReportRecord& record, const QString& text, const QString& time) const {
+void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     item(record, LocationItem::Status).text = text;
     item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
     item(record, LocationItem::TIME).text = time;
 }
 
-void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
-    const auto record = std::make_shared<ReportRecord>(kLocationItems);
+void setOccupied(ReportRecord& record, const Presence& presence) {
+    item(record, LocationItem::Active).value = presence.occupied ? kOccupiedValue : 0;
+    record.setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
+}
+
+void removeAll(ReportRecords& list, const QSet<const ReportRecord*>& gone) {
+    if (gone.size() == 1) {
+        list.remove((*gone.cbegin())->row());
+    } else if (!gone.isEmpty()) {
+        list.removeIf([&gone](const ReportRecord& record) { return gone.contains(&record); });
+    }
+}
+
+} // namespace
+
+LocationViews::LocationViews(const OwnState& own, const Settings& settings, const Clock& clock,
+                             const FavoriteLookup& favorites)
+    : m_own(own), m_settings(settings), m_clock(clock), m_favorites(favorites) {
+    rptStatusView.setRefill([this] { refillStatusView(); });
+}
+
+QString LocationViews::withAge(const QString& status, const QString& statusTime) const {
+    return ElapsedText(statusTime, status, ElapsedForm::WithText, m_clock.secondOfDay(),
+                       m_settings.Settings_STIMER());
+}
+
+void LocationViews::fill(ReportRecord& record, const EndpointAdded& endpoint) const {
     const Presence& presence = endpoint.presence;
     const bool own = endpoint.SID == m_own.SID;
 
-    setStatus(*record, kBlank, kBlank);
-    if (presence.status.size() >= 2) {
-        setStatus(*record,
-                  ElapsedText(presence.statusTime, presence.status, ElapsedForm::WithText,
-                              m_clock.secondOfDay(), m_settings.Settings_STIMER()),
-                  presence.statusTime);
+    setStatus(record, kBlank, kBlank);
+    if (presence.status.size() >= kShortestStatus) {
+        setStatus(record, withAge(presence.status, presence.statusTime), presence.statusTime);
     }
-    ReportItem& name = item(*record, LocationItem::Active);
+    ReportItem& name = item(record, LocationItem::Active);
     name.text = endpoint.location;
-    name.value = presence.occupied ? kOccupiedValue : 0;
-    record->setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
-    item(*record, LocationItem::Staff).value = presence.staffTag;
-    item(*record, LocationItem::SID).text = endpoint.SID;
-    item(*record, LocationItem::SN).text = endpoint.location;
-    item(*record, LocationItem::ST).text = QString::number(endpoint.tag);
-    item(*record, LocationItem::ST).value = endpoint.tag;
-    item(*record, LocationItem::OST).text = endpoint.block;
-    item(*record, LocationItem::VR).text = endpoint.marker;
-    record->tag = presence.staffTag;
-    record->preview = previewOf(endpoint.note);
+    name.foreColor = own ? kBlue : presence.doNotDisturb ? kRed : kNoColor;
+    setOccupied(record, presence);
+    item(record, LocationItem::Staff).value = presence.staffTag;
+    item(record, LocationItem::SID).text = endpoint.SID;
+    item(record, LocationItem::SN).text = endpoint.location;
+    item(record, LocationItem::ST).text = QString::number(endpoint.tag);
+    item(record, LocationItem::ST).value = endpoint.tag;
+    item(record, LocationItem::OST).text = endpoint.block;
+    item(record, LocationItem::VR).text = endpoint.marker;
+    record.tag = presence.staffTag;
+    record.preview = previewOf(endpoint.note);
+    record.pinned = own;
 
-    ReportItem& cell = item(*record, LocationItem::Icon);
+    ReportItem& cell = item(record, LocationItem::Icon);
     cell.text = own ? kOwnMark : QString();
     if (isDarkTag(endpoint.tag)) {
         cell.foreColor = kWhite;
@@ -74,40 +94,63 @@ void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
     if (endpoint.tag > 0 && endpoint.tag <= static_cast<int>(kTagColors.size())) {
         cell.backColor = kTagColors[static_cast<std::size_t>(endpoint.tag - 1)];
     }
-    if (own) {
-        name.foreColor = kBlue;
-        record->pinned = true;
-    } else if (presence.doNotDisturb) {
-        name.foreColor = kRed;
-    }
+}
+
+void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
+    const auto record = std::make_shared<ReportRecord>(kLocationItems);
+    fill(*record, endpoint);
     rptEndpoints.append(record);
+    if (const int slot = m_favorites.slotOf(endpoint.SID); slot >= 0 && slot <= FavoriteLookup::kLastSlot) {
+        Add_to_Favorites(endpoint, slot);
+    }
     count(*record, 1);
+    changed();
+}
+
+void LocationViews::Add_to_Favorites(const EndpointAdded& endpoint, int slot) {
+    const auto record = std::make_shared<ReportRecord>(kFavoriteItems);
+    fill(*record, endpoint);
+    item(*record, LocationItem::VR).text = QString::number(slot);
+    item(*record, LocationItem::VR).value = slot;
+    item(*record, LocationItem::FavoriteVR).text = endpoint.marker;
+    Active_RemoveFavorite(endpoint.SID);
+    rptFavorites.append(record);
 }
 
 void LocationViews::Active_RemoveEndpoint(const QStringList& SIDs) {
     QSet<const ReportRecord*> gone;
+    QSet<const ReportRecord*> goneFavorites;
     for (const QString& SID : SIDs) {
         if (const ReportRecord* const record = rptEndpoints.find(SID); record != nullptr) {
             gone.insert(record);
             count(*record, -1);
         }
+        if (const ReportRecord* const favorite = rptFavorites.find(SID); favorite != nullptr) {
+            goneFavorites.insert(favorite);
+        }
     }
-    if (gone.size() == 1) {
-        rptEndpoints.remove((*gone.cbegin())->row());
-    } else if (!gone.isEmpty()) {
-        rptEndpoints.removeIf([&gone](const ReportRecord& record) { return gone.contains(&record); });
+    removeAll(rptEndpoints, gone);
+    removeAll(rptFavorites, goneFavorites);
+    changed();
+}
+
+void LocationViews::Active_RemoveFavorite(const QString& SID) {
+    if (const ReportRecord* const record = rptFavorites.find(SID); record != nullptr) {
+        rptFavorites.remove(record->row());
     }
 }
 
 void LocationViews::clear() {
     rptEndpoints.clear();
+    rptStatusView.clear();
+    rptFavorites.clear();
     ClearLocationsTabsCount();
 }
 
-void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
-    ReportRecord* const record = rptEndpoints.find(change.SID);
+bool LocationViews::showStatus(ReportRecords& list, const PresenceChanged& change) const {
+    ReportRecord* const record = list.find(change.SID);
     if (record == nullptr) {
-        return;
+        return false;
     }
     if (change.presence.status.isEmpty()) {
         setStatus(*record, kBlank, kBlank);
@@ -117,57 +160,157 @@ void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
         item(*record, LocationItem::OST).text = change.block;
     }
     record->preview = previewOf(change.note);
-    item(*record, LocationItem::Active).value = change.presence.occupied ? kOccupiedValue : 0;
-    record->setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(change.presence.patientName));
-    rptEndpoints.redraw(*record);
+    setOccupied(*record, change.presence);
+    list.redraw(*record);
+    return true;
 }
 
-void LocationViews::ProcessLocationUpdate(const PresenceChanged& change) {
-    ReportRecord* const record = rptEndpoints.find(change.SID);
+void LocationViews::tellStatus(const PresenceChanged& change, int favoriteSlot) {
+    if (change.presence.status.isEmpty()) {
+        emit statusCleared(change.SID);
+    } else if (change.SID != m_own.SID) {
+        emit statusSet({change.location, change.SID, change.presence.status.trimmed(),
+                        change.presence.statusTime, change.presence.statusTone, favoriteSlot});
+    }
+}
+
+void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
+    if (!showStatus(rptEndpoints, change)) {
+        return;
+    }
+    // A favorite is left to the favorites, so that nobody is told twice.
+    if (m_favorites.slotOf(change.SID) < 0) {
+        tellStatus(change, -1);
+    } else if (change.presence.status.isEmpty()) {
+        emit statusCleared(change.SID);
+    }
+    changed();
+}
+
+void LocationViews::ProcessStatusUpdateFav(const PresenceChanged& change) {
+    if (showStatus(rptFavorites, change)) {
+        tellStatus(change, m_favorites.slotOf(change.SID));
+    }
+}
+
+void LocationViews::showState(ReportRecords& list, const PresenceChanged& change) const {
+    ReportRecord* const record = list.find(change.SID);
     if (record == nullptr) {
         return;
     }
-    ReportItem& name = item(*record, LocationItem::Active);
-    name.value = change.presence.occupied ? kOccupiedValue : 0;
+    setOccupied(*record, change.presence);
     if (change.SID != m_own.SID) {
-        name.foreColor = change.presence.doNotDisturb ? kRed : kNoColor;
+        item(*record, LocationItem::Active).foreColor = change.presence.doNotDisturb ? kRed : kNoColor;
     }
-    record->setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(change.presence.patientName));
-    rptEndpoints.redraw(*record);
+    list.redraw(*record);
+}
+
+void LocationViews::ProcessLocationUpdate(const PresenceChanged& change) {
+    showState(rptEndpoints, change);
+    showState(rptFavorites, change);
+    changed();
 }
 
 void LocationViews::ProcessStaffUpdate(const StaffTagChanged& change) {
-    if (ReportRecord* const record = rptEndpoints.find(change.SID); record != nullptr) {
-        item(*record, LocationItem::Staff).value = change.tag;
-        rptEndpoints.redraw(*record);
+    for (ReportRecords* const list : {&rptEndpoints, &rptFavorites}) {
+        if (ReportRecord* const record = list->find(change.SID); record != nullptr) {
+            item(*record, LocationItem::Staff).value = change.tag;
+            list->redraw(*record);
+        }
     }
+    changed();
 }
 
 void LocationViews::ProcessLocationNoteUpdate(const NoteChanged& change) {
-    if (ReportRecord* const record = rptEndpoints.find(change.SID); record != nullptr) {
-        record->preview = previewOf(change.note);
-        rptEndpoints.redraw(*record);
+    for (ReportRecords* const list : {&rptEndpoints, &rptFavorites}) {
+        if (ReportRecord* const record = list->find(change.SID); record != nullptr) {
+            record->preview = previewOf(change.note);
+            list->redraw(*record);
+        }
     }
+    changed();
 }
 
-void LocationViews::ProcessStatusTime(const StatusTimeRefreshed& refreshed) {
-    ReportRecord* const record = rptEndpoints.find(refreshed.SID);
+void LocationViews::showStatusTime(ReportRecords& list, const StatusTimeRefreshed& refreshed) const {
+    ReportRecord* const record = list.find(refreshed.SID);
     if (record == nullptr || refreshed.status.isEmpty() || refreshed.statusTime.isEmpty()) {
         return;
     }
-    const QString text = ElapsedText(refreshed.statusTime, refreshed.status, ElapsedForm::WithText,
-                                     m_clock.secondOfDay(), m_settings.Settings_STIMER());
+    const QString text = withAge(refreshed.status, refreshed.statusTime);
     ReportItem& status = item(*record, LocationItem::Status);
     constexpr int kTip = static_cast<int>(LocationItem::Status);
     if (status.text != text || record->tip(kTip) != text) {
         status.text = text;
         record->setTip(kTip, text);
-        rptEndpoints.redraw(*record);
+        list.redraw(*record);
     }
+}
+
+void LocationViews::ProcessStatusTime(const StatusTimeRefreshed& refreshed) {
+    showStatusTime(rptEndpoints, refreshed);
+    changed();
+    ProcessFavoriteTime(refreshed);
+}
+
+void LocationViews::ProcessFavoriteTime(const StatusTimeRefreshed& refreshed) {
+    showStatusTime(rptFavorites, refreshed);
+}
+
+void LocationViews::setStatusTabCurrent(bool current) {
+    m_statusTabCurrent = current;
+    if (current) {
+        ProcessStatusView();
+    }
+}
+
+void LocationViews::changed() {
+    if (m_statusTabCurrent) {
+        ProcessStatusView();
+    }
+}
+
+void LocationViews::ProcessStatusView() {
+    if (rptEndpoints.count() > 0) {
+        rptStatusView.setStale();
+    }
+}
+
+void LocationViews::refillStatusView() {
+    std::vector<ReportRecordPtr> rows;
+    for (const auto& home : rptEndpoints.rows()) {
+        if (item(*home, LocationItem::Status).text.size() < kShortestStatus) {
+            continue;
+        }
+        const ReportRecord* const known = rptStatusView.find(item(*home, LocationItem::SID).text);
+        const ReportRecordPtr row = known != nullptr ? rptStatusView.at(known->row())
+                                                     : std::make_shared<ReportRecord>(kLocationItems);
+        for (int index = 0; index < kLocationItems; ++index) {
+            row->item(index) = home->item(index);
+        }
+        // The age is told anew, for all rows at once.
+        const QString& block = item(*home, LocationItem::OST).text;
+        const QString status = block.section(ValueMark, 0, 0).trimmed();
+        if (status.size() >= kShortestStatus) {
+            item(*row, LocationItem::Status).text = withAge(status, block.section(ValueMark, 1, 1));
+        }
+        row->preview = home->preview;
+        row->pinned = home->pinned;
+        row->tag = home->tag;
+        row->setTip(static_cast<int>(LocationItem::Active),
+                    home->tip(static_cast<int>(LocationItem::Active)));
+        rows.push_back(row);
+    }
+    rptStatusView.assign(std::move(rows));
+    rptStatusView.redrawAll();
 }
 
 int LocationViews::Active_FindSID(const QString& SID) const {
     const ReportRecord* const record = rptEndpoints.find(SID);
+    return record == nullptr ? -1 : record->row();
+}
+
+int LocationViews::Active_FindSIDFav(const QString& SID) const {
+    const ReportRecord* const record = rptFavorites.find(SID);
     return record == nullptr ? -1 : record->row();
 }
 
@@ -193,6 +336,53 @@ int LocationViews::tagCount(int tag) const {
     return tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())
                ? m_tagCounts[static_cast<std::size_t>(tag - 1)]
                : 0;
+}
+
+QString GetLocationName(const ReportRecord& row) {
+    return item(row, LocationItem::Active).text;
+}
+
+QString GetSID(const ReportRecord& row) {
+    return item(row, LocationItem::SID).text;
+}
+
+bool GetStatusActive(const ReportRecord& row) {
+    return item(row, LocationItem::Status).text.size() >= kShortestStatus;
+}
+
+QString GetCurrentStatus(const ReportRecord& row) {
+    const QString status = item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
+    return status.isEmpty() ? QString() : status;
+}
+
+int GetLocationTag(const ReportRecord& row) {
+    return item(row, LocationItem::ST).value;
+}
+
+QString GetColorTag(const ReportRecord& row) {
+    return item(row, LocationItem::ST).text;
+}
+
+int GetStatusTag(const ReportRecord& row) {
+    return item(row, LocationItem::Staff).value;
+}
+
+bool isOccupied(const ReportRecord& row) {
+    return item(row, LocationItem::Active).value == kOccupiedValue;
+}
+
+QString GetOccupiedName(const ReportRecord& row) {
+    return row.tip(static_cast<int>(LocationItem::Active));
+}
+
+bool isLocationDND(const ReportRecord& row) {
+    return item(row, LocationItem::Active).foreColor == kRed;
+}
+
+bool IsVirtualLocation(const ReportRecord& row) {
+    const LocationItem marker =
+        row.itemCount() == kFavoriteItems ? LocationItem::FavoriteVR : LocationItem::VR;
+    return item(row, marker).text == kVirtualMarker;
 }
 
 } // namespace tessel

@@ -11,8 +11,6 @@ namespace tessel {
 
 namespace {
 
-constexpr int kShortestStatus = 2;
-
 // What another location asks for travels in every packet from then on: a text of thousands of
 // characters would make them too long to send. Nobody shows more of it than this anyway.
 QString asked(const cPacket& packet, int value) {
@@ -27,41 +25,12 @@ OwnPresence::OwnPresence(OwnState& own, INIData& data, const Clock& clock, Netwo
 }
 
 void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
-    protocol.attach(Code::XAS0, [this](const cPacket&) { TurnOffStatus(); });
-    protocol.attach(Code::XAS1, [this](const cPacket&) { TurnOffStatus(); });
-    protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
     protocol.attach(Code::XALS, [this](const cPacket&) { SetOccupiedStatusRemote(false, {}); });
     protocol.attach(Code::XALSN,
                     [this](const cPacket& packet) { SetOccupiedStatusRemote(true, asked(packet, 1)); });
     protocol.attach(Code::XASTR,
                     [this](const cPacket& packet) { Set_StaffTag(packet.bodyValue(1).trimmed().toShort()); });
     protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(asked(packet, 1)); });
-}
-
-void OwnPresence::SetCustomStatus(const QString& text) {
-    if (text.size() < kShortestStatus) {
-        return;
-    }
-    m_own.statusTime = m_clock.timeText();
-    m_own.status = text;
-    emit changed();
-    m_protocol.send(Code::XAS);
-}
-
-void OwnPresence::TurnOffStatus() {
-    m_own.status.clear();
-    m_own.statusTime.clear();
-    m_own.statusTone.clear();
-    emit changed();
-    m_protocol.send(Code::XAS);
-}
-
-void OwnPresence::setStatusFrom(const cPacket& packet) {
-    // An index names an entry of the office's shared list; a location without that list has no such
-    // entry, and the request passes it by.
-    if (packet.bodyValue(2).isEmpty()) {
-        SetCustomStatus(asked(packet, 1));
-    }
 }
 
 void OwnPresence::SetOccupiedStatusRemote(bool named, const QString& name) {
@@ -73,8 +42,12 @@ void OwnPresence::SetOccupiedStatusRemote(bool named, const QString& name) {
 }
 
 void OwnPresence::Set_StaffTag(std::int16_t tag) {
-    m_own.staffTag = tag;
     m_own.staffTagTime = tag != 0 ? m_clock.timeText() : QString();
+    announceStaffTag(tag);
+}
+
+void OwnPresence::announceStaffTag(std::int16_t tag) {
+    m_own.staffTag = tag;
     emit changed();
     m_protocol.send(Code::XAST);
 }

@@ -1,4 +1,4 @@
-// What this location does and shows of itself: status, occupied room, staff tag, note. Each change is
+// What this location shows of itself beside its status: occupied room, staff tag, note. Each change is
 // announced; requests of other locations come in here too.
 #pragma once
 
@@ -16,18 +16,17 @@ struct OwnState;
 class OwnPresence : public QObject {
     Q_OBJECT
 public:
-    OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol);
+    static constexpr int kLongestNote = 65;
 
-    // Sets a plain status of at least 2 characters; anything shorter changes nothing. A tone that an
-    // earlier status left stays until the status is turned off.
-    void SetCustomStatus(const QString& text);
-    void TurnOffStatus();
+    OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol);
 
     // Toggles the occupied flag; turned off, it forgets the patient and the time.
     void SetOccupiedStatusRemote(bool named, const QString& name);
 
     // 0 clears the tag.
     void Set_StaffTag(std::int16_t tag);
+    // The same without a time of its own: what stands there stays.
+    void announceStaffTag(std::int16_t tag);
 
     // Keeps the note, trimmed, stores it, and announces it.
     void SetLocationNote(const QString& note);
@@ -38,7 +37,6 @@ signals:
 
 private:
     void attachHandlers(NetworkProtocol& protocol);
-    void setStatusFrom(const cPacket& packet);
 
     OwnState& m_own;
     INIData& m_data;
