@@ -1,13 +1,15 @@
 // What the engines ask of the desktop and its windows.
 #pragma once
 
+#include "core/cPopup.h"
+
 #include <QString>
 #include <QStringList>
 
 namespace tessel {
 
 // Windows that can be asked for by name.
-enum class WindowId { Endpoints, Adapters, NetworkInfo };
+enum class WindowId { Endpoints, Adapters, NetworkInfo, SetStatus, StatusOptions, Notifications, GlobalDoorBell };
 
 // Implemented by the forms and by tests that record what was asked.
 class Desktop {
@@ -29,7 +31,20 @@ public:
 
     // Stores position and size of the main window.
     virtual void saveMainPlace() = 0;
+    // Shows a popup above everything without taking the focus. One that is up is replaced.
+    virtual void showPopup(PopupId popup, const PopupContent& content) = 0;
+    virtual void closePopup(PopupId popup) = 0;
     virtual void closePopups() = 0;
+    // A short note beside the tray, or wherever the desktop shows such notes.
+    virtual void showBalloon(const QString& title, const QString& text) = 0;
+    // Moves the main window from where it stands by so many pixels, without storing the place.
+    // False while it is minimised or not there.
+    virtual bool shakeMain(int dx, int dy) = 0;
+    virtual void minimiseMain() = 0;
+    // Normal size, neither minimised nor maximised.
+    virtual void restoreMain() = 0;
+    // Puts the main window back to its first place and size.
+    virtual void ResetScreenPosition() = 0;
     // Unloads every window but the main one.
     virtual void unloadForms() = 0;
     // Unloads the main window, and with it ends the process.

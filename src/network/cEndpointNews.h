@@ -50,13 +50,17 @@ struct StatusTimeRefreshed {
 
 // Kinds of entries of the notification history, by their codes.
 enum class HistoryCode {
+    DoorBell = 0,
+    PhoneCall = 1,
     Status = 2,
     StatusCleared = 3,
     Occupied = 4,
+    Urgent = 5,
     StatusUpdated = 6,
     StaffTagSet = 7,
     StaffTagCleared = 8,
-    Open = 9
+    Open = 9,
+    DoorBellEveryone = 10
 };
 
 struct HistoryEntry {
