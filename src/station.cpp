@@ -15,13 +15,21 @@ const QString kNetKey = QStringLiteral("net");
 const QString kUpdateHelper = QStringLiteral("update.exe");
 } // namespace
 
-Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, std::uint64_t seed)
+Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
+                 std::uint64_t seed)
     : m_facts(facts), m_clock(clock), m_link(link), m_desktop(desktop), folders(m_facts), data(ini, folders),
       log(clock, folders, own), settings(data), identity(own, data, log, clock, seed),
       protocol(own, settings, link), network(own, data, log, clock, link, protocol),
       usage(data, settings, clock, log, protocol),
-      endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock),
-      presence(own, data, clock, protocol), messages(own, settings, log, clock, protocol), footer(own, clock),
+      endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
+      status(own, data, clock, protocol, desktop), presence(own, data, clock, protocol),
+      tones(own, settings, folders, ini, sounds), popups(own, settings, data, clock, desktop),
+      notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
+      history(settings, folders, clock, views),
+      alerts(own, settings, clock, protocol, popups, alertBar, tones, history, desktop),
+      messages(own, settings, log, clock, protocol), footer(own, clock),
+      commands({own, desktop, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
+                [this] { tmrExit.setEnabled(true); }}),
       tmrExit(clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
       tmrUpdates(clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
     wire();
@@ -44,10 +52,24 @@ void Station::wire() {
     connect(&endpoints, &Endpoints::removed, &views, &LocationViews::Active_RemoveEndpoint);
     connect(&endpoints, &Endpoints::listsCleared, &views, &LocationViews::clear);
     connect(&endpoints, &Endpoints::statusChanged, &views, &LocationViews::ProcessStatusUpdate);
+    connect(&endpoints, &Endpoints::statusChanged, &views, &LocationViews::ProcessStatusUpdateFav);
     connect(&endpoints, &Endpoints::locationChanged, &views, &LocationViews::ProcessLocationUpdate);
     connect(&endpoints, &Endpoints::staffTagChanged, &views, &LocationViews::ProcessStaffUpdate);
     connect(&endpoints, &Endpoints::noteChanged, &views, &LocationViews::ProcessLocationNoteUpdate);
     connect(&endpoints, &Endpoints::statusTimeRefreshed, &views, &LocationViews::ProcessStatusTime);
+    connect(&endpoints, &Endpoints::historyEntry, &history,
+            [this](const HistoryEntry& entry) { history.AddItem(entry); });
+
+    connect(&views, &LocationViews::statusSet, this,
+            [this](const StatusNews& news) { notices.statusSet(news); });
+    connect(&views, &LocationViews::statusCleared, this,
+            [this](const QString& SID) { notices.statusCleared(SID); });
+    connect(&status, &LocalStatus::setByOther, this,
+            [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
+                notices.setHere(text, tone, location, SID);
+            });
+    connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
+    connect(&messages, &Messages::arrived, this, &Station::messageArrived);
 }
 
 // Orders that concern the station as a whole.
@@ -91,12 +113,32 @@ void Station::start() {
 }
 
 void Station::loadMain() {
+    status.LoadStatusSettings();
+    tones.LoadToneList();
     tmrUpdates.setEnabled(settings.Settings_UPD());
     own.host = m_facts.hostName;
     loadLocationName();
 }
 
+void Station::messageArrived(const ReceivedMessage& message) {
+    if (settings.Recents_MSG()) {
+        history.AddMessage({message.kind == u"1" ? 1 : 0, MessageLog::Received, message.everyone,
+                            message.MessageID, message.location, message.SID, message.text, message.time,
+                            message.date});
+    }
+    if (settings.Settings_MNP()) {
+        popups.ShowMessagePopup(message.location, message.text, message.time, message.MessageID);
+    }
+    if (settings.Settings_MNT()) {
+        tones.PlayTone(message.everyone ? QStringLiteral("AllMsg") : QStringLiteral("SingleMsg"));
+    }
+}
+
 void Station::mainLoaded() {
+    history.LoadRecents();
+    if (settings.Sound_ST() && settings.Sound_SC()) {
+        tones.PlayTone(QStringLiteral("Startup"));
+    }
     writeProgramRecord();
     network.tmrNetStart.setEnabled(true);
 }
@@ -185,9 +227,10 @@ CloseAction Station::closing(CloseReason reason) {
 
 void Station::disableTimers() {
     for (Timer* const timer : {&network.tmrNetStart, &network.tmrAnnounce, &network.tmrKA, &tmrUpdates,
-                               &footer.tmrFooter, &tmrExit}) {
+                               &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake, &tmrExit}) {
         timer->setEnabled(false);
     }
+    alertBar.tstmrAlertOff.setEnabled(false);
 }
 
 void Station::ExitProc() {
@@ -207,6 +250,7 @@ void Station::ExitProc() {
     data.WriteSettings(
         kUserFile, kProgramSection,
         {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
+    history.unload();
     m_desktop.unloadForms();
     m_desktop.unloadMain();
 }

@@ -1,7 +1,14 @@
 // One running location: every engine, built in order, and the wires between them.
 #pragma once
 
+#include "alerts/cSounds.h"
+#include "alerts/mod_AlertBar.h"
+#include "alerts/mod_AlertEngine.h"
 #include "alerts/mod_Messages.h"
+#include "alerts/mod_NotificationHistory.h"
+#include "alerts/mod_Popups.h"
+#include "alerts/mod_StatusNotices.h"
+#include "alerts/mod_Tones.h"
 #include "core/cClock.h"
 #include "core/cDesktop.h"
 #include "core/cErrorLog.h"
@@ -19,6 +26,9 @@
 #include "network/mod_Network_Protocol.h"
 #include "operations/mod_Admin.h"
 #include "operations/mod_NetworkUsage.h"
+#include "operations/mod_RemoteCommands.h"
+#include "presence/cFavoriteLookup.h"
+#include "presence/mod_LocalStatus.h"
 #include "presence/mod_LocationViews.h"
 #include "presence/mod_OwnPresence.h"
 
@@ -40,7 +50,8 @@ class Station : public QObject {
     Q_OBJECT
 public:
     // `seed`: for repeatable ids in tests; 0 for real ones.
-    Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, std::uint64_t seed = 0);
+    Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
+            std::uint64_t seed = 0);
 
     // Everything from the folders to the first window.
     void start();
@@ -93,10 +104,19 @@ public:
     NetworkMC network;
     NetworkUsage usage;
     Endpoints endpoints;
+    FavoriteLookup favorites;
     LocationViews views;
+    LocalStatus status;
     OwnPresence presence;
+    Tones tones;
+    Popups popups;
+    StatusNotices notices;
+    AlertBar alertBar;
+    NotificationHistory history;
+    AlertEngine alerts;
     Messages messages;
     Footer footer;
+    RemoteCommands commands;
 
     Timer tmrExit;
     Timer tmrUpdates;
@@ -104,6 +124,7 @@ public:
 private:
     void wire();
     void attachOrders();
+    void messageArrived(const ReceivedMessage& message);
     void checkForUpdates();
     void disableTimers();
     void writeProgramRecord();

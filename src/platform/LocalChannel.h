@@ -34,11 +34,14 @@ public:
     // `timeoutMs`.
     std::optional<QString> ask(const QString& request, int timeoutMs = 5000) const;
 
+    // A request that hands in a command: this and the command.
+    static inline const QString kCommand = QStringLiteral("command ");
     // Requests that the program itself makes.
     static inline const QString kBringUp = QStringLiteral("bring up");
     static inline const QString kLocations = QStringLiteral("locations");
 
 private:
+    bool somebodyListens() const;
     void accept();
     void readRequest(QLocalSocket* socket);
 

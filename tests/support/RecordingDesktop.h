@@ -3,7 +3,10 @@
 
 #include "core/cDesktop.h"
 
+#include <array>
+#include <cstdlib>
 #include <functional>
+#include <optional>
 
 namespace tessel {
 
@@ -25,6 +28,28 @@ public:
         calls += QStringLiteral("showWindow %1").arg(static_cast<int>(window));
     }
     void saveMainPlace() override { calls += QStringLiteral("saveMainPlace"); }
+    void showPopup(PopupId popup, const PopupContent& content) override {
+        calls += QStringLiteral("showPopup %1").arg(static_cast<int>(popup));
+        popups[static_cast<std::size_t>(popup)] = content;
+    }
+    void closePopup(PopupId popup) override {
+        calls += QStringLiteral("closePopup %1").arg(static_cast<int>(popup));
+        popups[static_cast<std::size_t>(popup)].reset();
+    }
+    // What is up at the moment.
+    std::array<std::optional<PopupContent>, kPopupCount> popups;
+    void showBalloon(const QString& title, const QString& text) override {
+        calls += QStringLiteral("showBalloon ") + title + u'|' + text;
+    }
+    bool shakeMain(int dx, int dy) override {
+        calls += QStringLiteral("shakeMain");
+        shaken += std::abs(dx) + std::abs(dy);
+        return true;
+    }
+    int shaken = 0;
+    void minimiseMain() override { calls += QStringLiteral("minimiseMain"); }
+    void restoreMain() override { calls += QStringLiteral("restoreMain"); }
+    void ResetScreenPosition() override { calls += QStringLiteral("ResetScreenPosition"); }
     void closePopups() override { calls += QStringLiteral("closePopups"); }
     void unloadForms() override { calls += QStringLiteral("unloadForms"); }
     void unloadMain() override { calls += QStringLiteral("unloadMain"); }

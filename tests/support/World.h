@@ -3,6 +3,7 @@
 
 #include "FakeNetwork.h"
 #include "RecordingDesktop.h"
+#include "RecordingSounds.h"
 #include "VirtualClock.h"
 #include "station.h"
 
@@ -26,6 +27,7 @@ public:
     SystemFacts facts;
     FakeLink link;
     RecordingDesktop desktop;
+    RecordingSounds sounds;
     std::unique_ptr<Station> station;
     Station* operator->() { return station.get(); }
 };
