@@ -26,11 +26,14 @@ std::int64_t EventLoopClock::localSeconds() const {
 }
 
 void EventLoopClock::wait(int ms) {
+    // The one who waits may be a tick, with the others still unannounced until it returns.
+    wakeAt(nextDeadline());
     QEventLoop loop;
     QTimer end;
     end.setSingleShot(true);
+    end.setTimerType(Qt::PreciseTimer); // a coarse one may end early
     QObject::connect(&end, &QTimer::timeout, &loop, &QEventLoop::quit);
-    end.start(ms);
+    end.start(std::max(0, ms));
     loop.exec();
 }
 

@@ -62,7 +62,8 @@ bool LocalChannel::claim() {
     }
     m_lock = std::make_unique<QLockFile>(m_path + QLatin1String(".lock"));
     m_lock->setStaleLockTime(0); // only a dead owner makes it stale, not a long run
-    if (!m_lock->tryLock(0) && m_lock->error() == QLockFile::LockFailedError) {
+    // A disk that takes no lock must not keep the first station from starting, nor let a second one in.
+    if (!m_lock->tryLock(0) && (m_lock->error() == QLockFile::LockFailedError || somebodyListens())) {
         return false;
     }
     // What a crashed station left is in the way of a new one.
@@ -73,6 +74,13 @@ bool LocalChannel::claim() {
     m_server->listen(m_path);
     connect(m_server.get(), &QLocalServer::newConnection, this, &LocalChannel::accept);
     return true;
+}
+
+bool LocalChannel::somebodyListens() const {
+    constexpr int kPatienceMs = 500;
+    QLocalSocket socket;
+    socket.connectToServer(m_path);
+    return socket.waitForConnected(kPatienceMs);
 }
 
 void LocalChannel::serve(Answer answer) {

@@ -1,5 +1,6 @@
 #include "platform/MulticastLink.h"
 
+#include <QElapsedTimer>
 #include <QHostAddress>
 #include <QNetworkInterface>
 
@@ -16,8 +17,10 @@ namespace {
 // The configured sizes are lower bounds: a queue of some kilobytes loses every burst. The kernel cuts
 // this down to what the user may have.
 constexpr int kWantedQueueBytes = 4 << 20;
-// After so many datagrams the windows get their turn, before the rest.
-constexpr int kDatagramsATurn = 4096;
+// After so long the windows get their turn, before the rest. A look at the clock costs a tenth of what
+// a keep-alive does, so not every datagram pays for one.
+constexpr qint64 kTurnMs = 20;
+constexpr unsigned kDatagramsALook = 8;
 constexpr int kFailuresInARow = 16;
 
 bool toAddress(const QString& text, in_addr& address) {
@@ -170,7 +173,12 @@ void MulticastLink::drain() {
     ++m_depth;
     const int socket = m_socket;
     int failures = 0;
-    for (int turn = 0; turn < kDatagramsATurn && m_socket == socket && socket >= 0; ++turn) {
+    QElapsedTimer turn;
+    turn.start();
+    for (unsigned count = 1; m_socket == socket && socket >= 0; ++count) {
+        if (count % kDatagramsALook == 0 && turn.hasExpired(kTurnMs)) {
+            break;
+        }
         const ssize_t size = ::recv(socket, buffer.data(), buffer.size(), 0);
         if (size >= 0) {
             failures = 0;

@@ -27,7 +27,11 @@ void handleWith(void (*handler)(int)) {
     action.sa_flags = SA_RESTART;
     sigemptyset(&action.sa_mask);
     for (const int number : kEndSignals) {
-        ::sigaction(number, &action, nullptr);
+        // Who started the process so that it outlives its terminal wants it so.
+        struct sigaction before {};
+        if (::sigaction(number, nullptr, &before) == 0 && before.sa_handler != SIG_IGN) {
+            ::sigaction(number, &action, nullptr);
+        }
     }
 }
 
@@ -51,6 +55,7 @@ EndSignals::EndSignals() : m_descriptor(::eventfd(0, EFD_NONBLOCK | EFD_CLOEXEC)
 EndSignals::~EndSignals() {
     if (m_descriptor >= 0) {
         handleWith(SIG_DFL);
+        g_descriptor = -1;
         ::close(m_descriptor);
     }
 }
