@@ -103,7 +103,7 @@ TEST(CatalogueOfTwo, PresencePassesBetweenScramblersAndOthers) {
     world.settle();
     EXPECT_EQ(world.locations(0), 2);
     EXPECT_EQ(world.locations(1), 2);
-    world[0]->presence.SetCustomStatus("In a meeting");
+    world[0]->status.SetCustomStatus("In a meeting");
     world[0]->presence.SetLocationNote("back soon");
     world.run(1);
     const ReportRecord& row = *world[1]->endpoints.records().find(world[0]->own.SID);

@@ -262,7 +262,7 @@ TEST_F(EndpointTable, OwnLocationIsListedButNotShownWhenTheUserHidesIt) {
     begin();
     EXPECT_EQ(world.locations(0), 1);
     EXPECT_EQ(me->views.rptEndpoints.count(), 0);
-    me->presence.SetCustomStatus("Away");
+    me->status.SetCustomStatus("Away");
     world.run(100);
     EXPECT_EQ(cell(EndpointItem::Status, kMe), "Away");
     EXPECT_EQ(me->views.rptEndpoints.count(), 0);

@@ -105,7 +105,7 @@ TEST_F(HomeList, AgesOfStatusesGrowWithEachKeepAlive) {
     EXPECT_EQ(viewRow()->tip(static_cast<int>(LocationItem::Status)), "Out: 10min");
     hear({.code = "XRKA", .presence = presence("Out")});
     EXPECT_EQ(shown(LocationItem::Status), "Out: 10min") << "without a time there is no age";
-    me->presence.SetCustomStatus("Mine");
+    me->status.SetCustomStatus("Mine");
     world.run(60 * 10);
     EXPECT_EQ(shown(LocationItem::Status, kMe), "Mine: 9min") << "the own row at each pass";
 }

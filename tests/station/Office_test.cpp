@@ -68,7 +68,7 @@ TEST(Office, EveryStationListsEveryOther) {
     world.run(10);
     expectComplete(world);
     world[2]->presence.SetLocationNote("gone fishing");
-    world[2]->presence.SetCustomStatus("Out");
+    world[2]->status.SetCustomStatus("Out");
     world[2]->presence.Set_StaffTag(34);
     world.run(1);
     expectComplete(world);
@@ -136,10 +136,10 @@ TEST(Office, StormsLeaveEveryListSound) {
             const QString target = other->own.SID + ValueMark;
             switch (random() % 10) {
             case 0:
-                one->presence.SetCustomStatus(QStringLiteral("Status %1").arg(step));
+                one->status.SetCustomStatus(QStringLiteral("Status %1").arg(step));
                 break;
             case 1:
-                one->presence.TurnOffStatus();
+                one->status.TurnOffStatus();
                 break;
             case 2:
                 one->presence.SetLocationNote(QString(random() % 8, u'n'));
