@@ -1,5 +1,7 @@
 #include "frmDesktop.h"
 
+#include "alerts/frmGlobalDoorBell.h"
+#include "alerts/frmNotifications.h"
 #include "core/cWindowRegistry.h"
 #include "core/mod_FileTools.h"
 #include "dialogs/frmWelcome.h"
@@ -7,12 +9,14 @@
 #include "network/frmAdapters.h"
 #include "network/frmEndpoints.h"
 #include "operations/frmNetworkInfo.h"
+#include "presence/frmSetStatus.h"
 #include "station.h"
 
 #include <QApplication>
 #include <QDesktopServices>
 #include <QEvent>
 #include <QIcon>
+#include <QMessageBox>
 #include <QProcess>
 #include <QTimer>
 #include <QUrl>
@@ -44,6 +48,18 @@ template <typename Form> void showDialog(QPointer<Form>& dialog, Station& statio
     raiseWindow(*dialog);
 }
 
+// Until there is a page for them, the texts of the quick statuses are edited in their file.
+void tellOfStatusFile(Station& station) {
+    auto* const box = new QMessageBox(QMessageBox::Information, kProductName,
+                                      QObject::tr("This quick status has no text yet.\n"
+                                                  "The texts stand in %1 and are read at the start.")
+                                          .arg(station.folders.dataFile(kStatusFile)),
+                                      QMessageBox::Ok, QApplication::activeWindow());
+    box->setTextFormat(Qt::PlainText);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
 // Gives the program its icon once the first window is painted: what draws the picture is a library
 // of its own, and the user waits for the window, not for the icon.
 class IconAfterFirstPaint : public QObject {
@@ -68,11 +84,20 @@ public:
 FormDesktop::FormDesktop(WindowRegistry& registry) : m_registry(registry) {}
 
 FormDesktop::~FormDesktop() {
+    m_popups.reset();
+    delete m_notifications;
+    delete m_globalDoorBell;
+    delete m_setStatus;
     delete m_adapters;
     delete m_information;
     delete m_endpoints;
     delete m_welcome;
     delete m_main;
+}
+
+void FormDesktop::setStation(Station& station) {
+    m_station = &station;
+    m_popups = std::make_unique<PopupWindows>(station);
 }
 
 frmMain* FormDesktop::mainWindow() const {
@@ -115,6 +140,61 @@ void FormDesktop::showWindow(WindowId window) {
     case WindowId::NetworkInfo:
         showDialog(m_information, *m_station);
         break;
+    case WindowId::SetStatus:
+        showDialog(m_setStatus, *m_station);
+        break;
+    case WindowId::StatusOptions:
+        tellOfStatusFile(*m_station);
+        break;
+    case WindowId::Notifications:
+        if (!m_notifications) {
+            m_notifications = new frmNotifications(*m_station);
+        }
+        raiseWindow(*m_notifications);
+        break;
+    case WindowId::GlobalDoorBell:
+        showDialog(m_globalDoorBell, *m_station);
+        break;
+    }
+}
+
+void FormDesktop::showPopup(PopupId popup, const PopupContent& content) {
+    m_popups->show(popup, content);
+}
+
+void FormDesktop::closePopup(PopupId popup) {
+    m_popups->close(popup);
+}
+
+void FormDesktop::closePopups() {
+    m_popups->closeAll();
+}
+
+void FormDesktop::showBalloon(const QString&, const QString& text) {
+    if (m_main) {
+        m_main->showNote(text);
+    }
+}
+
+bool FormDesktop::shakeMain(int dx, int dy) {
+    return m_main && m_main->shake(QPoint(dx, dy));
+}
+
+void FormDesktop::minimiseMain() {
+    if (m_main) {
+        m_main->showMinimized();
+    }
+}
+
+void FormDesktop::restoreMain() {
+    if (m_main) {
+        m_main->showNormal();
+    }
+}
+
+void FormDesktop::ResetScreenPosition() {
+    if (m_main) {
+        m_main->resetPlace();
     }
 }
 

@@ -1,9 +1,12 @@
 // The desktop of the engines, made of the real windows.
 #pragma once
 
+#include "alerts/frmPopups.h"
 #include "core/cDesktop.h"
 
 #include <QPointer>
+
+#include <memory>
 
 namespace tessel {
 
@@ -12,7 +15,10 @@ class WindowRegistry;
 class frmAdapters;
 class frmEndpoints;
 class frmMain;
+class frmGlobalDoorBell;
 class frmNetworkInfo;
+class frmNotifications;
+class frmSetStatus;
 class frmWelcome;
 
 // Builds each window when it is first asked for, and keeps it.
@@ -22,7 +28,7 @@ public:
     ~FormDesktop() override;
 
     // The station that the windows show. Must be called before any window is asked for.
-    void setStation(Station& station) { m_station = &station; }
+    void setStation(Station& station);
     // nullptr until it is first shown.
     frmMain* mainWindow() const;
 
@@ -31,7 +37,14 @@ public:
     void bringUp() override;
     void showWindow(WindowId window) override;
     void saveMainPlace() override;
-    void closePopups() override {}
+    void showPopup(PopupId popup, const PopupContent& content) override;
+    void closePopup(PopupId popup) override;
+    void closePopups() override;
+    void showBalloon(const QString& title, const QString& text) override;
+    bool shakeMain(int dx, int dy) override;
+    void minimiseMain() override;
+    void restoreMain() override;
+    void ResetScreenPosition() override;
     void unloadForms() override;
     void unloadMain() override;
     void SetAutoStart(bool on) override;
@@ -46,6 +59,10 @@ private:
     QPointer<frmEndpoints> m_endpoints;
     QPointer<frmAdapters> m_adapters;
     QPointer<frmNetworkInfo> m_information;
+    QPointer<frmSetStatus> m_setStatus;
+    QPointer<frmGlobalDoorBell> m_globalDoorBell;
+    QPointer<frmNotifications> m_notifications;
+    std::unique_ptr<PopupWindows> m_popups;
 };
 
 } // namespace tessel

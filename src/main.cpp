@@ -9,6 +9,7 @@
 #include "platform/MulticastLink.h"
 #include "platform/Registry.h"
 #include "platform/Signals.h"
+#include "platform/SoundPlayer.h"
 #include "platform/StartTrace.h"
 #include "station.h"
 
@@ -38,6 +39,10 @@ int setUpFolders(int argc, char** argv) {
 }
 
 QString answer(const QString& request, Station& station, Desktop& desktop) {
+    if (request.startsWith(LocalChannel::kCommand)) {
+        const bool accepted = station.commands.execute(request.sliced(LocalChannel::kCommand.size()));
+        return accepted ? QStringLiteral("accepted") : QString();
+    }
     if (request == LocalChannel::kBringUp) {
         desktop.bringUp();
     } else if (request == LocalChannel::kLocations) {
@@ -70,8 +75,9 @@ int main(int argc, char** argv) {
     EventLoopClock clock;
     MulticastLink link;
     Registry registry;
+    SoundPlayer sounds;
     FormDesktop desktop(registry);
-    Station station(facts, clock, link, desktop);
+    Station station(facts, clock, link, desktop, sounds);
     desktop.setStation(station);
 
     const EndSignals endSignals;

@@ -1,5 +1,6 @@
 #include "mainwindow/frmMain.h"
 
+#include "controls/MessageBar.h"
 #include "controls/PromptEdit.h"
 #include "controls/ReportControl.h"
 #include "controls/ScreenPlacement.h"
@@ -21,17 +22,21 @@ const QString kFormName = QStringLiteral("frmMain");
 constexpr QSize kFirstSize(460, 560);
 constexpr QSize kLeastSize(280, 240);
 constexpr int kGrid = 8;
+constexpr int kNoteMs = 15000;
 } // namespace
 
 frmMain::frmMain(Station& station, WindowRegistry& registry)
     : m_station(station), m_registry(registry), m_search(new PromptEdit(QStringLiteral("Search"), this)),
-      m_home(new ReportControl(this)), m_footer(new QLabel(this)) {
+      m_home(new ReportControl(this)), m_footer(new QLabel(this)),
+      m_alertBar(new MessageBar(MessageBar::Accent::Alert, this)),
+      m_statusBar(new MessageBar(MessageBar::Accent::Status, this)) {
     setObjectName(kFormName);
     setWindowTitle(kProductName);
     setMinimumSize(kLeastSize);
     createMenus();
     createHomeList();
     createFooter();
+    createBars();
     restorePlace();
     m_station.loadMain();
 
@@ -39,8 +44,10 @@ frmMain::frmMain(Station& station, WindowRegistry& registry)
     auto* const layout = new QVBoxLayout(centre);
     layout->setContentsMargins(kGrid, kGrid, kGrid, 0);
     layout->setSpacing(kGrid);
+    layout->addWidget(m_statusBar);
     layout->addWidget(m_search);
     layout->addWidget(m_home, 1);
+    layout->addWidget(m_alertBar);
     setCentralWidget(centre);
     m_home->setFocus();
 }
@@ -53,6 +60,21 @@ void frmMain::createMenus() {
     program->addSeparator();
     program->addAction(tr("Mi&nimise"), this, &QWidget::showMinimized);
     program->addAction(tr("E&xit"), QKeySequence::Quit, this, [this] { m_station.tmrExit.setEnabled(true); });
+
+    QMenu* const status = menuBar()->addMenu(tr("S&tatus"));
+    status->addAction(tr("&My Status…"), QKeySequence(Qt::CTRL | Qt::Key_M), this,
+                      [this] { m_station.desktop().showWindow(WindowId::SetStatus); });
+    QAction* const quiet =
+        status->addAction(tr("&Do Not Disturb"), this, [this] { m_station.status.SetDND(); });
+    quiet->setCheckable(true);
+    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, quiet,
+            [this, quiet] { quiet->setChecked(m_station.own.doNotDisturb); });
+
+    QMenu* const alerts = menuBar()->addMenu(tr("&Alerts"));
+    alerts->addAction(tr("&Ring Doorbell…"), QKeySequence(Qt::CTRL | Qt::Key_D), this,
+                      [this] { m_station.desktop().showWindow(WindowId::GlobalDoorBell); });
+    alerts->addAction(tr("&Notifications"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), this,
+                      [this] { m_station.desktop().showWindow(WindowId::Notifications); });
 
     QMenu* const network = menuBar()->addMenu(tr("&Network"));
     network->addAction(tr("&Refresh"), QKeySequence::Refresh, this, [this] { m_station.network.Announce(); });
@@ -98,6 +120,33 @@ void frmMain::createFooter() {
     showFooter();
 }
 
+void frmMain::createBars() {
+    m_alertBar->setObjectName(QStringLiteral("AlertBar"));
+    m_alertBar->setButton(QStringLiteral("Close"), tr("Close the alert"));
+    m_statusBar->setObjectName(QStringLiteral("MyStatusBar"));
+    m_statusBar->setButton(QStringLiteral("Turn Off"), QStringLiteral("Turn Off Status Message"));
+    connect(m_alertBar, &MessageBar::buttonClicked, &m_station.alertBar, &AlertBar::TurnOff_AlertBar);
+    connect(m_statusBar, &MessageBar::buttonClicked, &m_station.status, &LocalStatus::TurnOffStatus);
+    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showBars);
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showBars);
+    showBars();
+}
+
+void frmMain::showBars() {
+    BarContent alert;
+    if (m_station.alertBar.AlertBarShown()) {
+        const AlertBar::Content& content = m_station.alertBar.content();
+        alert = {m_images.image(content.iconId, palette()), content.title, content.text, content.time,
+                 u'(' + content.name + u')'};
+    }
+    m_alertBar->setContent(alert);
+    BarContent own;
+    if (!m_station.status.messageBar().isEmpty()) {
+        own = {{}, QStringLiteral("My Status:"), m_station.status.messageBar(), {}, {}};
+    }
+    m_statusBar->setContent(own);
+}
+
 void frmMain::showFooter() {
     const Footer& footer = m_station.footer;
     m_footer->setText(footer.text());
@@ -109,6 +158,28 @@ void frmMain::restorePlace() {
     const QRect place = placedOnScreens(m_registry.GetFormPos(kFormName), size, freeScreenAreas());
     resize(place.size());
     move(place.topLeft());
+}
+
+void frmMain::resetPlace() {
+    const QRect place = placedOnScreens(std::nullopt, kFirstSize, freeScreenAreas());
+    showNormal();
+    resize(place.size());
+    move(place.topLeft());
+    savePlace();
+}
+
+void frmMain::showNote(const QString& text) {
+    statusBar()->showMessage(text, kNoteMs);
+}
+
+bool frmMain::shake(QPoint offset) {
+    if (isMinimized() || !isVisible() || isMaximized()) {
+        return false;
+    }
+    const QPoint rest = m_rest.value_or(pos());
+    move(rest + offset);
+    m_rest = offset.isNull() ? std::nullopt : std::optional(rest);
+    return true;
 }
 
 void frmMain::savePlace() {

@@ -1,4 +1,5 @@
-// The small client of a running station.
+// The small client of a running station: hands it one command.
+#include "operations/mod_RemoteCommands.h"
 #include "platform/Facts.h"
 #include "platform/LocalChannel.h"
 
@@ -8,28 +9,47 @@
 
 namespace {
 
-constexpr char kHelp[] = "Usage: tslapp --locations   print what the running station of this user sees\n"
-                         "       tslapp --help\n";
+using namespace tessel;
+
+constexpr int kHandedOver = 0;
+constexpr int kNoStation = 1;
+constexpr int kWrongUse = 2;
+
+void printHelp(FILE* out) {
+    std::fputs("Usage: tslapp COMMAND\n"
+               "Hands a command to the station that runs for this user.\n\n"
+               "Commands:\n",
+               out);
+    for (const QString& line : RemoteCommands::help()) {
+        std::fprintf(out, "  %s\n", line.toLocal8Bit().constData());
+    }
+    std::fputs("  --locations     print what the running station sees\n"
+               "  --help          this text\n\n"
+               "An argument cannot hold a colon. Returns 0 when the command was handed over, 1 when no\n"
+               "station runs.\n",
+               out);
+}
 
 } // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    const QStringList arguments = QCoreApplication::arguments();
-    if (arguments.size() != 2 || arguments.at(1) == QLatin1String("--help")) {
-        std::fputs(kHelp, arguments.size() == 2 ? stdout : stderr);
-        return arguments.size() == 2 ? 0 : 2;
+    const QString command = QCoreApplication::arguments().mid(1).join(u' ');
+    if (command == QLatin1String("--help")) {
+        printHelp(stdout);
+        return kHandedOver;
     }
-    if (arguments.at(1) != QLatin1String("--locations")) {
-        std::fputs(kHelp, stderr);
-        return 2;
+    const bool locations = command == QLatin1String("--locations");
+    if (!locations && !command.startsWith(u'/')) {
+        printHelp(stderr);
+        return kWrongUse;
     }
-    const auto answer =
-        tessel::LocalChannel(tessel::systemFacts()).ask(tessel::LocalChannel::kLocations);
+    const LocalChannel channel(systemFacts());
+    const auto answer = channel.ask(locations ? LocalChannel::kLocations : LocalChannel::kCommand + command);
     if (!answer.has_value()) {
-        std::fputs("tslapp: no station is running\n", stderr);
-        return 1;
+        std::fputs("tslapp: no station is running for this user\n", stderr);
+        return kNoStation;
     }
-    std::fputs(answer->toUtf8().constData(), stdout);
-    return 0;
+    std::fputs(answer->toLocal8Bit().constData(), stdout);
+    return kHandedOver;
 }

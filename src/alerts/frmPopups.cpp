@@ -1,0 +1,83 @@
+#include "alerts/frmPopups.h"
+
+#include "controls/PopupControl.h"
+#include "controls/ScreenPlacement.h"
+#include "station.h"
+
+#include <QGuiApplication>
+
+namespace tessel {
+
+namespace {
+
+PopupLook lookOf(const PopupContent& content, const Images& images) {
+    PopupLook look;
+    const bool urgent = content.theme == PopupTheme::Urgent;
+    look.frameFrom = QColor(50, 50, 255);
+    look.frameTo = QColor(255, 255, 255);
+    look.bodyFrom = urgent ? QColor(250, 16, 85) : QColor(70, 70, 250);
+    look.bodyTo = QColor(200, 200, 200);
+    look.messageLayout = content.theme == PopupTheme::Message;
+    look.caption = look.messageLayout ? content.label : content.caption;
+    look.label = look.messageLayout ? QString() : content.label;
+    look.text = content.text;
+    look.time = content.time;
+    look.icon = images.image(content.icon, QGuiApplication::palette());
+    look.fontSize = content.fontSize;
+    look.movable = content.movable;
+    look.opacity = content.opacity;
+    look.turnOffButton = !look.messageLayout;
+    look.optionsButton = look.messageLayout;
+    return look;
+}
+
+} // namespace
+
+PopupWindows::PopupWindows(Station& station) : m_station(station) {}
+
+PopupWindows::~PopupWindows() = default;
+
+PopupControl& PopupWindows::window(PopupId popup) {
+    std::unique_ptr<PopupControl>& window = m_windows[static_cast<std::size_t>(popup)];
+    if (!window) {
+        window = std::make_unique<PopupControl>();
+        Popups& engine = m_station.popups;
+        const auto click = [&engine, popup](PopupItem item) {
+            return [&engine, popup, item] { engine.clicked(popup, item); };
+        };
+        QObject::connect(window.get(), &PopupControl::closeClicked, &engine, click(PopupItem::Close));
+        QObject::connect(window.get(), &PopupControl::textClicked, &engine, click(PopupItem::Text));
+        QObject::connect(window.get(), &PopupControl::turnOffClicked, &engine, click(PopupItem::TurnOff));
+        QObject::connect(window.get(), &PopupControl::optionsClicked, &engine, click(PopupItem::Options));
+        QObject::connect(window.get(), &PopupControl::moved, &engine,
+                         [&engine, popup](QPoint place) { engine.moved(popup, place); });
+    }
+    return *window;
+}
+
+void PopupWindows::show(PopupId popup, const PopupContent& content) {
+    PopupControl& shown = window(popup);
+    const PopupLook look = lookOf(content, m_images);
+    // A stored place may lie on a screen that is not there today.
+    const QList<QRect> areas = freeScreenAreas();
+    const QRect main = areas.isEmpty() ? QRect() : areas.first();
+    const QSize size = shown.sizeFor(look, main);
+    const QPoint wanted = content.place.value_or(PopupControl::defaultPlace(size, main));
+    shown.show(look, placedOnScreens(wanted, size, areas).topLeft());
+}
+
+void PopupWindows::close(PopupId popup) {
+    if (const auto& shown = m_windows[static_cast<std::size_t>(popup)]; shown) {
+        shown->hide();
+    }
+}
+
+void PopupWindows::closeAll() {
+    for (const auto& shown : m_windows) {
+        if (shown) {
+            shown->hide();
+        }
+    }
+}
+
+} // namespace tessel

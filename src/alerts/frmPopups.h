@@ -1,0 +1,35 @@
+// The three popups as real windows.
+#pragma once
+
+#include "controls/Images.h"
+#include "core/cPopup.h"
+
+#include <QRect>
+
+#include <array>
+#include <memory>
+
+namespace tessel {
+
+class PopupControl;
+class Station;
+
+// A popup is built when it is first shown, and kept.
+class PopupWindows {
+public:
+    explicit PopupWindows(Station& station);
+    ~PopupWindows();
+
+    void show(PopupId popup, const PopupContent& content);
+    void close(PopupId popup);
+    void closeAll();
+
+private:
+    PopupControl& window(PopupId popup);
+
+    Station& m_station;
+    Images m_images;
+    std::array<std::unique_ptr<PopupControl>, kPopupCount> m_windows;
+};
+
+} // namespace tessel
