@@ -4,7 +4,6 @@
 #include "core/cDesktop.h"
 
 #include <array>
-#include <cstdlib>
 #include <functional>
 #include <optional>
 
@@ -43,10 +42,13 @@ public:
     }
     bool shakeMain(int dx, int dy) override {
         calls += QStringLiteral("shakeMain");
-        shaken += std::abs(dx) + std::abs(dy);
-        return true;
+        shakenTo = minimised ? QPoint() : QPoint(dx, dy);
+        shaken += shakenTo.manhattanLength();
+        return !minimised;
     }
-    int shaken = 0;
+    bool minimised = false;
+    int shaken = 0;  // pixels of all shakes together
+    QPoint shakenTo; // how far the window is from its place
     void minimiseMain() override { calls += QStringLiteral("minimiseMain"); }
     void restoreMain() override { calls += QStringLiteral("restoreMain"); }
     void ResetScreenPosition() override { calls += QStringLiteral("ResetScreenPosition"); }

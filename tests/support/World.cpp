@@ -50,6 +50,17 @@ QByteArray WorldStation::fileBytes(const QString& name) const {
     return bytes;
 }
 
+void WorldStation::addTones() {
+    const QString folder = facts.programFolder + QLatin1String("Sounds/");
+    for (const char* const name :
+         {"DoorbellOne", "DoorbellAll", "Phone", "Urgent", "SingleMsg", "AllMsg", "Status", "Sent", "Startup"}) {
+        replaceFile(folder + QLatin1String(name) + QLatin1String(".wav"), "RIFF");
+    }
+    for (int tone = 1; tone <= 9; ++tone) {
+        replaceFile(folder + QStringLiteral("Favorites/%1A.wav").arg(tone), "RIFF");
+    }
+}
+
 World::World(int stations) {
     for (int number = 1; number <= stations; ++number) {
         m_stations.push_back(std::make_unique<WorldStation>(

@@ -23,6 +23,8 @@ public:
     void set(const QString& file, const QString& section, const QString& key, const QString& value);
     QString get(const QString& file, const QString& section, const QString& key) const;
     QByteArray fileBytes(const QString& name) const;
+    // Puts the files of all fixed tones, and of favorite tones 1 to 9, beside the program.
+    void addTones();
 
     SystemFacts facts;
     FakeLink link;
