@@ -1,0 +1,405 @@
+// Sounds without a device to hear them: what is played, that nothing waits for it, and that no file
+// can hurt.
+#include "platform/SoundPlayer.h"
+#include "platform/sound/WaveSound.h"
+#include "waiting.h"
+
+#include <QCoreApplication>
+#include <QDir>
+#include <QElapsedTimer>
+#include <QFile>
+#include <QProcess>
+#include <QTemporaryDir>
+#include <QTimer>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <algorithm>
+#include <csignal>
+#include <functional>
+#include <string>
+#include <sys/socket.h>
+#include <sys/stat.h>
+#include <sys/un.h>
+#include <unistd.h>
+
+using namespace tessel;
+using testing::ElementsAre;
+
+namespace {
+
+// A number with its lowest byte first.
+std::string bytes(std::uint64_t value, int count) {
+    std::string text;
+    for (int i = 0; i < count; ++i) {
+        text += static_cast<char>(value >> (8 * i) & 0xFFU);
+    }
+    return text;
+}
+
+std::string part(const std::string& name, const std::string& content, std::int64_t size = -1) {
+    return name + bytes(size < 0 ? content.size() : static_cast<std::uint64_t>(size), 4) + content +
+           std::string(content.size() % 2, '\0');
+}
+
+struct Header {
+    unsigned kind = 1;
+    unsigned channels = 1;
+    unsigned rate = 22050;
+    unsigned bits = 16;
+    std::string more{};
+
+    std::string chunk() const {
+        const unsigned frame = channels * bits / 8;
+        return part("fmt ", bytes(kind, 2) + bytes(channels, 2) + bytes(rate, 4) +
+                                bytes(std::uint64_t{rate} * frame, 4) + bytes(frame, 2) + bytes(bits, 2) +
+                                more);
+    }
+};
+
+std::string wave(const std::string& chunks) {
+    return "RIFF" + bytes(chunks.size() + 4, 4) + "WAVE" + chunks;
+}
+
+std::vector<std::int16_t> samples(const std::string& file) {
+    return decodeWave(file).value_or(PcmSound{}).samples;
+}
+
+const std::string kTwoSamples = bytes(1000, 2) + bytes(0xFFFF, 2); // 1000 and -1
+
+} // namespace
+
+TEST(WaveSound, KindsOfFilesThatPeopleHave) {
+    EXPECT_THAT(samples(wave(Header{}.chunk() + part("data", kTwoSamples))), ElementsAre(1000, -1));
+    // A comment of an odd size before the samples, and anything after them.
+    EXPECT_THAT(samples(wave(part("LIST", "odd") + Header{}.chunk() + part("junk", "12345") +
+                             part("data", kTwoSamples) + "tail")),
+                ElementsAre(1000, -1));
+    EXPECT_THAT(samples(wave(Header{.bits = 8}.chunk() + part("data", std::string("\x80\xFF\x00", 3)))),
+                ElementsAre(0, 32512, -32768));
+    EXPECT_THAT(
+        samples(wave(Header{.bits = 24}.chunk() + part("data", bytes(0x7FFFFF, 3) + bytes(0x800000, 3)))),
+        ElementsAre(32767, -32768));
+    EXPECT_THAT(samples(wave(Header{.bits = 32}.chunk() + part("data", bytes(0x80000000, 4)))),
+                ElementsAre(-32768));
+    const std::string subformat =
+        bytes(22, 2) + bytes(16, 2) + bytes(3, 4) + bytes(1, 2) + std::string(14, 'g');
+    EXPECT_THAT(samples(wave(Header{.kind = 0xFFFE, .more = subformat}.chunk() + part("data", kTwoSamples))),
+                ElementsAre(1000, -1));
+
+    const auto surround = decodeWave(
+        wave(Header{.channels = 6, .rate = 48000}.chunk() + part("data", kTwoSamples + std::string(8, 'x'))));
+    ASSERT_TRUE(surround.has_value());
+    EXPECT_EQ(surround->channels, 2);
+    EXPECT_EQ(surround->rate, 48000);
+    EXPECT_THAT(surround->samples, ElementsAre(1000, -1));
+}
+
+TEST(WaveSound, ForeignAndBrokenFilesAreSilent) {
+    const std::string data = part("data", kTwoSamples);
+    const std::string silent[] = {
+        "",
+        "RIFF",
+        std::string(4096, '\0'),
+        "OggS" + std::string(100, 'x'),
+        wave(""),
+        wave(data),
+        wave(data + Header{}.chunk()),
+        wave(Header{}.chunk()),
+        wave(Header{}.chunk() + part("data", "")),
+        wave(Header{}.chunk() + part("data", "x")),
+        wave(part("fmt ", "short") + data),
+        wave(Header{.kind = 2}.chunk() + data),
+        wave(Header{.kind = 0x55}.chunk() + data),
+        wave(Header{.kind = 0xFFFE}.chunk() + data),
+        wave(Header{.channels = 0}.chunk() + data),
+        wave(Header{.channels = 65535}.chunk() + data),
+        wave(Header{.rate = 0}.chunk() + data),
+        wave(Header{.rate = 4294967295U}.chunk() + data),
+        wave(Header{.bits = 0}.chunk() + data),
+        wave(Header{.bits = 12}.chunk() + data),
+        wave(Header{.bits = 64}.chunk() + data),
+    };
+    for (std::size_t i = 0; i < std::size(silent); ++i) {
+        EXPECT_FALSE(decodeWave(silent[i]).has_value()) << i;
+    }
+}
+
+TEST(WaveSound, TornFilesGiveWhatIsThere) {
+    const std::string whole = wave(Header{}.chunk() + part("data", kTwoSamples));
+    for (std::size_t size = 0; size < whole.size(); ++size) {
+        EXPECT_LE(samples(whole.substr(0, size)).size(), 1U) << size;
+    }
+    EXPECT_THAT(samples(wave(Header{}.chunk() + part("data", kTwoSamples, 0xFFFFFFFF))),
+                ElementsAre(1000, -1));
+    EXPECT_THAT(samples(wave(Header{}.chunk() + part("data", kTwoSamples, 2))), ElementsAre(1000));
+    // A chunk that claims to reach beyond the end, and a hundred thousand that claim nothing.
+    EXPECT_TRUE(samples(wave(Header{}.chunk() + part("LIST", "x", 0xFFFFFFFE))).empty());
+    std::string empties;
+    for (int i = 0; i < 100000; ++i) {
+        empties += part("LIST", "");
+    }
+    EXPECT_THAT(samples(wave(empties + Header{}.chunk() + part("data", kTwoSamples))), ElementsAre(1000, -1));
+}
+
+TEST(WaveSound, NoAlertLastsForEver) {
+    const auto sound = decodeWave(
+        wave(Header{.rate = 4000, .bits = 8}.chunk() + part("data", std::string(4U << 20U, '\x90'))));
+    ASSERT_TRUE(sound.has_value());
+    EXPECT_EQ(sound->milliseconds(), kMaxSoundMs);
+    EXPECT_EQ(plainTone(850, 2000000000)->milliseconds(), kMaxSoundMs);
+}
+
+TEST(WaveSound, PlainTone) {
+    const auto tone = plainTone(850, 650);
+    ASSERT_TRUE(tone.has_value());
+    EXPECT_NEAR(tone->milliseconds(), 650, 1);
+    int risings = 0;
+    int step = 0;
+    for (std::size_t i = 1; i < tone->samples.size(); ++i) {
+        risings += tone->samples[i - 1] < 0 && tone->samples[i] >= 0 ? 1 : 0;
+        step = std::max(step, std::abs(tone->samples[i] - tone->samples[i - 1]));
+    }
+    EXPECT_NEAR(risings, 850 * .65, 2);
+    const auto [lowest, highest] = std::minmax_element(tone->samples.begin(), tone->samples.end());
+    EXPECT_GT(*highest, 8000) << "can be heard";
+    EXPECT_LT(*highest, 24000) << "and hurts nobody";
+    EXPECT_LT(step, *highest / 4) << "no click";
+    EXPECT_EQ(tone->samples.front(), 0);
+    EXPECT_EQ(tone->samples.back(), 0);
+
+    for (const auto& [hertz, ms] : {std::pair{850, 0}, {0, 650}, {-850, 650}, {850, -1}, {30000, 650}}) {
+        EXPECT_FALSE(plainTone(hertz, ms).has_value()) << hertz << ' ' << ms;
+    }
+    EXPECT_TRUE(plainTone(20000, 1).has_value());
+}
+
+// The tones that come with the program, as they stand beside it.
+TEST(WaveSound, TonesOfTheProgram) {
+    const QDir folder(QCoreApplication::applicationDirPath() + "/Sounds");
+    QStringList names{"DoorbellOne", "DoorbellAll", "Phone", "Urgent", "SingleMsg",
+                      "AllMsg",      "Status",      "Sent",  "Startup"};
+    for (int number = 1; number <= 12; ++number) {
+        names += QStringLiteral("Favorites/%1A").arg(number);
+    }
+    for (const QString& name : names) {
+        SCOPED_TRACE(name.toStdString());
+        QFile file(folder.filePath(name + ".wav"));
+        ASSERT_TRUE(file.open(QIODevice::ReadOnly));
+        const auto sound = decodeWave(file.readAll().toStdString());
+        ASSERT_TRUE(sound.has_value());
+        EXPECT_GE(sound->milliseconds(), 299);
+        EXPECT_LE(sound->milliseconds(), 2000);
+        const auto [lowest, highest] = std::minmax_element(sound->samples.begin(), sound->samples.end());
+        EXPECT_GT(*highest, 6000) << "can be heard";
+        EXPECT_LT(std::max<int>(*highest, -*lowest), 23300) << "leaves 3 dB";
+        EXPECT_LT(std::abs(sound->samples.front()) + std::abs(sound->samples.back()), 10) << "no click";
+    }
+}
+
+namespace {
+
+// A player in the place of the true one. It writes down its number and what it is to play.
+class StandInPlayer : public testing::Test {
+protected:
+    struct Call {
+        pid_t process;
+        QStringList arguments;
+    };
+
+    void SetUp() override {
+        QFile script(program);
+        ASSERT_TRUE(script.open(QIODevice::WriteOnly));
+        // One write a call, so that no reader sees half of one.
+        script.write("#!/bin/sh\nline=$$\nfor word; do line=\"$line|$word\"; done\n"
+                     "echo \"$line\" >> '" +
+                     log.toUtf8() + "'\n[ \"$2\" = short ] || exec sleep 20\n");
+        script.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    }
+    std::vector<Call> calls() const {
+        QFile file(log);
+        if (!file.open(QIODevice::ReadOnly)) {
+            return {};
+        }
+        std::vector<Call> calls;
+        for (const QString& line : QString::fromUtf8(file.readAll()).split(u'\n', Qt::SkipEmptyParts)) {
+            const QStringList words = line.split(u'|');
+            calls.push_back({words.first().toInt(), words.mid(1)});
+        }
+        return calls;
+    }
+    // Ended, and seen to have ended: nothing of it is left.
+    static bool isGone(pid_t process) { return ::kill(process, 0) != 0; }
+
+    QTemporaryDir folder;
+    const QString program = folder.filePath("a player");
+    const QString log = folder.filePath("log");
+    SoundPlayer player{program};
+};
+
+} // namespace
+
+TEST_F(StandInPlayer, NewSoundCutsOffTheOld) {
+    player.play("/some folder/D\u00FCr -one\".wav");
+    ASSERT_TRUE(waitUntil([this] { return calls().size() == 1; }));
+    EXPECT_THAT(calls()[0].arguments, ElementsAre("play", "/some folder/D\u00FCr -one\".wav"));
+    EXPECT_FALSE(isGone(calls()[0].process));
+
+    player.beep(850, 650);
+    ASSERT_TRUE(waitUntil([this] { return calls().size() == 2; }));
+    EXPECT_THAT(calls()[1].arguments, ElementsAre("beep", "850", "650"));
+    EXPECT_TRUE(waitUntil([this] { return isGone(calls()[0].process); }));
+    EXPECT_FALSE(isGone(calls()[1].process));
+}
+
+TEST_F(StandInPlayer, SoundThatEndedLeavesNothing) {
+    player.play("short");
+    ASSERT_TRUE(waitUntil([this] { return calls().size() == 1; }));
+    EXPECT_TRUE(waitUntil([this] { return isGone(calls()[0].process); }));
+}
+
+TEST_F(StandInPlayer, EndOfTheProgramEndsTheSound) {
+    {
+        SoundPlayer other(program);
+        other.play("long");
+        ASSERT_TRUE(waitUntil([this] { return calls().size() == 1; }));
+    }
+    // Nobody is left to take the process back, but it has no command line once it has ended.
+    const QString commandLine = QStringLiteral("/proc/%1/cmdline").arg(calls()[0].process);
+    EXPECT_TRUE(waitUntil([&] {
+        QFile file(commandLine);
+        return !file.open(QIODevice::ReadOnly) || file.readAll().isEmpty();
+    }));
+}
+
+TEST_F(StandInPlayer, FloodOfSoundsIsOneSound) {
+    QElapsedTimer elapsed;
+    elapsed.start();
+    for (int i = 0; i < 10000; ++i) {
+        player.play(QStringLiteral("tone %1").arg(i));
+    }
+    EXPECT_LT(elapsed.elapsed(), 500);
+    ASSERT_TRUE(waitUntil([this] { return calls().size() == 1; }));
+    EXPECT_THAT(calls()[0].arguments, ElementsAre("play", "tone 9999"));
+    letPass();
+    EXPECT_EQ(calls().size(), 1U);
+
+    // A flood that goes on is heard while it does, and never by two players.
+    elapsed.restart();
+    for (int i = 0; elapsed.elapsed() < 600; ++i) {
+        player.play(QStringLiteral("again %1").arg(i));
+        QCoreApplication::processEvents();
+    }
+    letPass();
+    const std::vector<Call> all = calls();
+    EXPECT_GT(all.size(), 2U);
+    EXPECT_LT(all.size(), 40U);
+    EXPECT_TRUE(waitUntil([&] {
+        return std::count_if(all.begin(), all.end(),
+                             [](const Call& call) { return !isGone(call.process); }) == 1;
+    }));
+}
+
+TEST(SoundPlayer, WithoutPlayerThereIsSilence) {
+    const QTemporaryDir folder;
+    QFile broken(folder.filePath("broken"));
+    ASSERT_TRUE(broken.open(QIODevice::WriteOnly));
+    broken.write("no program");
+    broken.setPermissions(QFile::ReadOwner | QFile::ExeOwner);
+    broken.close();
+    for (const QString& program : {folder.filePath("none"), folder.path(), broken.fileName(), QString()}) {
+        SoundPlayer player(program);
+        for (int i = 0; i < 3; ++i) {
+            player.play("/tmp/x.wav");
+            letPass(35);
+        }
+        player.play(QString());
+        player.play(QStringLiteral("a") + QChar(0));
+    }
+}
+
+namespace {
+
+const QString& truePlayer() {
+    static const QString path = QCoreApplication::applicationDirPath() + "/tslsound";
+    return path;
+}
+
+// A sound server that takes every connection and says nothing.
+class HangingServer {
+public:
+    explicit HangingServer(const QString& path) : m_socket(::socket(AF_UNIX, SOCK_STREAM | SOCK_CLOEXEC, 0)) {
+        sockaddr_un address{};
+        address.sun_family = AF_UNIX;
+        const QByteArray name = QFile::encodeName(path);
+        std::copy_n(name.constData(), std::min<std::size_t>(name.size(), sizeof address.sun_path - 1),
+                    address.sun_path);
+        ok = ::bind(m_socket, reinterpret_cast<const sockaddr*>(&address), sizeof address) == 0 &&
+             ::listen(m_socket, 100) == 0;
+    }
+    ~HangingServer() { ::close(m_socket); }
+    HangingServer(const HangingServer&) = delete;
+    HangingServer& operator=(const HangingServer&) = delete;
+
+    bool ok = false;
+
+private:
+    int m_socket;
+};
+
+} // namespace
+
+// Libraries for sound wait up to half a minute for a server; clicks of the user must not.
+TEST(SoundPlayer, NobodyWaitsForTheSoundServer) {
+    ASSERT_TRUE(QFile::exists(truePlayer()));
+    const QTemporaryDir folder;
+    const HangingServer server(folder.filePath("hangs"));
+    ASSERT_TRUE(server.ok);
+    for (const char* name : {"hangs", "absent"}) {
+        qputenv("PULSE_SERVER", "unix:" + QFile::encodeName(folder.filePath(name)));
+        SoundPlayer player;
+        QTimer tick;
+        QElapsedTimer sinceTick;
+        qint64 longest = 0;
+        QObject::connect(&tick, &QTimer::timeout, [&] { longest = std::max(longest, sinceTick.restart()); });
+        tick.start(1);
+        sinceTick.start();
+        for (int i = 0; i < 20; ++i) {
+            QElapsedTimer call;
+            call.start();
+            player.beep(850, 100);
+            EXPECT_LT(call.elapsed(), 20);
+            letPass(40);
+        }
+        EXPECT_LT(longest, 200) << name;
+    }
+    qunsetenv("PULSE_SERVER");
+}
+
+TEST(SoundPlayer, FilesThatAreNoWaveFiles) {
+    ASSERT_TRUE(QFile::exists(truePlayer()));
+    const QTemporaryDir folder;
+    const auto path = [&](const char* name) { return folder.filePath(name); };
+    ASSERT_EQ(::mkfifo(qPrintable(path("pipe.wav")), 0600), 0);
+    ASSERT_TRUE(QFile::link("/dev/zero", path("endless.wav")));
+    ASSERT_TRUE(QDir(folder.path()).mkdir("folder.wav"));
+    QFile huge(path("huge.wav"));
+    ASSERT_TRUE(huge.open(QIODevice::WriteOnly) && huge.resize(qint64{2} << 30));
+    QFile empty(path("empty.wav"));
+    ASSERT_TRUE(empty.open(QIODevice::WriteOnly));
+
+    qputenv("PULSE_SERVER", "unix:/nonexistent");
+    for (const char* name : {"pipe.wav", "endless.wav", "folder.wav", "huge.wav", "empty.wav", "none.wav"}) {
+        QProcess process;
+        QElapsedTimer elapsed;
+        elapsed.start();
+        process.start(truePlayer(), {"play", path(name)});
+        ASSERT_TRUE(process.waitForFinished(10000)) << name;
+        EXPECT_EQ(process.exitStatus(), QProcess::NormalExit) << name;
+        EXPECT_EQ(process.exitCode(), 1) << name;
+        EXPECT_EQ(process.readAllStandardError(), "tslsound: nothing that can be played\n") << name;
+        EXPECT_LT(elapsed.elapsed(), 2000) << name;
+    }
+    qunsetenv("PULSE_SERVER");
+}
