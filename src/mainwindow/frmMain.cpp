@@ -137,7 +137,7 @@ void frmMain::showBars() {
     if (m_station.alertBar.AlertBarShown()) {
         const AlertBar::Content& content = m_station.alertBar.content();
         alert = {m_images.image(content.iconId, palette()), content.title, content.text, content.time,
-                 u'(' + content.name + u')'};
+                 content.name};
     }
     m_alertBar->setContent(alert);
     BarContent own;
