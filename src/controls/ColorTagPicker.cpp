@@ -15,6 +15,7 @@ constexpr int kColumns = 10;
 constexpr int kSwatch = 28;
 constexpr int kSpacing = 4;
 constexpr double kRounding = 5;
+constexpr int kNoneId = -2; // of the button for no colour; -1 is the group's own word for none
 
 // A round-cornered block of colour that is pressed when chosen.
 class Swatch : public QAbstractButton {
@@ -46,9 +47,10 @@ protected:
             // The mark says what the frame says, for those who tell colours badly.
             constexpr int kBright = 150;
             const QPointF c = outer.center();
-            painter.setPen(QPen(m_color.lightness() > kBright ? Qt::black : Qt::white, 2, Qt::SolidLine, Qt::RoundCap,
-                                Qt::RoundJoin));
-            painter.drawPolyline(QPolygonF{c + QPointF(-4.5, 0.5), c + QPointF(-1.5, 3.5), c + QPointF(4.5, -3.5)});
+            painter.setPen(QPen(m_color.lightness() > kBright ? Qt::black : Qt::white, 2, Qt::SolidLine,
+                                Qt::RoundCap, Qt::RoundJoin));
+            painter.drawPolyline(
+                QPolygonF{c + QPointF(-4.5, 0.5), c + QPointF(-1.5, 3.5), c + QPointF(4.5, -3.5)});
         }
     }
 
@@ -64,7 +66,7 @@ ColorTagPicker::ColorTagPicker(const std::vector<QColor>& colors, const QString&
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setSpacing(kSpacing);
     auto* const none = new QRadioButton(noneText, this);
-    m_buttons->addButton(none, -2);
+    m_buttons->addButton(none, kNoneId);
     for (int index = 0; index < static_cast<int>(colors.size()); ++index) {
         auto* const swatch = new Swatch(colors[static_cast<std::size_t>(index)], this);
         swatch->setToolTip(tr("Color %1").arg(index + 1));
@@ -74,6 +76,9 @@ ColorTagPicker::ColorTagPicker(const std::vector<QColor>& colors, const QString&
     grid->addWidget(none, grid->rowCount(), 0, 1, kColumns);
     grid->setColumnStretch(kColumns, 1);
     none->setChecked(true);
+    for (QAbstractButton* const button : m_buttons->buttons()) {
+        button->installEventFilter(this);
+    }
 }
 
 int ColorTagPicker::chosen() const {
@@ -82,22 +87,35 @@ int ColorTagPicker::chosen() const {
 
 void ColorTagPicker::setChosen(int index) {
     QAbstractButton* const button = m_buttons->button(index);
-    (button != nullptr ? button : m_buttons->button(-2))->setChecked(true);
+    (button != nullptr ? button : m_buttons->button(kNoneId))->setChecked(true);
 }
 
-void ColorTagPicker::keyPressEvent(QKeyEvent* event) {
-    const int step = event->key() == Qt::Key_Right  ? 1
-                     : event->key() == Qt::Key_Left ? -1
-                     : event->key() == Qt::Key_Down ? kColumns
-                     : event->key() == Qt::Key_Up   ? -kColumns
-                                                    : 0;
-    QAbstractButton* const next = m_buttons->button(std::max(0, chosen()) + step);
-    if (step == 0 || next == nullptr) {
-        QWidget::keyPressEvent(event);
-        return;
+bool ColorTagPicker::eventFilter(QObject* button, QEvent* event) {
+    // Left to themselves, buttons of one group step to whichever is nearest, and the choice of no
+    // colour is nearest to none of them.
+    if (event->type() != QEvent::KeyPress) {
+        return QWidget::eventFilter(button, event);
     }
-    next->setChecked(true);
-    next->setFocus();
+    const int key = static_cast<QKeyEvent*>(event)->key();
+    const int step = key == Qt::Key_Right  ? 1
+                     : key == Qt::Key_Left ? -1
+                     : key == Qt::Key_Down ? kColumns
+                     : key == Qt::Key_Up   ? -kColumns
+                                           : 0;
+    if (step == 0) {
+        return QWidget::eventFilter(button, event);
+    }
+    // No colour stands below the grid, as one row more.
+    const int colors = static_cast<int>(m_buttons->buttons().size()) - 1;
+    const int from = m_buttons->id(static_cast<QAbstractButton*>(button));
+    const int at =
+        from < 0 ? (step == -kColumns ? (colors - 1) / kColumns * kColumns + kColumns : colors) : from;
+    if (const int to = at + step; to >= 0) {
+        QAbstractButton* const next = m_buttons->button(to < colors ? to : kNoneId);
+        next->setChecked(true);
+        next->setFocus();
+    }
+    return true;
 }
 
 } // namespace tessel

@@ -20,8 +20,7 @@ public:
     int chosen() const;
     void setChosen(int index);
 
-protected:
-    void keyPressEvent(QKeyEvent* event) override;
+    bool eventFilter(QObject* button, QEvent* event) override;
 
 private:
     QButtonGroup* m_buttons;
