@@ -27,7 +27,9 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
       notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
       history(settings, folders, clock, views),
       alerts(own, settings, clock, protocol, popups, alertBar, tones, history, desktop),
-      messages(own, settings, log, clock, protocol), footer(own, clock),
+      messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
+      menu({own, settings, desktop, shell, network, status, presence, alerts,
+            [this] { tmrExit.setEnabled(true); }}),
       commands({own, desktop, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
                 [this] { tmrExit.setEnabled(true); }}),
       tmrExit(clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
@@ -115,6 +117,7 @@ void Station::start() {
 void Station::loadMain() {
     status.LoadStatusSettings();
     tones.LoadToneList();
+    shell.tmrTime.setEnabled(true);
     tmrUpdates.setEnabled(settings.Settings_UPD());
     own.host = m_facts.hostName;
     loadLocationName();
@@ -226,8 +229,10 @@ CloseAction Station::closing(CloseReason reason) {
 }
 
 void Station::disableTimers() {
-    for (Timer* const timer : {&network.tmrNetStart, &network.tmrAnnounce, &network.tmrKA, &tmrUpdates,
-                               &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake, &tmrExit}) {
+    for (Timer* const timer :
+         {&network.tmrNetStart, &network.tmrAnnounce, &network.tmrKA, &tmrUpdates, &status.tmrChangeLimiter,
+          &footer.tmrFooter, &alerts.tmrShake, &popups.tmrStatusPopup, &popups.tmrAlertPopup,
+          &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
         timer->setEnabled(false);
     }
     alertBar.tstmrAlertOff.setEnabled(false);

@@ -19,7 +19,9 @@
 #include "core/mod_INIData.h"
 #include "core/mod_Main.h"
 #include "core/mod_Settings.h"
+#include "mainwindow/mod_Commands.h"
 #include "mainwindow/mod_Footer.h"
+#include "mainwindow/mod_Shell.h"
 #include "network/cLink.h"
 #include "network/mod_Endpoints.h"
 #include "network/mod_Network_MC.h"
@@ -116,6 +118,8 @@ public:
     AlertEngine alerts;
     Messages messages;
     Footer footer;
+    Shell shell;
+    Commands menu;
     RemoteCommands commands;
 
     Timer tmrExit;

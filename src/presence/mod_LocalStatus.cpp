@@ -86,8 +86,10 @@ void LocalStatus::ActivateChangeLimiter() {
 
 void LocalStatus::apply(const QString& text) {
     m_own.statusTime = m_clock.timeText();
-    m_own.status = text;
-    m_messageBar = text;
+    // It travels in every packet from now on, whoever asked for it or wrote it into a file: it must not
+    // grow too long to send.
+    m_own.status = text.left(kMaxRowText);
+    m_messageBar = m_own.status;
 }
 
 void LocalStatus::SetCustomStatus(const QString& Text) {
@@ -104,18 +106,19 @@ void LocalStatus::SetCustomStatus(const QString& Text) {
     emit changed();
 }
 
-void LocalStatus::SetStatusIDX(int Index) {
+bool LocalStatus::SetStatusIDX(int Index) {
     if (Index < 0 || Index >= kSharedCount) {
-        return;
+        return false;
     }
     const SharedStatusEntry& entry = m_shared[static_cast<std::size_t>(Index)];
     if (entry.Label.size() < kShortestStatus) {
-        return;
+        return false;
     }
     apply(entry.Label);
     m_own.statusTone = entry.Tone;
     m_protocol.send(Code::XAS);
     emit changed();
+    return true;
 }
 
 void LocalStatus::TurnOffStatus() {
@@ -126,6 +129,12 @@ void LocalStatus::TurnOffStatus() {
     m_messageBar.clear();
     m_protocol.send(Code::XAS);
     emit changed();
+}
+
+void LocalStatus::clearStatusOf(const QString& SID) {
+    if (!SID.isEmpty()) {
+        m_protocol.send(Code::XAS1, SID);
+    }
 }
 
 void LocalStatus::SetDND() {
@@ -164,9 +173,7 @@ LocalStatus::Press LocalStatus::pressed(int Index) const {
 }
 
 void LocalStatus::setStatusFrom(const cPacket& packet) {
-    // What another location asks for travels in every packet from then on: it must not grow too long
-    // to send.
-    const QString text = packet.bodyValue(1).left(kMaxRowText);
+    const QString text = packet.bodyValue(1);
     const QString index = packet.bodyValue(2);
     if (index.isEmpty()) {
         SetCustomStatus(text);
@@ -176,7 +183,9 @@ void LocalStatus::setStatusFrom(const cPacket& packet) {
     if (entry < 0 || entry >= kSharedCount || m_shared[static_cast<std::size_t>(entry)].Label != text) {
         return;
     }
-    SetStatusIDX(entry);
+    if (!SetStatusIDX(entry)) {
+        return;
+    }
     emit setByOther(m_own.status, m_own.statusTone, packet.text(Field::Location), packet.text(Field::SID));
 }
 

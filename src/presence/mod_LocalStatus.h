@@ -47,8 +47,10 @@ public:
     // A plain status. Nothing happens for fewer than 2 characters. A tone that an earlier shared status
     // left stays until the status is turned off.
     void SetCustomStatus(const QString& Text);
-    // Shared status `Index`; nothing happens outside 0 to 24.
-    void SetStatusIDX(int Index);
+    // Asks another location to turn its status off.
+    void clearStatusOf(const QString& SID);
+    // Shared status `Index`. False, and nothing happens, outside 0 to 24 and for an empty entry.
+    bool SetStatusIDX(int Index);
     // Toggles do not disturb.
     void SetDND();
     void ActivateChangeLimiter();

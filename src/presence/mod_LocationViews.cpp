@@ -31,15 +31,35 @@ QString GetNoteBoardToolTip(const QString& patientName) {
     return patientName;
 }
 
+// The status as it stands in the row's presence block. Empty when the row shows another one: a keep-alive
+// brings a status whose own packet was lost, and leaves the block as it was.
+QString statusOfBlock(const ReportRecord& row) {
+    const QString status = item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
+    return item(row, LocationItem::Status).text.startsWith(status) ? status : QString();
+}
+
 void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     item(record, LocationItem::Status).text = text;
     item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
     item(record, LocationItem::TIME).text = time;
 }
 
+// Pictures say what colours and numbers say, for those who do not see these.
+constexpr int kOccupiedIcon = 13;
+constexpr int kDoNotDisturbIcon = 300;
+constexpr int kNoIcon = -1;
+
 void setOccupied(ReportRecord& record, const Presence& presence) {
     item(record, LocationItem::Active).value = presence.occupied ? kOccupiedValue : 0;
+    item(record, LocationItem::Active).icon = presence.occupied ? kOccupiedIcon : kNoIcon;
+    item(record, LocationItem::Status).icon = presence.doNotDisturb ? kDoNotDisturbIcon : kNoIcon;
     record.setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
+}
+
+void setStaffTag(ReportRecord& record, int tag) {
+    item(record, LocationItem::Staff).value = tag;
+    item(record, LocationItem::Staff).icon = tag != 0 ? tag : kNoIcon;
+    record.tag = tag;
 }
 
 void removeAll(ReportRecords& list, const QSet<const ReportRecord*>& gone) {
@@ -75,14 +95,13 @@ void LocationViews::fill(ReportRecord& record, const EndpointAdded& endpoint) co
     name.text = endpoint.location;
     name.foreColor = own ? kBlue : presence.doNotDisturb ? kRed : kNoColor;
     setOccupied(record, presence);
-    item(record, LocationItem::Staff).value = presence.staffTag;
+    setStaffTag(record, presence.staffTag);
     item(record, LocationItem::SID).text = endpoint.SID;
     item(record, LocationItem::SN).text = endpoint.location;
     item(record, LocationItem::ST).text = QString::number(endpoint.tag);
     item(record, LocationItem::ST).value = endpoint.tag;
     item(record, LocationItem::OST).text = endpoint.block;
     item(record, LocationItem::VR).text = endpoint.marker;
-    record.tag = presence.staffTag;
     record.preview = previewOf(endpoint.note);
     record.pinned = own;
 
@@ -188,8 +207,12 @@ void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
 }
 
 void LocationViews::ProcessStatusUpdateFav(const PresenceChanged& change) {
-    if (showStatus(rptFavorites, change)) {
-        tellStatus(change, m_favorites.slotOf(change.SID));
+    if (!showStatus(rptFavorites, change)) {
+        return;
+    }
+    // A row that outlived its favorite has been told of with all the others.
+    if (const int slot = m_favorites.slotOf(change.SID); slot >= 0) {
+        tellStatus(change, slot);
     }
 }
 
@@ -214,7 +237,7 @@ void LocationViews::ProcessLocationUpdate(const PresenceChanged& change) {
 void LocationViews::ProcessStaffUpdate(const StaffTagChanged& change) {
     for (ReportRecords* const list : {&rptEndpoints, &rptFavorites}) {
         if (ReportRecord* const record = list->find(change.SID); record != nullptr) {
-            item(*record, LocationItem::Staff).value = change.tag;
+            setStaffTag(*record, change.tag);
             list->redraw(*record);
         }
     }
@@ -288,10 +311,9 @@ void LocationViews::refillStatusView() {
             row->item(index) = home->item(index);
         }
         // The age is told anew, for all rows at once.
-        const QString& block = item(*home, LocationItem::OST).text;
-        const QString status = block.section(ValueMark, 0, 0).trimmed();
-        if (status.size() >= kShortestStatus) {
-            item(*row, LocationItem::Status).text = withAge(status, block.section(ValueMark, 1, 1));
+        if (const QString status = statusOfBlock(*home); status.size() >= kShortestStatus) {
+            item(*row, LocationItem::Status).text =
+                withAge(status, item(*home, LocationItem::OST).text.section(ValueMark, 1, 1));
         }
         row->preview = home->preview;
         row->pinned = home->pinned;
@@ -351,8 +373,8 @@ bool GetStatusActive(const ReportRecord& row) {
 }
 
 QString GetCurrentStatus(const ReportRecord& row) {
-    const QString status = item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
-    return status.isEmpty() ? QString() : status;
+    const QString status = statusOfBlock(row);
+    return status.isEmpty() ? withoutAge(item(row, LocationItem::Status).text.trimmed()) : status;
 }
 
 int GetLocationTag(const ReportRecord& row) {

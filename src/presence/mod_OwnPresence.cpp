@@ -52,6 +52,14 @@ void OwnPresence::announceStaffTag(std::int16_t tag) {
     m_protocol.send(Code::XAST);
 }
 
+void OwnPresence::ClearStaffTag(const QString& SID) {
+    if (SID == m_own.SID) {
+        announceStaffTag(0);
+    } else if (!SID.isEmpty()) {
+        m_protocol.send(Code::XASTR, QString(SID + ValueMark + u'0'));
+    }
+}
+
 void OwnPresence::SetLocationNote(const QString& note) {
     m_own.note = note.trimmed();
     m_data.WriteSetting(kUserFile, QStringLiteral("Note"), QStringLiteral("ACTIVE"), m_own.note);

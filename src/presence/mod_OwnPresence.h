@@ -28,6 +28,9 @@ public:
     // The same without a time of its own: what stands there stays.
     void announceStaffTag(std::int16_t tag);
 
+    // Takes the staff tag of a location away: the own one at once, another by a request.
+    void ClearStaffTag(const QString& SID);
+
     // Keeps the note, trimmed, stores it, and announces it.
     void SetLocationNote(const QString& note);
 
