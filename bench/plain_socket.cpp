@@ -6,6 +6,7 @@
 #include "platform/EventLoopClock.h"
 #include "platform/MulticastLink.h"
 #include "support/RecordingDesktop.h"
+#include "support/RecordingSounds.h"
 #include "support/World.h"
 
 #include <QCoreApplication>
@@ -231,7 +232,7 @@ public:
         m_facts.desktop = home;
         m_facts.hostName = QStringLiteral("bench");
         m_facts.userName = QStringLiteral("bench");
-        station = std::make_unique<Station>(m_facts, m_clock, link, m_desktop, 1);
+        station = std::make_unique<Station>(m_facts, m_clock, link, m_desktop, m_sounds, 1);
         station->start();
         station->loadMain();
         station->network.Network_Start();
@@ -295,6 +296,7 @@ private:
     SystemFacts m_facts;
     EventLoopClock m_clock;
     RecordingDesktop m_desktop;
+    RecordingSounds m_sounds;
 
 public:
     MulticastLink link;
