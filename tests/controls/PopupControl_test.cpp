@@ -1,0 +1,230 @@
+#include "controls/PopupControl.h"
+#include "controls/ReportColors.h"
+
+#include <QAbstractButton>
+#include <QAccessible>
+#include <QApplication>
+#include <QScreen>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+PopupLook notice() {
+    PopupLook look;
+    look.frameFrom = QColor(50, 50, 255);
+    look.frameTo = Qt::white;
+    look.bodyFrom = QColor(70, 70, 250);
+    look.bodyTo = QColor(200, 200, 200);
+    look.caption = QStringLiteral("DoorBell");
+    look.label = QStringLiteral("Room 7");
+    look.text = QStringLiteral("Please come.");
+    look.time = QStringLiteral("10:15 AM");
+    look.turnOffButton = true;
+    return look;
+}
+
+PopupLook message() {
+    PopupLook look;
+    look.messageLayout = true;
+    look.optionsButton = true;
+    look.caption = QStringLiteral("From: Reception");
+    look.text = QStringLiteral("Call back.");
+    return look;
+}
+
+QAbstractButton* button(const PopupControl& popup, const QString& name) {
+    for (auto* found : popup.findChildren<QAbstractButton*>()) {
+        if (found->accessibleName() == name && found->isVisible()) {
+            return found;
+        }
+    }
+    return nullptr;
+}
+
+// The mouse as the desktop has it: places on the screen, whatever the popup does meanwhile.
+void send(PopupControl& popup, QEvent::Type type, QPoint onScreen) {
+    const bool up = type == QEvent::MouseButtonRelease;
+    QMouseEvent event(type, popup.mapFromGlobal(onScreen), onScreen, Qt::LeftButton,
+                      up ? Qt::NoButton : Qt::LeftButton, Qt::NoModifier);
+    QApplication::sendEvent(&popup, &event);
+}
+
+void drag(PopupControl& popup, QPoint from, QPoint by) {
+    send(popup, QEvent::MouseButtonPress, from);
+    send(popup, QEvent::MouseMove, from + by / 2);
+    send(popup, QEvent::MouseMove, from + by);
+    send(popup, QEvent::MouseButtonRelease, from + by);
+}
+
+} // namespace
+
+// What the user types would go into a popup, or close it. The desktop of the tests activates whatever
+// comes up, so this asks for what real ones look at.
+TEST(PopupControl, NeverHasTheFocus) {
+    PopupControl popup;
+    for (const PopupLook& look : {notice(), message()}) {
+        popup.show(look, {10, 10});
+        QApplication::processEvents();
+        for (auto* item : popup.findChildren<QAbstractButton*>()) {
+            EXPECT_EQ(item->focusPolicy(), Qt::NoFocus);
+        }
+    }
+    QTest::mouseClick(&popup, Qt::LeftButton, {}, popup.rect().center());
+    QTest::keyClick(&popup, Qt::Key_Tab);
+    EXPECT_EQ(QApplication::focusWidget(), nullptr);
+    EXPECT_EQ(popup.focusPolicy(), Qt::NoFocus);
+    EXPECT_TRUE(popup.testAttribute(Qt::WA_ShowWithoutActivating));
+    EXPECT_TRUE(popup.windowFlags().testFlag(Qt::WindowDoesNotAcceptFocus));
+    EXPECT_FALSE(popup.testAttribute(Qt::WA_QuitOnClose)) << "a program without other windows would end";
+}
+
+TEST(PopupControl, TellsWhichItemWasClicked) {
+    PopupControl popup;
+    QSignalSpy text(&popup, &PopupControl::textClicked);
+    QSignalSpy close(&popup, &PopupControl::closeClicked);
+    QSignalSpy off(&popup, &PopupControl::turnOffClicked);
+    QSignalSpy options(&popup, &PopupControl::optionsClicked);
+    popup.show(notice(), {10, 10});
+    EXPECT_EQ(button(popup, "Options"), nullptr);
+    QTest::mouseClick(&popup, Qt::LeftButton, {}, popup.rect().center());
+    QTest::mouseClick(&popup, Qt::RightButton, {}, popup.rect().center());
+    QTest::mouseClick(&popup, Qt::LeftButton, {}, QPoint(20, 8)); // the caption
+    EXPECT_EQ(text.count(), 1);
+    QTest::mouseClick(button(popup, "Close"), Qt::LeftButton);
+    QTest::mouseClick(button(popup, "Turn Off"), Qt::LeftButton);
+    EXPECT_EQ(close.count(), 1);
+    EXPECT_EQ(off.count(), 1);
+
+    popup.show(message(), {10, 10});
+    EXPECT_EQ(button(popup, "Turn Off"), nullptr);
+    QTest::mouseClick(button(popup, "Options"), Qt::LeftButton);
+    EXPECT_EQ(options.count(), 1);
+    EXPECT_EQ(text.count(), 1);
+}
+
+// A drag would open the message, or a click with a shaking hand store a place.
+TEST(PopupControl, ADragMovesAndIsNoClick) {
+    PopupControl popup;
+    QSignalSpy text(&popup, &PopupControl::textClicked);
+    QSignalSpy moved(&popup, &PopupControl::moved);
+    PopupLook look = notice();
+    popup.show(look, {100, 100});
+    const QPoint middle = popup.geometry().center();
+    drag(popup, middle, {80, 40});
+    EXPECT_EQ(popup.pos(), QPoint(180, 140));
+    ASSERT_EQ(moved.count(), 1);
+    EXPECT_EQ(moved.takeFirst().at(0).toPoint(), QPoint(180, 140));
+    EXPECT_EQ(text.count(), 0);
+
+    drag(popup, popup.geometry().center(), {2, 2});
+    EXPECT_EQ(popup.pos(), QPoint(180, 140));
+    EXPECT_EQ(moved.count(), 0);
+    EXPECT_EQ(text.count(), 1);
+
+    look.movable = false;
+    popup.show(look, {100, 100});
+    drag(popup, middle, {80, 40});
+    EXPECT_EQ(popup.pos(), QPoint(100, 100));
+    EXPECT_EQ(moved.count(), 0);
+    EXPECT_EQ(text.count(), 1) << "a press that ends elsewhere is no click either";
+}
+
+// The click meant the popup that was up when the button went down.
+TEST(PopupControl, AReplacementEndsWhatTheMouseBegan) {
+    PopupControl popup;
+    QSignalSpy text(&popup, &PopupControl::textClicked);
+    QSignalSpy moved(&popup, &PopupControl::moved);
+    popup.show(notice(), {100, 100});
+    const QPoint middle = popup.geometry().center();
+    send(popup, QEvent::MouseButtonPress, middle);
+    popup.show(message(), {100, 100});
+    send(popup, QEvent::MouseButtonRelease, middle);
+    EXPECT_EQ(text.count(), 0);
+    EXPECT_EQ(popup.accessibleName().simplified(), "From: Reception Call back.");
+
+    // A popup whose time is over while it is held stays where it was put.
+    send(popup, QEvent::MouseButtonPress, middle);
+    send(popup, QEvent::MouseMove, middle + QPoint(50, 0));
+    popup.hide();
+    send(popup, QEvent::MouseButtonRelease, middle + QPoint(50, 0));
+    ASSERT_EQ(moved.count(), 1);
+    EXPECT_EQ(moved.takeFirst().at(0).toPoint(), QPoint(150, 100));
+}
+
+TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
+    const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
+    const QString endless(8000, u'W');
+    PopupControl popup;
+    for (PopupLook look : {notice(), message()}) {
+        for (const QString& text : {endless, QString(8000, u'\n'), QString(8000, QChar(0x0301)),
+                                    QStringLiteral("<b>x</b>"), QString()}) {
+            look.caption = look.label = look.text = look.time = text;
+            for (const int size : {0, 10, 20, 400}) {
+                look.fontSize = size;
+                popup.show(look, screen.topLeft());
+                EXPECT_TRUE(screen.contains(popup.geometry())) << size;
+                EXPECT_EQ(popup.sizeFor(look, screen), popup.size());
+                for (auto* item : popup.findChildren<QAbstractButton*>()) {
+                    EXPECT_TRUE(!item->isVisible() || popup.rect().contains(item->geometry()));
+                }
+                EXPECT_FALSE(popup.grab().isNull());
+                EXPECT_LE(popup.accessibleName().size(), 1100);
+            }
+            look.fontSize = 10;
+            EXPECT_LE(popup.sizeFor(look, screen).width(), 360);
+            EXPECT_LE(popup.sizeFor(look, screen).height(), 260);
+            EXPECT_LE(popup.sizeFor(look, QRect(0, 0, 120, 60)).height(), 60);
+        }
+    }
+    PopupLook plain = message();
+    plain.fontSize = 10;
+    EXPECT_EQ(popup.sizeFor(plain, screen), QSize(270, 140));
+    plain.fontSize = 20;
+    EXPECT_GT(popup.sizeFor(plain, screen).width(), 450);
+}
+
+TEST(PopupControl, TheDefaultPlaceIsLowerRightAndNeverOffTheScreen) {
+    const QRect second(1920, 30, 1000, 700);
+    EXPECT_EQ(PopupControl::defaultPlace({300, 120}, second), QPoint(1920 + 1000 - 308, 30 + 700 - 128));
+    EXPECT_EQ(PopupControl::defaultPlace({3000, 1200}, second), second.topLeft());
+}
+
+// White letters on a pale gradient: the name of who calls cannot be read.
+TEST(PopupControl, TextsAreReadableAllOverTheirGradient) {
+    const QColor blue(70, 70, 250);
+    for (const auto& [from, to] : {std::pair{blue, QColor(200, 200, 200)},
+                                   {QColor(250, 16, 85), blue},
+                                   {QColor(Qt::white), QColor(Qt::black)},
+                                   {QColor(255, 0, 0), QColor(0, 255, 255)}}) {
+        PopupLook look = notice();
+        look.frameFrom = look.bodyFrom = from;
+        look.frameTo = look.bodyTo = to;
+        look.label.clear();
+        look.caption = look.time = QString();
+        look.text = QString(8000, QChar(0x2588)); // lines of solid letters
+        PopupControl popup;
+        popup.show(look, {0, 0});
+        const QImage picture = popup.grab().toImage();
+        const QColor text = picture.pixelColor(popup.width() / 2, popup.height() / 2);
+        for (int y = 40; y < popup.height() - 8; ++y) {
+            EXPECT_GE(contrastRatio(text, picture.pixelColor(6, y)), kReadableContrast - 0.1) << y;
+        }
+        for (int y = 2; y < 20; ++y) {
+            EXPECT_GE(contrastRatio(Qt::white, picture.pixelColor(6, y)), kReadableContrast - 0.1) << y;
+        }
+    }
+}
+
+TEST(PopupControl, IsAnAlertForScreenReaders) {
+    PopupControl popup;
+    popup.show(notice(), {0, 0});
+    QAccessibleInterface* alert = QAccessible::queryAccessibleInterface(&popup);
+    ASSERT_NE(alert, nullptr);
+    EXPECT_EQ(alert->role(), QAccessible::AlertMessage);
+    EXPECT_EQ(alert->text(QAccessible::Name), "DoorBell Room 7 Please come.");
+}
