@@ -1,0 +1,214 @@
+#include "controls/CardControl.h"
+
+#include <QAccessible>
+#include <QApplication>
+#include <QClipboard>
+#include <QHelpEvent>
+#include <QScrollBar>
+#include <QSignalSpy>
+#include <QTest>
+#include <QToolTip>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+enum CardItem { kHeading, kName, kText, kStamp, kCardItems };
+
+ReportRecordPtr card(const QString& name, const QString& text) {
+    auto record = std::make_shared<ReportRecord>(kCardItems);
+    record->item(kHeading).text = QStringLiteral("From ");
+    record->item(kName).text = name;
+    record->item(kText).text = text;
+    record->item(kStamp).text = QStringLiteral("10:15 AM");
+    record->item(kStamp).backColor = argb(0, 128, 0);
+    return record;
+}
+
+struct History {
+    History() {
+        control.setCardItems({kHeading, kName, kText, kStamp, kStamp});
+        control.setRecords(&records);
+        control.resize(400, 500);
+    }
+    // Texts of very different lengths, so that few guesses of heights are right.
+    void fill(int count) {
+        std::vector<ReportRecordPtr> rows;
+        for (int i = 0; i < count; ++i) {
+            const QString word = i % 3 == 0 ? QStringLiteral("WWWWWWWW ") : QStringLiteral("i ");
+            rows.push_back(card(QString::number(i), word.repeated(i * 7 % 60)));
+        }
+        records.assign(std::move(rows));
+        control.syncNow();
+    }
+    void show() {
+        control.show();
+        control.activateWindow();
+        control.setFocus();
+        QApplication::processEvents();
+    }
+    QRect rect(int row) const { return control.visualRect(control.model()->index(row, 0)); }
+    QString nameAt(int y) const {
+        const QModelIndex index = control.indexAt({50, y});
+        return index.isValid() ? records.at(index.row())->item(kName).text : QStringLiteral("none");
+    }
+    QString current() const {
+        const ReportRecordPtr record = control.currentRecord();
+        return record ? record->item(kName).text : QStringLiteral("none");
+    }
+
+    ReportRecords records{-1};
+    CardControl control;
+};
+
+} // namespace
+
+// An answer would go to somebody else when a message comes in just then.
+TEST(CardControl, ShowsTheRecordsAsTheyStandAndKeepsTheSelectedOne) {
+    History history;
+    history.fill(50);
+    history.show();
+    ASSERT_TRUE(history.control.selectRecord(history.records.at(3)));
+    QSignalSpy told(&history.control, &CardControl::currentRecordChanged);
+    history.records.insert(0, card("newest", "text"));
+    history.control.syncNow();
+    EXPECT_EQ(history.nameAt(5), "newest");
+    EXPECT_EQ(history.current(), "3");
+    EXPECT_EQ(told.count(), 0);
+    for (int row = 1; row < 5; ++row) {
+        EXPECT_EQ(history.rect(row).top(), history.rect(row - 1).bottom() + 1);
+    }
+    history.control.setFilterText("FROM 3");
+    EXPECT_EQ(history.current(), "3");
+    history.control.setFilterText("newest 10:15");
+    EXPECT_EQ(history.control.shownCount(), 1) << "heading, name and stamp are searched";
+    EXPECT_EQ(history.current(), "newest");
+}
+
+// While one reads, the cards would jump: above them others come in, or are measured for the first time.
+TEST(CardControl, WhatOneReadsStaysInPlace) {
+    History history;
+    history.fill(20'000);
+    history.show();
+    QScrollBar& bar = *history.control.verticalScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    const QString there = history.nameAt(250);
+    const int row = history.control.indexAt({50, 250}).row();
+    const int top = history.rect(row).top();
+    history.records.insert(0, card("newest", QString(500, u'x')));
+    history.control.syncNow();
+    EXPECT_EQ(history.nameAt(250), there);
+    EXPECT_EQ(history.rect(row + 1).top(), top);
+
+    // Upwards, over cards that nobody has seen yet: each step moves by what was asked for.
+    for (int step = 0; step < 60; ++step) {
+        const int seen = history.control.indexAt({50, 200}).row();
+        const int before = history.rect(seen).top();
+        bar.setValue(bar.value() - 40);
+        ASSERT_EQ(history.rect(seen).top(), before + 40) << step;
+    }
+}
+
+TEST(CardControl, TheFirstAndTheLastCardAreReachedOutOfManyUnseen) {
+    History history;
+    history.fill(20'000);
+    history.show();
+    history.control.selectRecord(history.records.at(0));
+    QTest::keyClick(&history.control, Qt::Key_End);
+    EXPECT_EQ(history.current(), "19999");
+    EXPECT_EQ(history.rect(19'999).bottom(), history.control.viewport()->height() - 1);
+    for (int i = 0; i < 5; ++i) {
+        QTest::keyClick(&history.control, i % 2 == 0 ? Qt::Key_PageUp : Qt::Key_Up);
+        EXPECT_TRUE(history.control.viewport()->rect().contains(
+            history.control.visualRect(history.control.currentIndex())));
+    }
+    history.control.selectRecord(history.records.at(9000));
+    EXPECT_TRUE(history.control.viewport()->rect().contains(history.rect(9000)));
+    QTest::keyClick(&history.control, Qt::Key_Home);
+    EXPECT_EQ(history.rect(0).top(), 0);
+    history.control.verticalScrollBar()->setValue(history.control.verticalScrollBar()->maximum());
+    EXPECT_EQ(history.rect(19'999).bottom(), history.control.viewport()->height() - 1);
+    history.control.ensureTopVisible();
+    EXPECT_EQ(history.rect(0).top(), 0);
+}
+
+TEST(CardControl, HeightsFollowTextWidthAndFont) {
+    History history;
+    history.fill(3);
+    history.show();
+    const auto height = [&history] { return history.rect(0).height(); };
+    const int none = height();
+    history.records.at(0)->item(kText).text = "one line";
+    history.records.redraw(*history.records.at(0));
+    history.control.grab(); // the text is there before its room is
+    history.control.syncNow();
+    const int one = height();
+    EXPECT_GT(one, none);
+    history.records.at(0)->item(kText).text = QStringLiteral("several words ").repeated(10);
+    history.records.redraw(*history.records.at(0));
+    history.control.syncNow();
+    const int several = height();
+    EXPECT_GT(several, one);
+    history.control.resize(900, 500);
+    EXPECT_LT(height(), several);
+    history.control.resize(400, 500);
+    EXPECT_EQ(height(), several);
+    history.control.setFontSize(20);
+    EXPECT_GT(height(), several * 3 / 2);
+    EXPECT_EQ(history.rect(1).top(), height());
+}
+
+// A note of a megabyte, or of nothing but line breaks, comes from the network.
+TEST(CardControl, HostileTextsTakeSixLinesAndAreNoMarkup) {
+    History history;
+    history.records.append(card("6", "1\n2\n3\n4\n5\n6"));
+    for (const QString& text : {QString(1 << 20, u'W'), QString(300, u'\n') + "<b>x</b>",
+                                QString(5000, QChar(0x0301)), QStringLiteral("a\n").repeated(5000),
+                                QString::fromUtf8("\u202e\u202dשלום") + QChar(0) + QChar(0xd800)}) {
+        history.records.append(card(text, text));
+    }
+    history.records.append(std::make_shared<ReportRecord>(1)); // fewer items than a card has
+    history.control.resize(400, 2000);
+    history.show();
+    const int six = history.rect(0).height();
+    for (int row = 0; row < history.control.shownCount(); ++row) {
+        EXPECT_LE(history.rect(row).height(), six) << row;
+    }
+    EXPECT_FALSE(history.control.grab().isNull());
+    const auto tip = [&history](int row) {
+        const QPoint pos = history.rect(row).center();
+        QHelpEvent help(QEvent::ToolTip, pos, history.control.viewport()->mapToGlobal(pos));
+        QApplication::sendEvent(history.control.viewport(), &help);
+        return help.isAccepted() ? QToolTip::text() : QString();
+    };
+    EXPECT_EQ(tip(0), QString()) << "all of it can be read";
+    EXPECT_GT(tip(1).size(), 900);
+    EXPECT_LT(tip(1).size(), 1100);
+    history.control.setFilterText("<b>x");
+    EXPECT_EQ(history.control.shownCount(), 1);
+}
+
+TEST(CardControl, ActivatesAndCopiesTheCardThatIsMeant) {
+    History history;
+    history.fill(5);
+    history.show();
+    QSignalSpy activated(&history.control, &CardControl::recordActivated);
+    const QPoint place = history.rect(2).center();
+    QTest::mouseClick(history.control.viewport(), Qt::LeftButton, {}, place);
+    EXPECT_EQ(history.current(), "2");
+    QTest::keyClick(&history.control, Qt::Key_Return);
+    QTest::mouseDClick(history.control.viewport(), Qt::LeftButton, {}, place);
+    ASSERT_EQ(activated.count(), 2);
+    EXPECT_EQ(activated.at(1).at(0).value<ReportRecordPtr>(), history.records.at(2));
+
+    history.records.at(2)->item(kText).text = "line\nanother";
+    QTest::keyClick(&history.control, Qt::Key_C, Qt::ControlModifier);
+    EXPECT_EQ(QApplication::clipboard()->text(), "From 2\nline\nanother\n10:15 AM");
+    EXPECT_EQ(QAccessible::queryAccessibleInterface(&history.control)
+                  ->tableInterface()
+                  ->cellAt(2, 0)
+                  ->text(QAccessible::Name),
+              "From 2 line another 10:15 AM");
+}
