@@ -110,7 +110,7 @@ QRect MessageBar::textRoom() const {
     return room;
 }
 
-// The text gives way to the rest, the title to time and name only when there is no text left.
+// What does not fit is taken from the text first, then from name, title and time.
 void MessageBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
     const QColor under = back();
