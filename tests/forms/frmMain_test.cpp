@@ -44,7 +44,7 @@ TEST_F(MainWindow, ListsWhatIsHeardAndFindsIt) {
     EXPECT_TRUE(shownTexts(*form->homeList(), kName).isEmpty());
     world.run(10);
     EXPECT_EQ(shownTexts(*form->homeList(), kName), QStringList({"Room 1", "Room 2", "Room 3"}));
-    EXPECT_EQ(form->findChild<QLabel*>()->text().trimmed(), "Online");
+    EXPECT_EQ(form->statusBar()->findChild<QLabel*>()->text().trimmed(), "Online");
 
     search().setFocus();
     QTest::keyClicks(&search(), "oom 3");
@@ -66,7 +66,7 @@ TEST_F(MainWindow, ShowsHostileTextAsItStands) {
     EXPECT_TRUE(shownTexts(*form->homeList(), kName).contains("<b>bold</b><img src=x>"));
 
     world[0]->footer.SetFooter(QStringLiteral("<b>state</b>"), QStringLiteral("<img src=x>"), false);
-    const auto* const label = form->findChild<QLabel*>();
+    const auto* const label = form->statusBar()->findChild<QLabel*>();
     EXPECT_EQ(label->textFormat(), Qt::PlainText);
     EXPECT_FALSE(label->toolTip().contains(u'<'));
 }
