@@ -2,6 +2,8 @@
 
 #include "core/mod_TimeText.h"
 
+#include <QRegularExpression>
+
 namespace tessel {
 
 namespace {
@@ -27,6 +29,12 @@ QString ElapsedText(const QString& start, const QString& text, ElapsedForm form,
         return text;
     }
     return text + timePart(minutes) + (form == ElapsedForm::WithSuffix ? QLatin1String(" Elapsed Time") : QLatin1String());
+}
+
+QString withoutAge(const QString& text) {
+    static const QRegularExpression age(QStringLiteral("(?:: (?:\\d+hr:)?\\d+min|24Hrs\\+)$"));
+    const QRegularExpressionMatch match = age.match(text);
+    return match.hasMatch() ? text.first(match.capturedStart()) : text;
 }
 
 } // namespace tessel

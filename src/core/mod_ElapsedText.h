@@ -15,4 +15,7 @@ enum class ElapsedForm {
 // and after midnight, when the age is negative.
 QString ElapsedText(const QString& start, const QString& text, ElapsedForm form, int nowSecond, int stimer);
 
+// The text without the time part behind it.
+QString withoutAge(const QString& text);
+
 } // namespace tessel

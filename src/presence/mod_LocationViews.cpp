@@ -4,6 +4,7 @@
 #include "core/cOwnState.h"
 #include "core/mod_ElapsedText.h"
 #include "core/mod_Settings.h"
+#include "core/mod_TimeText.h"
 #include "presence/cFavoriteLookup.h"
 
 #include <QSet>
@@ -42,6 +43,7 @@ void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     item(record, LocationItem::Status).text = text;
     item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
     item(record, LocationItem::TIME).text = time;
+    item(record, LocationItem::TIME).value = parseTime(time); // to sort by
 }
 
 // Pictures say what colours and numbers say, for those who do not see these.
