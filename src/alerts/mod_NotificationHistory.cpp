@@ -19,6 +19,8 @@ namespace {
 const QString kRecentsFile = QStringLiteral("recents.dat");
 constexpr qint64 kMaxFileBytes = 16 << 20;
 constexpr int kMaxEntries = 20000;
+// Characters of all records together: a flood of long messages pushes the oldest entries out earlier.
+constexpr qsizetype kMaxCharacters = 16 << 20;
 constexpr int kLongestPreview = 150;
 constexpr int kLongestText = 8000;
 // Entries that follow each other closely put the save off, but not for ever.
@@ -76,14 +78,23 @@ bool isOccupancyKind(HistoryCode code) {
     return code == HistoryCode::Occupied || code == HistoryCode::Open;
 }
 
-// The values of a record are told apart by a mark that a text from the network may hold too.
+// The values of a record are told apart by a mark that a text from the network may hold too, or begin
+// at its end.
 QString joined(QStringList values) {
+    const QStringView beginOfMark = QStringView(ValueMark).chopped(1);
     for (QString& value : values) {
         if (value.contains(ValueMark)) {
             value.replace(ValueMark, QLatin1String(" "));
         }
+        if (value.endsWith(beginOfMark)) {
+            value += u' ';
+        }
     }
     return values.join(ValueMark);
+}
+
+qsizetype charactersOf(const ReportRecord& record) {
+    return item(record, CardItem::Record).text.size();
 }
 
 QString preview(const QString& body) {
@@ -197,12 +208,16 @@ void NotificationHistory::AddMessage(const HistoryMessage& message, bool loading
 }
 
 void NotificationHistory::add(const ReportRecordPtr& record, bool loading) {
+    m_characters += charactersOf(*record);
     if (loading) {
         rptNotifications.append(record);
     } else {
         rptNotifications.insert(0, record);
-        if (rptNotifications.count() > kMaxEntries) {
-            rptNotifications.remove(rptNotifications.count() - 1);
+        while (rptNotifications.count() > kMaxEntries ||
+               (m_characters > kMaxCharacters && rptNotifications.count() > 1)) {
+            const int oldest = rptNotifications.count() - 1;
+            m_characters -= charactersOf(*rptNotifications.at(oldest));
+            rptNotifications.remove(oldest);
         }
         if (m_settings.Recents_SAVE()) {
             const std::int64_t now = m_clock.monotonicMs();
@@ -224,6 +239,7 @@ void NotificationHistory::LoadRecents() {
     QByteArray bytes;
     const QString path = m_folders.dataFile(kRecentsFile);
     rptNotifications.clear();
+    m_characters = 0;
     if (!readFileStart(path, kMaxFileBytes, bytes)) {
         return;
     }
@@ -259,6 +275,7 @@ void NotificationHistory::SaveRecents() {
 
 void NotificationHistory::ClearRecents() {
     rptNotifications.clear();
+    m_characters = 0;
     SaveRecents();
 }
 

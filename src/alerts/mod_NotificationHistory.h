@@ -79,6 +79,7 @@ private:
     const LocationViews& m_views;
     bool m_dirty = false;
     std::int64_t m_dirtySince = 0;
+    qsizetype m_characters = 0; // of all records
     // The long form of a date is dear to make, and most entries are of a few days.
     QString m_stampDate;
     QString m_stampLongDate;
