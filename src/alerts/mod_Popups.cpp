@@ -133,7 +133,7 @@ std::optional<QPoint> Popups::storedPlace(PopupId popup) const {
         return std::nullopt;
     }
     const QStringList parts = placeSetting(m_settings, popup)().split(u',');
-    if (parts.size() != 2) {
+    if (parts.size() < 2) {
         return std::nullopt;
     }
     bool leftOk = false;
