@@ -21,14 +21,16 @@ WorldStation::WorldStation(VirtualClock& clock, FakeNetwork& network, const QStr
     set(kUserFile, QStringLiteral("User"), QStringLiteral("LOCATION"), QStringLiteral("Room %1").arg(number));
     set(kUserFile, QStringLiteral("User"), QStringLiteral("TAG"), QString::number((number - 1) % 20 + 1));
     set(kUserFile, QStringLiteral("Settings"), QStringLiteral("UPD"), QStringLiteral("0"));
-    station = std::make_unique<Station>(facts, clock, link, desktop, sounds, static_cast<std::uint64_t>(number));
+    station =
+        std::make_unique<Station>(facts, clock, link, desktop, sounds, static_cast<std::uint64_t>(number));
     desktop.onShowMain = [this] {
         station->loadMain();
         station->mainLoaded();
     };
 }
 
-void WorldStation::set(const QString& file, const QString& section, const QString& key, const QString& value) {
+void WorldStation::set(const QString& file, const QString& section, const QString& key,
+                       const QString& value) {
     cInifile ini;
     ini.Path = facts.appData + QLatin1String("Tessel Status/") + file;
     ini.Section = section;
@@ -52,8 +54,8 @@ QByteArray WorldStation::fileBytes(const QString& name) const {
 
 void WorldStation::addTones() {
     const QString folder = facts.programFolder + QLatin1String("Sounds/");
-    for (const char* const name :
-         {"DoorbellOne", "DoorbellAll", "Phone", "Urgent", "SingleMsg", "AllMsg", "Status", "Sent", "Startup"}) {
+    for (const char* const name : {"DoorbellOne", "DoorbellAll", "Phone", "Urgent", "SingleMsg", "AllMsg",
+                                   "Status", "Sent", "Startup"}) {
         replaceFile(folder + QLatin1String(name) + QLatin1String(".wav"), "RIFF");
     }
     for (int tone = 1; tone <= 9; ++tone) {
@@ -63,8 +65,8 @@ void WorldStation::addTones() {
 
 World::World(int stations) {
     for (int number = 1; number <= stations; ++number) {
-        m_stations.push_back(std::make_unique<WorldStation>(
-            clock, network, m_home.filePath(QString::number(number)), number));
+        m_stations.push_back(
+            std::make_unique<WorldStation>(clock, network, m_home.filePath(QString::number(number)), number));
     }
 }
 
@@ -85,8 +87,8 @@ void World::settle() {
 
 QByteArray RawPacket::bytes() const {
     const QString mark = QStringLiteral("R\u20AC");
-    return toBytes(QStringList{kMarker, SID, host, location, code, presence, note, tagWord, body}.join(mark) + mark +
-                   QStringLiteral("<\u20ACP>"));
+    return toBytes(QStringList{kMarker, SID, host, location, code, presence, note, tagWord, body}.join(mark) +
+                   mark + QStringLiteral("<\u20ACP>"));
 }
 
 } // namespace tessel
