@@ -1,0 +1,321 @@
+// Doorbells, phone calls and urgent alerts: what each switch takes away, and what always remains.
+#include "support/LoneStation.h"
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+using namespace tessel;
+using testing::ElementsAre;
+using testing::IsEmpty;
+
+namespace {
+
+struct Kind {
+    const char* code;
+    bool targeted;
+    const char* caption;
+    PopupTheme theme;
+    const char* label;
+    int icon;
+    const char* tone;
+    const char* barTitle;
+    int barIcon;
+    const char* historyCode;
+    const char* historyWord;
+    const char* historyName;
+    Setting<bool> Settings::*popup;
+    Setting<bool> Settings::*history;
+};
+
+const Kind kKinds[] = {
+    {"XAD1", true, "Tessel DoorBell", PopupTheme::Blue, "DoorBell", 12, "DoorbellOne.wav", "DoorBell:", 32901,
+     "0", "DoorBell", "Outside", &Settings::Settings_DNP, &Settings::Recents_DB},
+    {"XAD0", false, "Tessel DoorBell", PopupTheme::Blue, "DoorBell Everyone", 12, "DoorbellAll.wav",
+     "DoorBell Everyone:", 32901, "10", "DoorBell Everyone", "Outside", &Settings::Settings_DNP,
+     &Settings::Recents_DBG},
+    {"XAP", true, "Tessel Phone Call", PopupTheme::Blue, "Phone Call", 19, "Phone.wav", "Phone Call:", 32902,
+     "1", "PhoneCall", "", &Settings::Settings_PNP, &Settings::Recents_PC},
+    {"XAUM", true, "Tessel Urgent", PopupTheme::Urgent, "Outside", 0, "Urgent.wav", "Urgent:", 32903, "5",
+     "Urgent (Outside)", "", &Settings::Settings_UNP, &Settings::Recents_PC},
+};
+
+class Alerts : public LoneStation {
+protected:
+    void SetUp() override {
+        me.addTones();
+        begin();
+        forget();
+    }
+    void forget() {
+        me.desktop.calls.clear();
+        me.sounds.played.clear();
+        sentCodes();
+    }
+    void ring(const Kind& kind, const QString& text = "come") {
+        hear(kind.code, kind.targeted ? body({kMe, text}) : text);
+    }
+    std::optional<PopupContent>& popup() { return me.desktop.popups[1]; }
+    int entries() { return me->history.rptNotifications.count(); }
+    QStringList newest(int row = 0) {
+        return item(*me->history.rptNotifications.at(row), CardItem::Record).text.split(ValueMark);
+    }
+    // Bodies of what was sent since the last call, "<code> <body>".
+    QStringList sent() {
+        QStringList all;
+        for (; m_sent < world.network.sent.size(); ++m_sent) {
+            const auto packet = cPacket::parse(world.network.sent[m_sent], false);
+            all += toText(packet->bytes(Field::Code)) + u' ' + packet->bodyText().replace(ValueMark, "/");
+        }
+        return all;
+    }
+
+private:
+    std::size_t m_sent = 0;
+};
+
+} // namespace
+
+TEST_F(Alerts, EachKindShowsSoundsAndIsKept) {
+    for (const Kind& kind : kKinds) {
+        SCOPED_TRACE(kind.code);
+        forget();
+        ring(kind, " come & see ");
+        ASSERT_TRUE(popup());
+        EXPECT_EQ(popup()->caption, kind.caption);
+        EXPECT_EQ(popup()->theme, kind.theme);
+        EXPECT_EQ(popup()->label, kind.label);
+        EXPECT_EQ(popup()->icon, kind.icon);
+        EXPECT_EQ(popup()->time, "9:00:06 AM");
+        EXPECT_EQ(popup()->text, kind.targeted ? "come and see" : " come and see ");
+        EXPECT_EQ(me.sounds.played, QStringList(kind.tone));
+        const AlertBar::Content& bar = me->alertBar.content();
+        EXPECT_TRUE(me->alertBar.AlertBarShown());
+        EXPECT_EQ(bar.title, kind.barTitle);
+        EXPECT_EQ(bar.iconId, kind.barIcon);
+        EXPECT_EQ(bar.text.trimmed(), "come & see");
+        EXPECT_EQ(bar.name, "Outside");
+        EXPECT_EQ(bar.time, "9:00:06 AM");
+        QStringList record = newest();
+        record[4] = record[4].trimmed();
+        EXPECT_EQ(record, QStringList({"0", kind.historyCode, kind.historyWord, kind.historyName,
+                                       "come & see", "9:00:06 AM", "3/2/2026", kOther}));
+    }
+    EXPECT_THAT(me.desktop.calls.filter("shakeMain"), IsEmpty()) << "only where it is switched on";
+    EXPECT_THAT(sentCodes(), IsEmpty()) << "an alert is never answered";
+}
+
+TEST_F(Alerts, SwitchesTakeAwayOneThingEach) {
+    for (const Kind& kind : kKinds) {
+        SCOPED_TRACE(kind.code);
+        popup().reset();
+        forget();
+        (me->settings.*kind.popup).set(false);
+        ring(kind);
+        EXPECT_FALSE(popup());
+        EXPECT_EQ(me.sounds.played.size(), 1);
+        (me->settings.*kind.popup).set(true);
+
+        const int before = entries();
+        (me->settings.*kind.history).set(false);
+        ring(kind);
+        EXPECT_EQ(entries(), before);
+        EXPECT_TRUE(popup());
+        (me->settings.*kind.history).set(true);
+
+        popup().reset();
+        forget();
+        me->alertBar.TurnOff_AlertBar();
+        me->own.doNotDisturb = true;
+        me->settings.Settings_DBB.set(true);
+        ring(kind);
+        world.run(1);
+        EXPECT_FALSE(popup());
+        EXPECT_THAT(me.sounds.played, IsEmpty());
+        EXPECT_TRUE(me->alertBar.AlertBarShown()) << "the one trace that nothing mutes";
+        EXPECT_EQ(entries(), before + 1);
+        EXPECT_EQ(me.desktop.calls.filter("shakeMain").size(), 77) << "76 shakes, and back";
+        me->own.doNotDisturb = false;
+        me->settings.Settings_DBB.set(false);
+    }
+    me->settings.Recents_PC.set(false);
+    const int before = entries();
+    ring(kKinds[2]);
+    ring(kKinds[3]);
+    EXPECT_EQ(entries(), before) << "phone calls and urgent alerts share a switch";
+    EXPECT_TRUE(QFile::remove(me.facts.programFolder + "Sounds/Urgent.wav"));
+    me.sounds.played.clear();
+    ring(kKinds[3]);
+    EXPECT_THAT(me.sounds.played, IsEmpty()) << "a missing file is silence";
+    me->settings.Sound_SC.set(false);
+    ring(kKinds[3]);
+    EXPECT_THAT(me.sounds.played, ElementsAre("beep 850 650"));
+}
+
+TEST_F(Alerts, AlertsForOthersLeaveNoTrace) {
+    for (const char* const code : {"XAD1", "XAP", "XAUM"}) {
+        hear(code, body({kOther, "text"}));
+        hear(code, body({{}, "text"}));
+        hear(code, body({kMe.toLower(), "text"}));
+        hear(code, "text");
+        hear(code, body({kMe, "text"}), kMe);
+    }
+    for (const char* const code : {"XAD1T", "XAPT", "XAUMT"}) {
+        for (const char* const tag : {"2", "", "one", "11", "1.5", "0x1"}) {
+            hear(code, body({tag, "text"}));
+        }
+        hear(code, body({"1", "text"}), kMe);
+    }
+    hear("XAD0", "text", kMe);
+    EXPECT_THAT(me.desktop.calls, IsEmpty());
+    EXPECT_THAT(me.sounds.played, IsEmpty());
+    EXPECT_FALSE(me->alertBar.AlertBarShown());
+    EXPECT_EQ(entries(), 0);
+    hear("XAUMT", body({"1.0", "text"}));
+    EXPECT_EQ(entries(), 1) << "tags are numbers";
+}
+
+TEST_F(Alerts, BarStaysForItsMinutesFromTheLatestAlert) {
+    ring(kKinds[0], "first");
+    world.run(4 * 60);
+    ring(kKinds[3], "second");
+    EXPECT_EQ(me->alertBar.content().text, "second");
+    world.run(4 * 60 + 59);
+    EXPECT_TRUE(me->alertBar.AlertBarShown());
+    world.run(1);
+    EXPECT_FALSE(me->alertBar.AlertBarShown());
+    world.run(600);
+    EXPECT_FALSE(me->alertBar.AlertBarShown());
+
+    me->settings.Settings_ABPT.set(1);
+    ring(kKinds[1]);
+    me->popups.clicked(PopupId::Alert, PopupItem::TurnOff);
+    EXPECT_FALSE(me->alertBar.AlertBarShown()) << "the popup's button turns off the bar";
+    EXPECT_FALSE(popup());
+    ring(kKinds[1]);
+    world.run(60);
+    EXPECT_FALSE(me->alertBar.AlertBarShown());
+}
+
+TEST_F(Alerts, ShakeMovesTheWindowAndPutsItBack) {
+    me->settings.Settings_DBB.set(true);
+    me->settings.Settings_DBBL.set(20);
+    ring(kKinds[0]);
+    world.clock.advance(100);
+    EXPECT_GT(me.desktop.shaken, 0);
+    ring(kKinds[1]); // within the shake
+    world.clock.advance(2000);
+    EXPECT_EQ(me.desktop.shakenTo, QPoint());
+    EXPECT_EQ(me.desktop.calls.filter("shakeMain").size(), 10 + 21 + 1);
+
+    forget();
+    me.desktop.minimised = true;
+    ring(kKinds[0]);
+    world.clock.advance(2000);
+    EXPECT_LE(me.desktop.calls.filter("shakeMain").size(), 2);
+    me.desktop.minimised = false;
+    for (const int bound : {-1, -1000}) {
+        forget();
+        me->settings.Settings_DBBL.set(bound);
+        ring(kKinds[0]);
+        world.run(1);
+        EXPECT_THAT(me.desktop.calls.filter("shakeMain"), IsEmpty()) << bound;
+    }
+    me->settings.Settings_DBBL.set(2000000000);
+    ring(kKinds[0]);
+    world.run(30);
+    EXPECT_EQ(me.desktop.shakenTo, QPoint());
+    EXPECT_FALSE(me->alerts.tmrShake.enabled());
+}
+
+TEST_F(Alerts, InABurstTheLatestWinsAndNoneIsForgotten) {
+    for (int i = 0; i < 500; ++i) {
+        ring(kKinds[i % 4], QString::number(i));
+    }
+    EXPECT_EQ(popup()->text, "499");
+    EXPECT_EQ(popup()->caption, "Tessel Urgent");
+    EXPECT_EQ(me->alertBar.content().text, "499");
+    EXPECT_EQ(me.sounds.played.last(), "Urgent.wav");
+    ASSERT_EQ(entries(), 500);
+    for (int i = 0; i < 500; ++i) {
+        EXPECT_EQ(newest(499 - i)[4], QString::number(i));
+    }
+    EXPECT_EQ(world.clock.monotonicMs(), 6000) << "no alert waits inside";
+}
+
+TEST_F(Alerts, HostileTextsAreCutAndStayPlain) {
+    const QString flood = QString(60000, u'w');
+    const QString markup = "<img src='/etc/passwd'/>" + QString(QChar(0)) + "\r\n\"R" + ValueMark + "<b>";
+    for (const Kind& kind : kKinds) {
+        ring(kind, flood);
+        EXPECT_LE(popup()->text.size(), 1000);
+        EXPECT_LE(me->alertBar.content().text.size(), 1000);
+        EXPECT_LE(newest()[4].size(), 8000);
+        ring(kind, markup);
+        EXPECT_TRUE(popup()->text.startsWith("<img src='/etc/passwd'/>"));
+        EXPECT_EQ(newest().size(), 8) << "a separator inside a text does not make another value";
+        hear({.location = flood,
+              .code = kind.code,
+              .body = kind.targeted ? body({kMe, "text"}) : QStringLiteral("text")});
+        EXPECT_LT(me->alertBar.content().name.size(), 1000);
+        EXPECT_LT(newest().join(QString()).size(), 2000);
+    }
+}
+
+TEST_F(Alerts, QuickAlertsGoToOneOrToAGroup) {
+    const AlertTarget target{kOther, 34};
+    sent();
+    me->alerts.SendQuickAlert(QuickAlert::DoorBell, target, QString(40, u'w'));
+    me->alerts.SendQuickAlert(QuickAlert::PhoneCall, target, {});
+    me->alerts.SendQuickAlert(QuickAlert::Urgent, target, "g: now");
+    me->alerts.SendQuickAlert(QuickAlert::DoorBell, target, "G:" + QString(40, u'w'));
+    me->alerts.SendQuickAlert(QuickAlert::PhoneCall, target, "to g: x");
+    EXPECT_EQ(sent(),
+              QStringList({"XAD1 " + kOther + u'/' + QString(30, u'w'), "XAP " + kOther + u'/',
+                           "XAUMT 34/ now", "XAD1T 34/" + QString(30, u'w'), "XAP " + kOther + "/to g: x"}));
+    EXPECT_EQ(me.sounds.played.count("Sent.wav"), 5);
+    me->alerts.SendQuickAlert(static_cast<QuickAlert>(403), target, "text");
+    me->alerts.SendQuickAlert(static_cast<QuickAlert>(0), target, "text");
+    EXPECT_EQ(me.sounds.played.size(), 5);
+    me->alerts.SendQuickAlert(QuickAlert::Urgent, {}, "g:text");
+    me->alerts.SendQuickAlert(QuickAlert::Urgent, {}, "text");
+    EXPECT_THAT(sent(), IsEmpty()) << "without a target nothing goes out";
+    EXPECT_EQ(me.sounds.played.size(), 7) << "though it sounds like it";
+
+    QStringList composed;
+    QObject::connect(
+        &me->alerts, &AlertEngine::quickMessage, [&](const AlertTarget& to, const QString& text, bool group) {
+            composed += to.SID + u'/' + QString::number(text.size()) + u'/' + QString::number(group);
+        });
+    me->alerts.SendQuickAlert(QuickAlert::Message, target, "g:" + QString(6000, u'm'));
+    me->alerts.SendQuickAlert(QuickAlert::Message, target, "hello");
+    EXPECT_EQ(composed, QStringList({kOther + "/5100/1", kOther + "/5/0"}));
+    for (const char* const prefix : {"all>", ""}) {
+        me->settings.QuickMenu_AlertGroupCommand.set(prefix);
+        me->alerts.SendQuickAlert(QuickAlert::DoorBell, target, "ALL>x");
+    }
+    EXPECT_EQ(sent(), QStringList({"XAD1T 34/x", "XAD1 " + kOther + "/ALL>x"}));
+}
+
+TEST_F(Alerts, DoorBellWindowRingsEveryoneOrAGroup) {
+    sent();
+    me->alerts.SendDoorBell("G:" + QString(40, u'w'));
+    EXPECT_EQ(sent(), QStringList("XAD0 " + QString(25, u'w')));
+    EXPECT_THAT(me.desktop.calls, ElementsAre("showBalloon Tessel Status|Doorbell Sent"));
+    EXPECT_THAT(me.sounds.played, ElementsAre("Sent.wav"));
+    forget();
+    QString members;
+    for (int i = 0; i < 12; ++i) {
+        members += QStringLiteral("Room %1:SID%1:more").arg(i) + ListMark;
+    }
+    me->alerts.SendDoorBell_Group(members + "broken" + ListMark + "empty:" + ListMark, "g:tea");
+    const QStringList rung = sent();
+    ASSERT_EQ(rung.size(), 12);
+    EXPECT_EQ(rung.last(), "XAD1 SID11/tea");
+    EXPECT_THAT(me.sounds.played, ElementsAre("Sent.wav"));
+    me->own.online = false;
+    forget();
+    me->alerts.SendDoorBell("text");
+    me->alerts.SendDoorBell_Group(members, "text");
+    EXPECT_THAT(sent(), IsEmpty());
+    EXPECT_THAT(me.desktop.calls, IsEmpty()) << "nothing was sent, and nothing says so";
+}
