@@ -28,7 +28,8 @@ QString ElapsedText(const QString& start, const QString& text, ElapsedForm form,
     if (minutes <= stimer) {
         return text;
     }
-    return text + timePart(minutes) + (form == ElapsedForm::WithSuffix ? QLatin1String(" Elapsed Time") : QLatin1String());
+    return text + timePart(minutes) +
+           (form == ElapsedForm::WithSuffix ? QLatin1String(" Elapsed Time") : QLatin1String());
 }
 
 QString withoutAge(const QString& text) {
