@@ -52,17 +52,25 @@ QPalette paletteOf(const Shades& s) {
     return palette;
 }
 
-// The style draws frames darker than the window, which nobody sees on a dark one.
-class DarkStyle : public QProxyStyle {
+class OfficeStyle : public QProxyStyle {
 public:
-    DarkStyle() : QProxyStyle(QStringLiteral("Fusion")) {}
+    explicit OfficeStyle(bool dark) : QProxyStyle(QStringLiteral("Fusion")), m_dark(dark) {}
 
+    int styleHint(StyleHint hint, const QStyleOption* option, const QWidget* widget,
+                  QStyleHintReturn* returned) const override {
+        // The style's own pictures on buttons are of another family, and coarse.
+        return hint == SH_DialogButtonBox_ButtonsHaveIcons
+                   ? 0
+                   : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    // The style draws frames darker than the window, which nobody sees on a dark one.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
         // Where the focus is, the style's own frame is bright enough.
-        if (!box && (element != PE_FrameLineEdit || option->state.testFlag(State_HasFocus))) {
+        if (!m_dark || (!box && (element != PE_FrameLineEdit || option->state.testFlag(State_HasFocus)))) {
             return;
         }
         painter->save();
@@ -77,6 +85,9 @@ public:
         }
         painter->restore();
     }
+
+private:
+    bool m_dark;
 };
 
 bool desktopIsDark(const QPalette& desktop) {
@@ -92,11 +103,7 @@ bool desktopIsDark(const QPalette& desktop) {
 
 void applyOfficeLook() {
     const bool dark = desktopIsDark(QApplication::palette());
-    if (dark) {
-        QApplication::setStyle(new DarkStyle);
-    } else {
-        QApplication::setStyle(QStringLiteral("Fusion"));
-    }
+    QApplication::setStyle(new OfficeStyle(dark));
     QApplication::setPalette(paletteOf(dark ? kDark : kLight));
 }
 
