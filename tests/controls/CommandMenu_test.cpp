@@ -1,0 +1,146 @@
+#include "controls/CommandMenu.h"
+
+#include "controls/CommandBars.h"
+
+#include <QAction>
+#include <QApplication>
+#include <QLineEdit>
+#include <QSignalSpy>
+#include <QTest>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+enum Id { kSend = 402, kRing = 404, kCall = 405, kMark = 411, kGone = 499 };
+
+struct Menu {
+    Menu() {
+        menu.setEntries(
+            {MenuEntry::heading("Room 3 & <b>Lab</b>"), MenuEntry::textBox(kSend, "Message", 20),
+             MenuEntry::command(kSend), MenuEntry::separator(), MenuEntry::command(kGone),
+             MenuEntry::command(kRing), MenuEntry::command(kMark),
+             MenuEntry::subMenu("Snippets & more", {MenuEntry::command(kCall, "Call & wait", "Call"),
+                                                    MenuEntry::command(900, "Of no set")})});
+        window.show();
+        window.activateWindow();
+        menu.popup(window.mapToGlobal(QPoint()));
+        QApplication::processEvents();
+    }
+    // Keys go to what has the keyboard in the menu.
+    void key(Qt::Key key) {
+        QWidget* const at = menu.focusWidget() != nullptr ? menu.focusWidget() : &menu;
+        QTest::keyClick(at, key);
+        QApplication::processEvents();
+    }
+    QAction* entry(const QString& caption) const {
+        for (QAction* action : menu.findChildren<QAction*>()) {
+            if (spokenCaption(action->text()) == caption) {
+                return action;
+            }
+        }
+        return nullptr;
+    }
+    QString last() const {
+        return told.isEmpty()
+                   ? QString()
+                   : QStringLiteral("%1 %2").arg(told.last()[0].toInt()).arg(told.last()[1].toString());
+    }
+
+    QWidget window;
+    CommandSet commands{
+        {{kSend, "&Message"}, {kRing, "Doorbell"}, {kCall, "Phone"}, {kMark, "Marked", {}, -1, true}}};
+    CommandMenu menu{commands, &window};
+    QSignalSpy told{&menu, qOverload<int, const QString&>(&CommandMenu::triggered)};
+};
+
+} // namespace
+
+// Names and snippets come from outside.
+TEST(CommandMenu, TextsOfOthersShowAsTheyAre) {
+    const Menu m;
+    const QAction* const heading = m.menu.actions().first();
+    EXPECT_EQ(heading->text(), "Room 3 && <b>Lab</b>");
+    EXPECT_FALSE(heading->isEnabled());
+    EXPECT_TRUE(heading->font().bold());
+    ASSERT_NE(m.entry("Snippets & more"), nullptr);
+    EXPECT_EQ(m.entry("Call & wait")->text(), "Call && wait");
+    EXPECT_EQ(m.entry("Message")->text(), "&Message") << "our own captions keep their mnemonics";
+    EXPECT_EQ(m.menu.actions().size(), 7) << "a command that nobody knows has no entry";
+
+    Menu longer;
+    longer.menu.setEntries(
+        {MenuEntry::heading(QString(100000, 'm') + "\t\n"), MenuEntry::command(9, QString(90, '&'))});
+    EXPECT_LT(longer.menu.sizeHint().width(), 1600);
+    EXPECT_EQ(longer.menu.textBox(), nullptr);
+    EXPECT_EQ(longer.menu.findChildren<QMenu*>().size(), 0);
+}
+
+TEST(CommandMenu, TypedTextGoesWithWhateverIsChosen) {
+    {
+        Menu m;
+        EXPECT_EQ(QApplication::activePopupWidget(), &m.menu);
+        ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox()) << "one may type at once";
+        QTest::keyClicks(m.menu.focusWidget(), "come, please, room 3 is free");
+        m.key(Qt::Key_Return);
+        EXPECT_EQ(m.last(), "402 come, please, room 3");
+        EXPECT_FALSE(m.menu.isVisible());
+        EXPECT_EQ(m.told.count(), 1);
+    }
+    {
+        Menu m;
+        QTest::keyClicks(m.menu.focusWidget(), "hi");
+        m.key(Qt::Key_Down);
+        m.key(Qt::Key_Down);
+        EXPECT_EQ(m.menu.activeAction(), m.entry("Doorbell"));
+        m.key(Qt::Key_Return);
+        EXPECT_EQ(m.last(), "404 hi");
+        EXPECT_EQ(m.told.count(), 1);
+        EXPECT_FALSE(m.menu.isVisible());
+    }
+    {
+        Menu m;
+        QTest::keyClicks(m.menu.focusWidget(), "hi");
+        m.entry("Call & wait")->trigger();
+        EXPECT_EQ(m.last(), "405 Call");
+        m.entry("Of no set")->trigger();
+        EXPECT_EQ(m.last(), "900 hi");
+    }
+}
+
+TEST(CommandMenu, KeysGoBetweenTheBoxAndTheEntries) {
+    Menu m;
+    m.key(Qt::Key_Tab);
+    EXPECT_EQ(m.menu.activeAction(), m.entry("Message"));
+    EXPECT_NE(m.menu.focusWidget(), m.menu.textBox());
+    m.key(Qt::Key_Backtab);
+    ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox());
+    QTest::keyClicks(m.menu.focusWidget(), "m");
+    EXPECT_EQ(m.menu.textBox()->text(), "m");
+    m.key(Qt::Key_Up);
+    EXPECT_EQ(m.menu.activeAction(), m.entry("Snippets & more")) << "round by the end";
+    m.key(Qt::Key_Down);
+    ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox());
+    m.key(Qt::Key_Escape);
+    EXPECT_FALSE(m.menu.isVisible());
+    EXPECT_EQ(m.told.count(), 0);
+}
+
+TEST(CommandMenu, FollowsTheSetAndLeavesItsChecksAlone) {
+    Menu m;
+    m.commands.setEnabled(kSend, false);
+    m.key(Qt::Key_Return);
+    EXPECT_EQ(m.told.count(), 0) << "a grey command is not chosen by Enter in the box";
+    EXPECT_FALSE(m.entry("Message")->isEnabled());
+    m.commands.setChecked(kMark, true);
+    EXPECT_TRUE(m.entry("Marked")->isChecked());
+    QSignalSpy set(&m.commands, &CommandSet::triggered);
+    m.entry("Marked")->trigger();
+    EXPECT_EQ(m.last(), "411 ");
+    EXPECT_TRUE(m.entry("Marked")->isChecked());
+    EXPECT_EQ(set.count(), 0) << "a press told twice is done twice";
+    m.commands.setVisible(kRing, false);
+    EXPECT_FALSE(m.entry("Doorbell")->isVisible());
+}
