@@ -170,9 +170,9 @@ void FormDesktop::closePopups() {
     m_popups->closeAll();
 }
 
-void FormDesktop::showBalloon(const QString&, const QString& text) {
+void FormDesktop::showBalloon(const QString& title, const QString& text) {
     if (m_main) {
-        m_main->showNote(text);
+        m_main->showNote(title, text);
     }
 }
 
@@ -182,7 +182,7 @@ bool FormDesktop::shakeMain(int dx, int dy) {
 
 void FormDesktop::minimiseMain() {
     if (m_main) {
-        m_main->showMinimized();
+        m_main->putAway();
     }
 }
 

@@ -1,5 +1,7 @@
 #include "controls/PromptEdit.h"
 
+#include "controls/ReportColors.h"
+
 #include <QFocusEvent>
 #include <QKeyEvent>
 
@@ -26,12 +28,31 @@ void PromptEdit::clearSearch() {
     setText(m_prompt);
 }
 
+void PromptEdit::setPrompt(const QString& prompt) {
+    const bool inUse = hasFocus();
+    m_prompt = prompt;
+    setText(inUse ? QString() : prompt);
+}
+
+void PromptEdit::setBackColor(const QColor& color) {
+    m_back = color;
+    dimPrompt();
+}
+
 void PromptEdit::dimPrompt() {
     // All but the one colour stays inherited, so that a change of the desktop's colours comes through.
     QPalette shown;
     shown.setResolveMask(0);
+    const QWidget* const above = parentWidget();
+    const QPalette around = above != nullptr ? above->palette() : palette();
+    if (m_back.isValid()) {
+        constexpr int kMiddle = 128;
+        constexpr double kShade = 0.25;
+        const QColor base = around.color(QPalette::Base);
+        shown.setColor(QPalette::Base, base.lightness() < kMiddle ? blend(base, m_back, kShade) : m_back);
+    }
     if (text() == m_prompt) {
-        shown.setColor(QPalette::Text, palette().color(QPalette::PlaceholderText));
+        shown.setColor(QPalette::Text, around.color(QPalette::PlaceholderText));
     }
     setPalette(shown);
 }

@@ -12,6 +12,10 @@ public:
     explicit PromptEdit(const QString& prompt, QWidget* parent = nullptr);
 
     const QString& prompt() const { return m_prompt; }
+    // Ends the search, too.
+    void setPrompt(const QString& prompt);
+    // The back of the box. On a dark desktop a dark shade of it, so that the text stays readable.
+    void setBackColor(const QColor& color);
     // Puts the prompt back and so ends the search.
     void clearSearch();
     // What is searched for; empty for nothing.
@@ -31,6 +35,7 @@ private:
     void dimPrompt();
 
     QString m_prompt;
+    QColor m_back;  // not valid: the desktop's
     QString m_told; // the search as last told
 };
 

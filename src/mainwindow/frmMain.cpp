@@ -1,17 +1,22 @@
 #include "mainwindow/frmMain.h"
 
+#include "controls/CommandBars.h"
+#include "controls/CommandMenu.h"
 #include "controls/MessageBar.h"
+#include "controls/PaneBar.h"
 #include "controls/PromptEdit.h"
+#include "controls/QuickBar.h"
 #include "controls/ReportControl.h"
+#include "controls/Ribbon.h"
 #include "controls/ScreenPlacement.h"
 #include "core/cWindowRegistry.h"
-#include "core/mod_Definitions.h"
+#include "mainwindow/frmMenus.h"
+#include "mainwindow/frmTray.h"
+#include "mainwindow/frmViews.h"
 #include "station.h"
 
 #include <QCloseEvent>
-#include <QLabel>
-#include <QMenuBar>
-#include <QStatusBar>
+#include <QShortcut>
 #include <QTimer>
 #include <QVBoxLayout>
 
@@ -19,120 +24,188 @@ namespace tessel {
 
 namespace {
 const QString kFormName = QStringLiteral("frmMain");
-constexpr QSize kFirstSize(460, 560);
-constexpr QSize kLeastSize(280, 240);
+constexpr QSize kFirstSize(480, 620);
+constexpr QSize kLeastSize(300, 320);
 constexpr int kGrid = 8;
-constexpr int kNoteMs = 15000;
 } // namespace
 
-frmMain::frmMain(Station& station, WindowRegistry& registry)
-    : m_station(station), m_registry(registry), m_search(new PromptEdit(QStringLiteral("Search"), this)),
-      m_home(new ReportControl(this)), m_footer(new QLabel(this)),
-      m_alertBar(new MessageBar(MessageBar::Accent::Alert, this)),
-      m_statusBar(new MessageBar(MessageBar::Accent::Status, this)) {
+frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station), m_registry(registry) {
     setObjectName(kFormName);
     setWindowTitle(kProductName);
     setMinimumSize(kLeastSize);
-    createMenus();
-    createHomeList();
-    createFooter();
-    createBars();
-    restorePlace();
     m_station.loadMain();
-
-    auto* const centre = new QWidget(this);
-    auto* const layout = new QVBoxLayout(centre);
-    layout->setContentsMargins(kGrid, kGrid, kGrid, 0);
-    layout->setSpacing(kGrid);
-    layout->addWidget(m_statusBar);
-    layout->addWidget(m_search);
-    layout->addWidget(m_home, 1);
-    layout->addWidget(m_alertBar);
-    setCentralWidget(centre);
-    m_home->setFocus();
-}
-
-void frmMain::createMenus() {
-    QMenu* const program = menuBar()->addMenu(tr("&Station"));
-    QAction* const search = program->addAction(tr("&Search"), QKeySequence::Find, m_search,
-                                               [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
-    search->setStatusTip(tr("Find locations by name, status or note"));
-    program->addSeparator();
-    program->addAction(tr("Mi&nimise"), this, &QWidget::showMinimized);
-    program->addAction(tr("E&xit"), QKeySequence::Quit, this, [this] { m_station.tmrExit.setEnabled(true); });
-
-    QMenu* const status = menuBar()->addMenu(tr("S&tatus"));
-    status->addAction(tr("&My Status…"), QKeySequence(Qt::CTRL | Qt::Key_M), this,
-                      [this] { m_station.desktop().showWindow(WindowId::SetStatus); });
-    QAction* const quiet =
-        status->addAction(tr("&Do Not Disturb"), this, [this] { m_station.status.SetDND(); });
-    quiet->setCheckable(true);
-    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, quiet,
-            [this, quiet] { quiet->setChecked(m_station.own.doNotDisturb); });
-
-    QMenu* const alerts = menuBar()->addMenu(tr("&Alerts"));
-    alerts->addAction(tr("&Ring Doorbell…"), QKeySequence(Qt::CTRL | Qt::Key_D), this,
-                      [this] { m_station.desktop().showWindow(WindowId::GlobalDoorBell); });
-    alerts->addAction(tr("&Notifications"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_N), this,
-                      [this] { m_station.desktop().showWindow(WindowId::Notifications); });
-
-    QMenu* const network = menuBar()->addMenu(tr("&Network"));
-    network->addAction(tr("&Refresh"), QKeySequence::Refresh, this, [this] { m_station.network.Announce(); });
-    network->addSeparator();
-    network->addAction(tr("&Active Connections…"), QKeySequence(Qt::CTRL | Qt::SHIFT | Qt::Key_A), this,
-                       [this] { m_station.desktop().showWindow(WindowId::Endpoints); });
-    network->addAction(tr("Network A&dapter…"), this,
-                       [this] { m_station.desktop().showWindow(WindowId::Adapters); });
-}
-
-void frmMain::createHomeList() {
-    const auto column = [](const QString& caption, LocationItem item, int width) {
-        ReportColumn made;
-        made.caption = caption;
-        made.item = static_cast<int>(item);
-        made.width = width;
-        return made;
-    };
-    ReportColumn color = column(QString(), LocationItem::Icon, 24);
-    color.sortByValue = true;
-    ReportColumn name = column(QStringLiteral("Active"), LocationItem::Active, 160);
-    ReportColumn status = column(QStringLiteral("Status"), LocationItem::Status, 180);
-    status.stretch = true;
-    m_home->setColumns({color, name, status});
-    m_home->setSortKeys(
-        {{static_cast<int>(LocationItem::ST), true, true}, {static_cast<int>(LocationItem::SN)}});
-    m_home->setFontSize(m_station.settings.Fonts_EVFS());
-    m_home->setPreviewMode(true);
-    m_home->setEmptyText(tr("No locations yet.\nThe network comes up a few seconds after the start."));
-    m_home->setNoMatchText(tr("No location matches the search"));
-    m_home->setAccessibleName(tr("Locations"));
-    m_home->setRecords(&m_station.views.rptEndpoints);
-    m_search->setAccessibleName(tr("Search locations"));
-    connect(m_search, &PromptEdit::searchChanged, m_home, &ReportControl::setFilterText);
-    connect(m_search, &PromptEdit::leaveForList, m_home, [this] { m_home->setFocus(); });
-}
-
-void frmMain::createFooter() {
-    m_footer->setTextFormat(Qt::PlainText);
-    m_footer->setAccessibleName(tr("Network state"));
-    statusBar()->addWidget(m_footer, 1);
-    connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
+    applyOnTop();
+    createCommands();
+    m_views = new Views(
+        m_station, [this](int number) { return m_images.image(number, palette()); }, this);
+    createBars();
+    createSearch();
+    layOut();
+    restorePlace();
+    connectStation();
+    m_station.shell.SetTabView(m_station.shell.storedView());
+    refreshCommands();
+    search({});
     showFooter();
+    showMessageBars();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::createCommands() {
+    m_commands = new CommandSet(commandItems(m_station.menu), this);
+    m_commands->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    connect(m_commands, &CommandSet::triggered, this, [this](int id) { execute(id); });
 }
 
 void frmMain::createBars() {
+    m_ribbon = new Ribbon(*m_commands, ribbonPlan(), this);
+    m_quickBar = new QuickBar(*m_commands, quickBarIds(), this);
+    m_panes = new PaneBar(*m_commands, paneIds(), this);
+    m_alertBar = new MessageBar(MessageBar::Accent::Alert, this);
     m_alertBar->setObjectName(QStringLiteral("AlertBar"));
     m_alertBar->setButton(QStringLiteral("Close"), tr("Close the alert"));
-    m_statusBar->setObjectName(QStringLiteral("MyStatusBar"));
-    m_statusBar->setButton(QStringLiteral("Turn Off"), QStringLiteral("Turn Off Status Message"));
+    m_ownBar = new MessageBar(MessageBar::Accent::Status, this);
+    m_ownBar->setObjectName(QStringLiteral("MyStatusBar"));
+    m_ownBar->setButton(QStringLiteral("Turn Off"), QStringLiteral("Turn Off Status Message"));
     connect(m_alertBar, &MessageBar::buttonClicked, &m_station.alertBar, &AlertBar::TurnOff_AlertBar);
-    connect(m_statusBar, &MessageBar::buttonClicked, &m_station.status, &LocalStatus::TurnOffStatus);
-    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showBars);
-    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showBars);
-    showBars();
+    connect(m_ownBar, &MessageBar::buttonClicked, &m_station.status, &LocalStatus::TurnOffStatus);
 }
 
-void frmMain::showBars() {
+void frmMain::createSearch() {
+    m_search = new PromptEdit(QLatin1String(kViews.front().prompt), this);
+    m_search->setObjectName(QStringLiteral("txtSearch"));
+    m_search->setAccessibleName(tr("Search"));
+    connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
+    connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
+    auto* const find = new QShortcut(QKeySequence::Find, this);
+    connect(find, &QShortcut::activated, m_search, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
+}
+
+void frmMain::layOut() {
+    auto* const centre = new QWidget(this);
+    auto* const outer = new QVBoxLayout(centre);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    auto* const middle = new QVBoxLayout;
+    middle->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    middle->setSpacing(kGrid);
+    middle->addWidget(m_ownBar);
+    middle->addWidget(m_search);
+    middle->addWidget(m_views, 1);
+    middle->addWidget(m_alertBar);
+    outer->addWidget(m_ribbon);
+    outer->addWidget(m_quickBar);
+    outer->addLayout(middle, 1);
+    outer->addWidget(m_panes);
+    setCentralWidget(centre);
+}
+
+void frmMain::connectStation() {
+    Shell& shell = m_station.shell;
+    connect(&shell, &Shell::clearSearchBox, m_search, &PromptEdit::clearSearch);
+    connect(&shell, &Shell::viewChanged, this, &frmMain::showView);
+    connect(&shell, &Shell::previewModeChanged, m_views, &Views::applyPreview);
+    connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
+    connect(&shell, &Shell::sortChanged, m_views, &Views::applySort);
+    connect(&shell, &Shell::onTopChanged, this, &frmMain::applyOnTop);
+    for (const auto signal : {&Shell::viewChanged, &Shell::previewModeChanged, &Shell::reportFontChanged,
+                              &Shell::sortChanged, &Shell::onTopChanged}) {
+        connect(&shell, signal, this, &frmMain::refreshCommands);
+    }
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::refreshCommands);
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showMessageBars);
+    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, this, &frmMain::refreshCommands);
+    connect(&m_station.status, &LocalStatus::quickStatusesLoaded, this, &frmMain::refreshCommands);
+    connect(&m_station.presence, &OwnPresence::changed, this, &frmMain::refreshCommands);
+    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showMessageBars);
+    connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
+    // Going on and off line shows in the footer, and changes what can be used.
+    connect(&m_station.footer, &Footer::changed, this, &frmMain::refreshCommands);
+    connect(m_views, &Views::currentRowChanged, this, &frmMain::refreshCommands);
+    connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
+}
+
+void frmMain::createTray() {
+    m_tray =
+        std::make_unique<Tray>(m_station, [this](int number) { return m_images.image(number, palette()); });
+    connect(m_tray.get(), &Tray::showRequested, this, [this] { m_station.desktop().bringUp(); });
+    connect(m_tray.get(), &Tray::clicked, this, [this] { m_station.desktop().bringUp(); });
+    connect(m_tray.get(), &Tray::resetRequested, this, &frmMain::resetPlace);
+    connect(m_tray.get(), &Tray::exitRequested, this, [this] { m_station.tmrExit.setEnabled(true); });
+}
+
+void frmMain::execute(int id, const QString& text) {
+    switch (id) {
+    case kShowConnections:
+        m_station.desktop().showWindow(WindowId::Endpoints);
+        break;
+    case kShowAdapters:
+        m_station.desktop().showWindow(WindowId::Adapters);
+        break;
+    case kSortMenu:
+        showSortMenu();
+        break;
+    default:
+        m_station.menu.Execute(id, m_views->currentRow(), text);
+        break;
+    }
+    refreshCommands();
+}
+
+void frmMain::refreshCommands() {
+    const ReportRecord* const row = m_views->currentRow();
+    for (const CommandRow* command = firstCommand(); command != endOfCommands(); ++command) {
+        const int id = command->id;
+        m_commands->setCaption(id, m_station.menu.caption(id));
+        m_commands->setTip(id, m_station.menu.tip(id));
+        m_commands->setEnabled(id, m_station.menu.enabled(id, row));
+        if (command->checkable) {
+            m_commands->setChecked(id, m_station.menu.checked(id));
+        }
+    }
+}
+
+void frmMain::showView() {
+    const ViewRow& view = m_station.shell.viewRow();
+    m_ribbon->setCurrentTab(static_cast<int>(view.view));
+    m_search->setPrompt(QLatin1String(view.prompt));
+    m_views->showCurrent();
+}
+
+void frmMain::search(const QString& text) {
+    const Settings& settings = m_station.settings;
+    m_search->setBackColor(
+        QColor(QRgb(text.isEmpty() ? settings.Advanced_FilterColorIdle() : settings.Advanced_FilterColor())));
+    m_views->current().setFilterText(text);
+}
+
+void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos) {
+    refreshCommands();
+    auto* const menu = new CommandMenu(*m_commands, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setEntries(rowMenu(m_station.menu, *record));
+    connect(menu, &CommandMenu::triggered, this, [this, record](int id, const QString& text) {
+        // The list may have moved on: the command is for the row that the menu was opened on.
+        m_station.menu.Execute(id, record.get(), text);
+        refreshCommands();
+    });
+    menu->popup(globalPos);
+}
+
+void frmMain::showSortMenu() {
+    auto* const menu = new CommandMenu(*m_commands, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setEntries(sortMenu());
+    connect(menu, &CommandMenu::triggered, this, [this](int id) { execute(id); });
+    m_panes->openMenu(kSortMenu, *menu);
+}
+
+void frmMain::showFooter() {
+    m_panes->setFooter(m_station.footer.text(), m_station.footer.tip());
+}
+
+void frmMain::showMessageBars() {
     BarContent alert;
     if (m_station.alertBar.AlertBarShown()) {
         const AlertBar::Content& content = m_station.alertBar.content();
@@ -144,13 +217,44 @@ void frmMain::showBars() {
     if (!m_station.status.messageBar().isEmpty()) {
         own = {{}, QStringLiteral("My Status:"), m_station.status.messageBar(), {}, {}};
     }
-    m_statusBar->setContent(own);
+    m_ownBar->setContent(own);
 }
 
-void frmMain::showFooter() {
-    const Footer& footer = m_station.footer;
-    m_footer->setText(footer.text());
-    m_footer->setToolTip(footer.tip().toHtmlEscaped());
+ReportControl* frmMain::homeList() const {
+    return &m_views->list(View::Home);
+}
+
+void frmMain::applyOnTop() {
+    const bool wanted = m_station.settings.Settings_ONTOP();
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != wanted) {
+        const bool shown = isVisible();
+        setWindowFlag(Qt::WindowStaysOnTopHint, wanted);
+        setVisible(shown);
+    }
+}
+
+void frmMain::putAway() {
+    if (m_tray && m_tray->isThere()) {
+        hide();
+    } else {
+        showMinimized();
+    }
+}
+
+void frmMain::showNote(const QString& title, const QString& text) {
+    if (!m_tray || !m_tray->Set_TrayPopup(title, text)) {
+        m_station.footer.SetFooter(text.simplified(), {}, true);
+    }
+}
+
+bool frmMain::shake(QPoint offset) {
+    if (isMinimized() || !isVisible() || isMaximized()) {
+        return false;
+    }
+    const QPoint rest = m_rest.value_or(pos());
+    move(rest + offset);
+    m_rest = offset.isNull() ? std::nullopt : std::optional(rest);
+    return true;
 }
 
 void frmMain::restorePlace() {
@@ -168,25 +272,11 @@ void frmMain::resetPlace() {
     savePlace();
 }
 
-void frmMain::showNote(const QString& text) {
-    statusBar()->showMessage(text, kNoteMs);
-}
-
-bool frmMain::shake(QPoint offset) {
-    if (isMinimized() || !isVisible() || isMaximized()) {
-        return false;
-    }
-    const QPoint rest = m_rest.value_or(pos());
-    move(rest + offset);
-    m_rest = offset.isNull() ? std::nullopt : std::optional(rest);
-    return true;
-}
-
 void frmMain::savePlace() {
     // What is stored is the place of the window as it is when neither maximised nor minimised.
     const bool usual = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
     const QPoint frame = geometry().topLeft() - pos();
-    m_registry.SaveFormPos(kFormName, usual ? pos() : normalGeometry().topLeft() - frame);
+    m_registry.SaveFormPos(kFormName, usual ? m_rest.value_or(pos()) : normalGeometry().topLeft() - frame);
     m_registry.SaveFormSize(kFormName, usual ? size() : normalGeometry().size());
 }
 
@@ -194,15 +284,25 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!m_loaded) {
         m_loaded = true;
-        // The window is painted before the last step writes to the disk.
-        QTimer::singleShot(0, this, [this] { m_station.mainLoaded(); });
+        // The window is painted before the last steps read and write files.
+        QTimer::singleShot(0, this, [this] {
+            m_station.mainLoaded();
+            createTray();
+        });
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_commands != nullptr) {
+        m_commands->renewIcons();
     }
 }
 
 void frmMain::closeEvent(QCloseEvent* event) {
     const CloseReason reason = m_station.own.exiting ? CloseReason::Code : CloseReason::User;
     if (m_station.closing(reason) == CloseAction::Minimise) {
-        showMinimized();
+        putAway();
         event->ignore();
         return;
     }
