@@ -25,7 +25,9 @@ PopupLook lookOf(const PopupContent& content, const Images& images) {
     look.icon = images.image(content.icon, QGuiApplication::palette());
     look.fontSize = content.fontSize;
     look.movable = content.movable;
-    look.opacity = content.opacity;
+    // One that cannot be seen would still be in the way of the mouse.
+    constexpr double kLeastOpacity = 0.2;
+    look.opacity = std::max(kLeastOpacity, content.opacity);
     look.turnOffButton = !look.messageLayout;
     look.optionsButton = look.messageLayout;
     return look;

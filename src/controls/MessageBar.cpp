@@ -140,8 +140,13 @@ void MessageBar::paintEvent(QPaintEvent*) {
         over += part.text.isEmpty() ? 0 : part.width + kGap;
     }
     m_cut = over > 0 || m_content.text.size() > kShownChars;
+    // What happened and who it was says more than when, which stands in the history too.
+    if (Part& time = parts[2]; over > 0 && !time.text.isEmpty()) {
+        over -= time.width + kGap;
+        time.text.clear();
+    }
     const int least = fontMetrics().horizontalAdvance(QStringLiteral("xxx")) + kGap;
-    for (const std::size_t i : {1U, 3U, 0U, 2U}) {
+    for (const std::size_t i : {3U, 1U, 0U}) {
         Part& part = parts[i];
         const int given = std::clamp(over, 0, std::max(0, part.width - least));
         part.width -= given;

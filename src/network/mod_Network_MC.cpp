@@ -42,7 +42,10 @@ NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock,
                   }),
       tmrKA(clock, "tmrKA", 30000, Timer::Kind::Repeating,
             [this] {
-                m_protocolLayer.send(Code::XRKA, version());
+                // After the goodbye a keep-alive would bring this station back into everybody's table.
+                if (!m_stopping) {
+                    m_protocolLayer.send(Code::XRKA, version());
+                }
                 emit keepAliveSent();
             }),
       tmrAnnounce(clock, "tmrAnnounce", 3000, Timer::Kind::OneShot,
