@@ -159,6 +159,7 @@ TEST(Ribbon, EveryCommandIsReachableAtAnyWidth) {
         Window w;
         for (const bool minimised : {false, true}) {
             w.ribbon.setMinimised(minimised);
+            w.ribbon.setCurrentTab(minimised ? kInbox : kHome);
             for (int width = 280; width <= 1600; width += 23) {
                 w.widen(width);
                 SCOPED_TRACE(testing::Message() << points << " points, " << width << " wide, " << minimised);
@@ -168,7 +169,7 @@ TEST(Ribbon, EveryCommandIsReachableAtAnyWidth) {
                 for (const CommandButton* button : shown) {
                     const QRect box = w.place(button);
                     EXPECT_TRUE(w.ribbon.rect().contains(box)) << button->accessibleName().toStdString();
-                    EXPECT_TRUE(button->isCurrent() || box.width() >= button->sizeHint().width());
+                    EXPECT_GE(box.width(), button->sizeHint().width() * (button->isCurrent() ? 2 : 3) / 3);
                     for (const CommandButton* other : shown) {
                         EXPECT_TRUE(other == button || !box.intersects(w.place(other)))
                             << button->accessibleName().toStdString() << " lies on "
@@ -181,7 +182,8 @@ TEST(Ribbon, EveryCommandIsReachableAtAnyWidth) {
                 names.sort();
                 QStringList all;
                 for (const CommandItem& item : items()) {
-                    if (item.id >= kStatus) {
+                    const bool otherPage = minimised && (item.id == kFresh || item.id == kOnTop);
+                    if (item.id >= kStatus && !otherPage) {
                         all.append(spokenCaption(item.caption));
                     }
                 }
