@@ -78,6 +78,8 @@ void frmMain::createSearch() {
     m_search->setAccessibleName(tr("Search"));
     connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
     connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
+    auto* const commands = new QShortcut(QKeySequence(Qt::Key_F10), this);
+    connect(commands, &QShortcut::activated, m_ribbon, [this] { m_ribbon->takeFocus(); });
     auto* const find = new QShortcut(QKeySequence::Find, this);
     connect(find, &QShortcut::activated, m_search, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
 }
