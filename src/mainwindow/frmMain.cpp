@@ -27,6 +27,9 @@ const QString kFormName = QStringLiteral("frmMain");
 constexpr QSize kFirstSize(480, 620);
 constexpr QSize kLeastSize(300, 320);
 constexpr int kGrid = 8;
+// Commands that have a key of their own.
+constexpr int kExit = 100;
+constexpr int kRefresh = 107;
 } // namespace
 
 frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station), m_registry(registry) {
@@ -40,6 +43,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
         m_station, [this](int number) { return m_images.image(number, palette()); }, this);
     createBars();
     createSearch();
+    createShortcuts();
     layOut();
     restorePlace();
     connectStation();
@@ -78,10 +82,17 @@ void frmMain::createSearch() {
     m_search->setAccessibleName(tr("Search"));
     connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
     connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
-    auto* const commands = new QShortcut(QKeySequence(Qt::Key_F10), this);
-    connect(commands, &QShortcut::activated, m_ribbon, [this] { m_ribbon->takeFocus(); });
-    auto* const find = new QShortcut(QKeySequence::Find, this);
-    connect(find, &QShortcut::activated, m_search, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
+}
+
+void frmMain::createShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto act) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+    };
+    add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
+    add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
+    add(QKeySequence::Refresh, [this] { execute(kRefresh, {}); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_A, [this] { execute(kShowConnections, {}); });
+    add(Qt::CTRL | Qt::Key_Q, [this] { execute(kExit, {}); });
 }
 
 void frmMain::layOut() {

@@ -55,6 +55,7 @@ private:
     void createCommands();
     void createBars();
     void createSearch();
+    void createShortcuts();
     void layOut();
     void createTray();
     void connectStation();
