@@ -1,0 +1,197 @@
+// What alerts, the history and status changes cost with real windows: from a packet's bytes to the
+// handler's return, to the painted popup, and through the lists. The socket and the clock are stand-ins.
+#include "frmDesktop.h"
+#include "mainwindow/frmMain.h"
+#include "support/RecordingSounds.h"
+#include "support/World.h"
+
+#include "controls/OfficeLook.h"
+#include "core/cWindowRegistry.h"
+#include "core/mod_CodePage.h"
+#include "core/mod_FileTools.h"
+#include "core/mod_QuotedRecords.h"
+#include "network/mod_Encode.h"
+
+#include <QApplication>
+#include <QTemporaryDir>
+
+#include <algorithm>
+#include <chrono>
+#include <cstdio>
+
+using namespace tessel;
+
+namespace {
+
+class NoRegistry : public WindowRegistry {
+public:
+    void SaveFormPos(const QString&, QPoint) override {}
+    std::optional<QPoint> GetFormPos(const QString&) const override { return std::nullopt; }
+    void SaveFormSize(const QString&, QSize) override {}
+    std::optional<QSize> GetFormSize(const QString&) const override { return std::nullopt; }
+    void SetAutoStart(const QString&, bool) override {}
+};
+
+// Milliseconds from its making.
+class Stopwatch {
+public:
+    double ms() const {
+        return std::chrono::duration<double, std::milli>(std::chrono::steady_clock::now() - m_start).count();
+    }
+
+private:
+    std::chrono::steady_clock::time_point m_start = std::chrono::steady_clock::now();
+};
+
+double median(std::vector<double> values) {
+    std::sort(values.begin(), values.end());
+    return values[values.size() / 2];
+}
+
+double worst(const std::vector<double>& values) {
+    return *std::max_element(values.begin(), values.end());
+}
+
+// A station with its real windows.
+struct Office {
+    QTemporaryDir home;
+    VirtualClock clock;
+    FakeNetwork network{clock};
+    FakeLink link{network};
+    NoRegistry registry;
+    RecordingSounds sounds;
+    FormDesktop desktop{registry};
+    SystemFacts facts;
+    std::unique_ptr<Station> station;
+
+    Office() {
+        facts.programFolder = home.filePath(QStringLiteral("program/"));
+        facts.appData = home.filePath(QStringLiteral("data/"));
+        facts.commonAppData = home.filePath(QStringLiteral("common/"));
+        facts.documents = home.filePath(QStringLiteral("documents/"));
+        facts.hostName = QStringLiteral("host");
+        facts.userName = QStringLiteral("user");
+        network.keepSent = false;
+        replaceFile(facts.appData + QStringLiteral("Tessel Status/user.cfg"),
+                    "[User]\nFirstRun=0\nLOCATION=Front Desk\nTAG=2\n[Settings]\nUPD=0\n");
+        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, 1);
+        desktop.setStation(*station);
+        station->start();
+        QApplication::processEvents();
+        clock.advance(10000);
+        QApplication::processEvents();
+    }
+
+    void receive(const QByteArray& datagram) { station->protocol.receive(datagram); }
+};
+
+RawPacket packetOf(int number, const char* code) {
+    RawPacket packet;
+    packet.SID = QStringLiteral("%1XX000XXX0").arg(number, 4, 10, QChar(u'0'));
+    packet.location = QStringLiteral("Room %1").arg(number);
+    packet.code = QLatin1String(code);
+    packet.tagWord = QStringLiteral("%1:0").arg(number % 20 + 1);
+    return packet;
+}
+
+void alerts(Office& office) {
+    std::vector<double> returned;
+    std::vector<double> painted;
+    for (int i = 0; i < 300; ++i) {
+        RawPacket packet = packetOf(1, "XAD1");
+        packet.body = toText(EncodeBody(
+            toBytes(office.station->own.SID + ValueMark + QStringLiteral("Please come %1").arg(i))));
+        const QByteArray bytes = packet.bytes();
+        const Stopwatch watch;
+        office.receive(bytes);
+        returned.push_back(watch.ms());
+        QApplication::processEvents();
+        painted.push_back(watch.ms());
+        office.clock.advance(50);
+    }
+    std::printf("alert, datagram to return:    median %.2f ms, worst %.2f ms (first %.2f)\n",
+                median(returned), worst(returned), returned.front());
+    std::printf("alert, datagram to painted:   median %.2f ms, worst %.2f ms (first %.2f)\n", median(painted),
+                worst(painted), painted.front());
+}
+
+void history(Office& office) {
+    NotificationHistory& history = office.station->history;
+    const QString path = office.station->folders.dataFile(QStringLiteral("recents.dat"));
+    double former = 0;
+    for (const int count : {120, 1200, 12000}) {
+        QStringList records;
+        for (int i = 0; i < count; ++i) {
+            records += QStringList{QStringLiteral("0"),
+                                   QStringLiteral("0"),
+                                   QStringLiteral("DoorBell"),
+                                   QStringLiteral("Room %1").arg(i % 40),
+                                   QStringLiteral("Please come to room %1").arg(i),
+                                   QStringLiteral("3:04:05 PM"),
+                                   QStringLiteral("3/%1/2026").arg(i % 28 + 1),
+                                   QStringLiteral("123AB456CDE7")}
+                           .join(ValueMark);
+        }
+        office.station->settings.Recents_SAVE_CNT.set(count);
+        std::vector<double> loads;
+        std::vector<double> saves;
+        for (int round = 0; round < 7; ++round) {
+            replaceFile(path, writeQuotedRecords(records));
+            const Stopwatch load;
+            history.LoadRecents();
+            loads.push_back(load.ms());
+            const Stopwatch save;
+            history.SaveRecents();
+            saves.push_back(save.ms());
+        }
+        std::printf("history of %5d records:      loaded in %.2f ms, written in %.2f ms%s\n", count,
+                    median(loads), median(saves),
+                    history.rptNotifications.count() == count ? "" : " (NOT ALL READ)");
+        if (former > 0) {
+            std::printf("    ten times the records:    %.1f times the loading\n", median(loads) / former);
+        }
+        former = median(loads);
+    }
+}
+
+void statusStorm(Office& office) {
+    constexpr int kLocations = 1000;
+    for (int i = 0; i < kLocations; ++i) {
+        office.receive(packetOf(i, "XAN").bytes());
+    }
+    office.station->shell.SetTabView(static_cast<int>(View::Status));
+    office.station->settings.Settings_SNP.set(false);
+    office.station->settings.Settings_SNT.set(false);
+    QApplication::processEvents();
+    std::vector<QByteArray> changes;
+    for (int i = 0; i < kLocations; ++i) {
+        RawPacket packet = packetOf(i * 7 % kLocations, "XAS");
+        packet.presence = QStringLiteral("Status %1").arg(i) + ValueMark + QStringLiteral("9:00:00 AM") +
+                          ValueMark + QStringLiteral("0") + ValueMark + ValueMark + QStringLiteral("0") +
+                          ValueMark + ValueMark + ValueMark + QStringLiteral("0") + ValueMark;
+        changes.push_back(packet.bytes());
+    }
+    const Stopwatch watch;
+    for (const QByteArray& change : changes) {
+        office.receive(change);
+        QApplication::processEvents();
+    }
+    const double all = watch.ms();
+    office.station->views.rptStatusView.bringUpToDate();
+    std::printf(
+        "status change, %d locations, Status tab in front, windows turning after each: %.3f ms each%s\n",
+        kLocations, all / kLocations,
+        office.station->views.rptStatusView.count() == kLocations ? "" : " (NOT ALL SHOWN)");
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    const QApplication application(argc, argv);
+    applyOfficeLook();
+    Office office;
+    alerts(office);
+    history(office);
+    statusStorm(office);
+    return 0;
+}
