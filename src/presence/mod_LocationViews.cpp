@@ -54,8 +54,12 @@ constexpr int kNoIcon = -1;
 void setOccupied(ReportRecord& record, const Presence& presence) {
     item(record, LocationItem::Active).value = presence.occupied ? kOccupiedValue : 0;
     item(record, LocationItem::Active).icon = presence.occupied ? kOccupiedIcon : kNoIcon;
-    item(record, LocationItem::Status).icon = presence.doNotDisturb ? kDoNotDisturbIcon : kNoIcon;
     record.setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
+}
+
+void setDoNotDisturb(ReportRecord& record, bool doNotDisturb, bool own) {
+    item(record, LocationItem::Active).foreColor = own ? kBlue : doNotDisturb ? kRed : kNoColor;
+    item(record, LocationItem::Status).icon = doNotDisturb ? kDoNotDisturbIcon : kNoIcon;
 }
 
 void setStaffTag(ReportRecord& record, int tag) {
@@ -93,9 +97,8 @@ void LocationViews::fill(ReportRecord& record, const EndpointAdded& endpoint) co
     if (presence.status.size() >= kShortestStatus) {
         setStatus(record, withAge(presence.status, presence.statusTime), presence.statusTime);
     }
-    ReportItem& name = item(record, LocationItem::Active);
-    name.text = endpoint.location;
-    name.foreColor = own ? kBlue : presence.doNotDisturb ? kRed : kNoColor;
+    item(record, LocationItem::Active).text = endpoint.location;
+    setDoNotDisturb(record, presence.doNotDisturb, own);
     setOccupied(record, presence);
     setStaffTag(record, presence.staffTag);
     item(record, LocationItem::SID).text = endpoint.SID;
@@ -224,9 +227,7 @@ void LocationViews::showState(ReportRecords& list, const PresenceChanged& change
         return;
     }
     setOccupied(*record, change.presence);
-    if (change.SID != m_own.SID) {
-        item(*record, LocationItem::Active).foreColor = change.presence.doNotDisturb ? kRed : kNoColor;
-    }
+    setDoNotDisturb(*record, change.presence.doNotDisturb, change.SID == m_own.SID);
     list.redraw(*record);
 }
 

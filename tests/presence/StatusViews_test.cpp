@@ -239,7 +239,7 @@ TEST_F(OthersStatus, StatusListEqualsARebuildAtAnyMoment) {
         for (int index = 0; index < kLocationItems; ++index) {
             const ReportItem& cell = row.item(index);
             parts += cell.text + u'/' + QString::number(cell.value) + u'/' + QString::number(cell.foreColor) +
-                     u'/' + QString::number(cell.backColor);
+                     u'/' + QString::number(cell.backColor) + u'/' + QString::number(cell.icon);
         }
         return parts.join(u'|');
     };
@@ -314,30 +314,4 @@ TEST_F(OthersStatus, StatusListEqualsARebuildAtAnyMoment) {
         compared += current ? 1 : 0;
     }
     EXPECT_GT(compared, 500);
-}
-
-TEST_F(OthersStatus, StatusListFollowsWithoutBeingAskedTo) {
-    views.setStatusTabCurrent(true);
-    const auto texts = [this] {
-        views.rptStatusView.bringUpToDate();
-        QStringList all;
-        for (const auto& row : views.rptStatusView.rows()) {
-            all += item(*row, LocationItem::Status).text;
-        }
-        return all;
-    };
-    status("x");
-    EXPECT_EQ(texts(), QStringList()) << "one character is shown in the Home list alone";
-    EXPECT_EQ(item(*views.rptEndpoints.find(kOther), LocationItem::Status).text, "x");
-    status("Out");
-    EXPECT_EQ(texts(), QStringList("Out: 2min"));
-    hear({.code = "XALU", .presence = presence("Out", "8:58:00 AM", true)});
-    EXPECT_EQ(texts(), QStringList("Out: 2min"));
-    EXPECT_TRUE(isOccupied(*views.rptStatusView.at(0)));
-    hear({.code = "XALNU", .note = "note"});
-    texts();
-    EXPECT_EQ(views.rptStatusView.at(0)->preview, "note");
-    hear("XD");
-    hear({.SID = "third", .code = "XAN", .presence = presence("In", "9:00:00 AM")});
-    EXPECT_EQ(texts(), QStringList("In"));
 }
