@@ -132,6 +132,9 @@ TEST_F(RemoteTest, WhatTheyLeaveBehind) {
     EXPECT_EQ(after("/nostaff"), "At 3||0|0|0");
     EXPECT_EQ(after("/busy"), "At 3||0|1|0");
     EXPECT_EQ(me->own.patientName, "");
+    me->own.online = false;
+    EXPECT_EQ(after("/busy"), "At 3||0|1|0") << "nobody would hear of it";
+    me->own.online = true;
     EXPECT_EQ(after("/busy"), "At 3||0|0|0");
     EXPECT_EQ(after("/dnd"), "At 3||0|0|1");
     EXPECT_EQ(after("/dnd"), "At 3||0|0|0");
