@@ -1,6 +1,7 @@
 #include "station.h"
 
 #include "core/mod_Definitions.h"
+#include "core/mod_FileTools.h"
 #include "core/mod_Limits.h"
 #include "network/mod_NetworkGroups.h"
 #include "operations/mod_Diagnostics.h"
@@ -194,9 +195,20 @@ void Station::resetSID() {
     network.RestartNetwork();
 }
 
+bool Station::canUpdate() const {
+    return !Admin::restricted(admin.Updates) && FileExists(folders.program() + kUpdateHelper);
+}
+
+void Station::startUpdateHelper(UpdateRun run) {
+    const QString tail = run == UpdateRun::Silent     ? QStringLiteral("/silent")
+                         : run == UpdateRun::CheckNow ? QStringLiteral("/checknow")
+                                                      : QStringLiteral("/configure");
+    m_desktop.startProgram(folders.program() + kUpdateHelper, {tail});
+}
+
 void Station::checkForUpdates() {
     if (!Admin::restricted(admin.Updates) && !own.remoteSession) {
-        m_desktop.startProgram(folders.program() + kUpdateHelper, {QStringLiteral("/silent")});
+        startUpdateHelper(UpdateRun::Silent);
     }
 }
 

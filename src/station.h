@@ -41,6 +41,9 @@ namespace tessel {
 enum class CloseReason { User, Code, SessionEnd, TaskManager };
 enum class CloseAction { Close, Minimise };
 
+// How the helper that updates the program is started.
+enum class UpdateRun { Silent, CheckNow, Configure };
+
 // What the dialog of the first run asks.
 struct WelcomeChoices {
     QString location;
@@ -79,6 +82,9 @@ public:
     // Stores another network group, and restarts the network if it differs from the stored one.
     void SaveNetwork(int group);
     int networkGroupRow() const;
+    // Whether there is a helper that updates the program, and the user may start it.
+    bool canUpdate() const;
+    void startUpdateHelper(UpdateRun run);
     // The facts of this location, one a line.
     QString diagInfo() const;
     // Gives the station a new SID at its next start, and resets the network.

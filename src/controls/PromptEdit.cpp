@@ -52,7 +52,10 @@ void PromptEdit::dimPrompt() {
         shown.setColor(QPalette::Base, base.lightness() < kMiddle ? blend(base, m_back, kShade) : m_back);
     }
     if (text() == m_prompt) {
-        shown.setColor(QPalette::Text, around.color(QPalette::PlaceholderText));
+        const QColor back = shown.isBrushSet(QPalette::Active, QPalette::Base) ? shown.color(QPalette::Base)
+                                                                               : around.color(QPalette::Base);
+        shown.setColor(QPalette::Text, readableOn(around.color(QPalette::PlaceholderText), back,
+                                                  around.color(QPalette::Text)));
     }
     setPalette(shown);
 }

@@ -29,6 +29,9 @@ constexpr QSize kLeastSize(300, 320);
 constexpr int kGrid = 8;
 // Commands that have a key of their own.
 constexpr int kExit = 100;
+constexpr int kSetStatus = 102;
+constexpr int kNotifications = 104;
+constexpr int kRingDoorbell = 106;
 constexpr int kRefresh = 107;
 } // namespace
 
@@ -59,6 +62,9 @@ frmMain::~frmMain() = default;
 void frmMain::createCommands() {
     m_commands = new CommandSet(commandItems(m_station.menu), this);
     m_commands->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    const bool updates = m_station.canUpdate();
+    m_commands->setVisible(kCheckForUpdates, updates);
+    m_commands->setVisible(kUpdateOptions, updates);
     connect(m_commands, &CommandSet::triggered, this, [this](int id) { execute(id); });
 }
 
@@ -91,6 +97,9 @@ void frmMain::createShortcuts() {
     add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
     add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
     add(QKeySequence::Refresh, [this] { execute(kRefresh, {}); });
+    add(Qt::CTRL | Qt::Key_M, [this] { execute(kSetStatus, {}); });
+    add(Qt::CTRL | Qt::Key_D, [this] { execute(kRingDoorbell, {}); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { execute(kNotifications, {}); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_A, [this] { execute(kShowConnections, {}); });
     add(Qt::CTRL | Qt::Key_Q, [this] { execute(kExit, {}); });
 }
@@ -155,6 +164,12 @@ void frmMain::execute(int id, const QString& text) {
         break;
     case kShowAdapters:
         m_station.desktop().showWindow(WindowId::Adapters);
+        break;
+    case kCheckForUpdates:
+        m_station.startUpdateHelper(UpdateRun::CheckNow);
+        break;
+    case kUpdateOptions:
+        m_station.startUpdateHelper(UpdateRun::Configure);
         break;
     case kSortMenu:
         showSortMenu();

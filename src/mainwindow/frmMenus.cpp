@@ -40,13 +40,26 @@ std::vector<CommandItem> commandItems(const Commands& commands) {
                      QStringLiteral("All locations as the network tells of them"), -1, false, false});
     items.push_back({kShowAdapters, QStringLiteral("Network &Adapter"),
                      QStringLiteral("Choose the network adapter"), -1, false, false});
+    items.push_back({kCheckForUpdates, QStringLiteral("Check for &Updates"),
+                     QStringLiteral("Look for a newer version now"), -1, false, false});
+    items.push_back({kUpdateOptions, QStringLiteral("Update O&ptions"),
+                     QStringLiteral("Choose how updates are made"), -1, false, false});
     return items;
 }
 
 RibbonPlan ribbonPlan() {
     RibbonPlan plan;
     plan.systemCaption = QStringLiteral("&Station");
-    plan.systemIds = {102, 110, kMenuSeparator, kShowConnections, kShowAdapters, kMenuSeparator, 100};
+    plan.systemIds = {102,
+                      110,
+                      kMenuSeparator,
+                      kShowConnections,
+                      kShowAdapters,
+                      kMenuSeparator,
+                      kCheckForUpdates,
+                      kUpdateOptions,
+                      kMenuSeparator,
+                      100};
     plan.tabs = {350, 351, 352};
     plan.groups[kAllTabs] = {
         {QStringLiteral("Status"), {{102, true}, {300, false}, {205, false}}},

@@ -15,6 +15,8 @@ class ReportRecord;
 // Commands of the window alone, beside those of the table.
 inline constexpr int kShowConnections = 120;
 inline constexpr int kShowAdapters = 121;
+inline constexpr int kCheckForUpdates = 122;
+inline constexpr int kUpdateOptions = 123;
 inline constexpr int kSortMenu = 810;
 
 // All commands that can be used, with what they show.
