@@ -18,7 +18,7 @@ const QString kSection = QStringLiteral("Config");
 constexpr int kBufferSize = 8048;
 constexpr int kKeepAliveMs = 45000;
 constexpr int kKeepAliveMinutes = 4;
-constexpr int kGoodbyeMs = 1000;
+constexpr int kGoodbyeSeconds = 1;
 // The same failure of the socket, over and over, is worth one line a minute.
 constexpr std::int64_t kSameErrorMs = 60000;
 
@@ -50,7 +50,7 @@ NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock,
             }),
       tmrAnnounce(clock, "tmrAnnounce", 3000, Timer::Kind::OneShot,
                   [this] { m_protocolLayer.send(Code::XANR, version()); }),
-      m_own(own), m_data(data), m_log(log), m_clock(clock), m_link(link), m_protocolLayer(protocol) {
+      m_own(own), m_data(data), m_log(log), m_clock(clock), m_link(link), m_protocolLayer(protocol), m_wait(clock) {
     connect(&link, &Link::error, this, &NetworkMC::socketError);
 }
 
@@ -169,7 +169,7 @@ void NetworkMC::Network_Stop() {
     m_stopping = true;
     emit footer(QStringLiteral("Disconnecting"), QStringLiteral("Offline"), false);
     m_protocolLayer.send(Code::XD);
-    m_clock.wait(kGoodbyeMs);
+    m_wait.WaitSeconds(kGoodbyeSeconds);
     m_own.online = false;
     m_link.close();
     m_stopping = false;

@@ -2,6 +2,7 @@
 #pragma once
 
 #include "core/cClock.h"
+#include "core/mod_Wait.h"
 #include "network/cLink.h"
 
 #include <QObject>
@@ -76,6 +77,7 @@ private:
     Clock& m_clock;
     Link& m_link;
     NetworkProtocol& m_protocolLayer;
+    Wait m_wait;
     LinkConfig m_config;
     int m_protocol = 0;
     int m_epkm = 0;
