@@ -124,8 +124,9 @@ bool between(int id, int first, int last) {
     return id >= first && id <= last;
 }
 
-QString shown(QString name) {
-    return name.replace(u'&', QLatin1String("&&"));
+// Names come from outside, and a menu takes what stands behind a tabulator for a shortcut.
+QString shown(const QString& name) {
+    return name.simplified().replace(u'&', QLatin1String("&&"));
 }
 
 } // namespace

@@ -1,0 +1,178 @@
+// Which view is open, how the lists look, and what of it comes back at the next start.
+#include "support/LoneStation.h"
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+// How often something was told.
+struct Count {
+    int times = 0;
+    Count(Shell& shell, void (Shell::*signal)()) {
+        QObject::connect(&shell, signal, &shell, [this] { ++times; });
+    }
+};
+
+class ShellState : public LoneStation {
+protected:
+    QString stored(const char* section, const char* key) {
+        return me.get(kUserFile, QLatin1String(section), QLatin1String(key));
+    }
+    Shell& shell() { return me->shell; }
+};
+
+} // namespace
+
+// The search belongs to the view that is left: cleared later, it would hide rows of a list that shows no
+// search.
+TEST_F(ShellState, SearchEndsInTheViewThatIsLeft) {
+    begin();
+    shell().SetTabView(350);
+    QStringList order;
+    QObject::connect(&shell(), &Shell::clearSearchBox, &shell(),
+                     [&] { order += QStringLiteral("clear in %1").arg(static_cast<int>(shell().view())); });
+    QObject::connect(&shell(), &Shell::viewChanged, &shell(),
+                     [&] { order += QStringLiteral("show %1").arg(static_cast<int>(shell().view())); });
+    shell().SetTabView(352);
+    EXPECT_EQ(order, QStringList({"clear in 350", "show 352"}));
+    EXPECT_STREQ(shell().viewRow().prompt, "Search Favorites");
+
+    order.clear();
+    for (const int unknown : {0, -1, 349, 354, 500}) {
+        shell().SetTabView(unknown);
+    }
+    EXPECT_EQ(order, QStringList());
+    EXPECT_EQ(shell().view(), View::Favorites);
+}
+
+TEST_F(ShellState, OpensOnTheLastViewButNeverOnTheInbox) {
+    begin();
+    EXPECT_EQ(shell().storedView(), 350);
+    shell().SetTabView(351);
+    EXPECT_EQ(stored("NAV", "1"), "351");
+    shell().SetTabView(353);
+    EXPECT_EQ(shell().view(), View::Inbox);
+    EXPECT_EQ(stored("NAV", "1"), "351");
+    EXPECT_EQ(shell().storedView(), 351);
+}
+
+TEST_F(ShellState, JunkInTheFileOpensHome) {
+    for (const char* const junk : {"353", "354", "-1", "Home", "99999999999999999999", ""}) {
+        user("NAV", "1", QLatin1String(junk));
+        me->settings.LoadSettings(false);
+        EXPECT_EQ(shell().storedView(), 350) << junk;
+    }
+}
+
+TEST_F(ShellState, FontStaysWithinItsLimits) {
+    begin();
+    const Count changed(shell(), &Shell::reportFontChanged);
+    for (int press = 0; press < 30; ++press) {
+        shell().IncreaseReportFont();
+    }
+    EXPECT_EQ(changed.times, 10) << "from 10 to 20, and nothing at the limit";
+    EXPECT_EQ(stored("Fonts", "EVFS"), "20");
+    EXPECT_EQ(shell().increaseTip(), "Increase Font Size (20)");
+    for (int press = 0; press < 30; ++press) {
+        shell().DecreaseReportFont();
+    }
+    EXPECT_EQ(stored("Fonts", "EVFS"), "8");
+    EXPECT_EQ(shell().decreaseTip(), "Decrease Font Size (8)");
+    EXPECT_EQ(changed.times, 22);
+}
+
+// A file from another program or a typing error must not make a list that nobody can read.
+TEST_F(ShellState, FontOfTheFileIsBroughtWithinTheLimits) {
+    user("Fonts", "EVFS", "72");
+    begin();
+    EXPECT_EQ(shell().reportFont(), 20);
+    shell().DecreaseReportFont();
+    EXPECT_EQ(stored("Fonts", "EVFS"), "19");
+    me->settings.Fonts_EVFS.set(-5);
+    EXPECT_EQ(shell().reportFont(), 8);
+    shell().IncreaseReportFont();
+    EXPECT_EQ(stored("Fonts", "EVFS"), "9");
+}
+
+TEST_F(ShellState, LooksSurviveTheNextStart) {
+    begin();
+    shell().SetPreviewMode();
+    shell().toggleOnTop();
+    shell().SetSort_EndpointView(1);
+    shell().SetSort_StatusView(2);
+    shell().SetSort_FavoriteView(1);
+    // What the next start reads, not what this one remembers.
+    me->settings.LoadSettings(false);
+    EXPECT_TRUE(shell().previewMode());
+    EXPECT_TRUE(me->settings.Settings_ONTOP());
+    EXPECT_EQ(stored("Settings", "SORTEV"), "1");
+    EXPECT_EQ(stored("Settings", "SORTSV"), "2");
+    EXPECT_EQ(stored("Settings", "SORTFV"), "1");
+
+    shell().SetPreviewMode();
+    shell().toggleOnTop();
+    me->settings.LoadSettings(false);
+    EXPECT_FALSE(shell().previewMode());
+    EXPECT_FALSE(me->settings.Settings_ONTOP());
+}
+
+TEST_F(ShellState, OrdersBeyondTheListsCountChangeNothing) {
+    begin();
+    const Count changed(shell(), &Shell::sortChanged);
+    for (const int order : {-1, 3, 99}) {
+        shell().SetSort_EndpointView(order);
+        shell().SetSort_StatusView(order);
+        shell().SetSort_FavoriteView(order);
+    }
+    shell().SetSort_EndpointView(2);
+    shell().SetSort_FavoriteView(2);
+    EXPECT_EQ(changed.times, 0);
+    EXPECT_EQ(stored("Settings", "SORTEV") + stored("Settings", "SORTSV") + stored("Settings", "SORTFV"), "");
+}
+
+// A hidden Status list costs nothing; the current one shows what changes at once.
+TEST_F(ShellState, StatusListFollowsWhileItIsLookedAt) {
+    begin();
+    hear({.location = "Lab", .code = "XAN"});
+    shell().SetTabView(351);
+    const auto rows = [this] {
+        me->views.rptStatusView.bringUpToDate();
+        return me->views.rptStatusView.count();
+    };
+    EXPECT_EQ(rows(), 0);
+    hear({.code = "XAS", .presence = presence("Busy", "9:00:00 AM")});
+    EXPECT_EQ(rows(), 1);
+    hear({.code = "XAS", .presence = presence({})});
+    EXPECT_EQ(rows(), 0);
+}
+
+TEST_F(ShellState, FooterGivesWayToTheName) {
+    begin();
+    EXPECT_EQ(me->footer.text(), "  Online");
+    world.run(18);
+    EXPECT_EQ(me->footer.text(), "  Online");
+    world.run(2);
+    EXPECT_EQ(me->footer.text(), "  Room 1");
+    EXPECT_EQ(me->footer.tip(), "");
+
+    // A later text that is to stay is not swept away by the clock of an earlier one.
+    me->footer.SetFooter("Online", {}, true);
+    me->footer.SetFooter("Disconnecting", "Offline", false);
+    world.run(30);
+    EXPECT_EQ(me->footer.text(), "  Disconnecting");
+    EXPECT_EQ(me->footer.tip(), "Offline");
+}
+
+TEST_F(ShellState, DayBeginsOnceAtMidnight) {
+    world.clock.setLocal(QDateTime(QDate(2026, 3, 2), QTime(23, 59, 40)));
+    const Count began(shell(), &Shell::dayBegan);
+    begin();
+    EXPECT_EQ(began.times, 0);
+    world.run(60);
+    EXPECT_EQ(began.times, 1);
+    world.clock.setLocal(QDateTime(QDate(2026, 3, 3), QTime(23, 59, 50)));
+    world.run(20);
+    EXPECT_EQ(began.times, 2);
+}
