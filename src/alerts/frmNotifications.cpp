@@ -8,6 +8,7 @@
 #include <QAction>
 #include <QLabel>
 #include <QMessageBox>
+#include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
 
@@ -44,6 +45,8 @@ frmNotifications::frmNotifications(Station& station)
     layout->addWidget(m_filter);
     layout->addWidget(m_list, 1);
     setCentralWidget(centre);
+    auto* const leave = new QShortcut(Qt::Key_Escape, this);
+    connect(leave, &QShortcut::activated, this, &QWidget::close);
     m_list->setFocus();
 }
 
@@ -61,11 +64,13 @@ void frmNotifications::createBar() {
     QAction* const top = bar->addAction(tr("Scroll to &Top"));
     top->setObjectName(QStringLiteral("chkEnsureVisible"));
     top->setCheckable(true);
+    top->setShortcut(Qt::CTRL | Qt::Key_T);
     top->setChecked(m_station.settings.Recents_EV());
     top->setToolTip(tr("Scroll to top when receiving a notification"));
     connect(top, &QAction::triggered, this, [this] { m_station.history.SetEnsureVisible_Notification(); });
     QAction* const options = bar->addAction(tr("&Options…"));
     options->setObjectName(QStringLiteral("mnuOptions"));
+    options->setShortcut(Qt::CTRL | Qt::Key_O);
     options->setToolTip(tr("Choose what is kept in this list"));
     connect(options, &QAction::triggered, this, [this] {
         auto* const dialog = new frmRecentOptions(m_station, this);

@@ -4,7 +4,9 @@
 #include "controls/Images.h"
 #include "core/cPopup.h"
 
+#include <QPoint>
 #include <QRect>
+#include <QSize>
 
 #include <array>
 #include <memory>
@@ -26,6 +28,8 @@ public:
 
 private:
     PopupControl& window(PopupId popup);
+    // The default place, or above what stands there.
+    QPoint freePlace(PopupId popup, QSize size, const QRect& area) const;
 
     Station& m_station;
     Images m_images;

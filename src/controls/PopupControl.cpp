@@ -148,7 +148,9 @@ void PopupControl::show(const PopupLook& look, QPoint topLeft) {
     placeButtons();
     move(topLeft);
     setWindowOpacity(std::clamp(look.opacity, 0.0, 1.0));
-    setWindowTitle(singleLine(look.caption, kTipChars));
+    // What it is about comes first, so that nobody takes it for the window of the program.
+    setWindowTitle(singleLine(
+        look.label.isEmpty() ? look.caption : look.label + QStringLiteral(" – ") + look.caption, kTipChars));
     setAccessibleName(singleLine(look.caption + u' ' + look.label + u' ' + look.text, kTipChars));
     if (!testAttribute(Qt::WA_X11NetWmWindowTypeNotification)) {
         // Some desktops hide tool windows while another program is at work, but no notifications.
