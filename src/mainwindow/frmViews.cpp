@@ -108,6 +108,7 @@ void Views::requestMenu() {
     ReportControl& list = current();
     const ReportRecordPtr record = list.currentRecord();
     if (record) {
+        list.scrollTo(list.currentIndex());
         const QRect row = list.visualRect(list.currentIndex());
         emit menuRequested(record, list.viewport()->mapToGlobal(row.bottomLeft()));
     }

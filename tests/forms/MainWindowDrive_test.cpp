@@ -174,6 +174,7 @@ TEST_F(MainWindowDrive, OwnAndVirtualRowsHaveMenusOfTheirOwn) {
 
 // Whoever has no mouse reaches the same menu, and gets the list back afterwards.
 TEST_F(MainWindowDrive, KeyboardOpensTheRowMenu) {
+    home().syncNow();
     home().setFocus();
     key(home(), Qt::Key_End);
     const ReportRecordPtr chosen = home().currentRecord();
