@@ -5,6 +5,7 @@
 #include "core/cWindowRegistry.h"
 #include "core/mod_FileTools.h"
 #include "dialogs/frmWelcome.h"
+#include "frmPlaces.h"
 #include "mainwindow/frmMain.h"
 #include "network/frmAdapters.h"
 #include "network/frmEndpoints.h"
@@ -39,11 +40,23 @@ void raiseWindow(QWidget& window) {
     window.activateWindow();
 }
 
+// A window of its own would lie under a main window that stays on top.
+void followOnTop(QWidget& window, Station& station) {
+    const auto follow = [&window, &station] {
+        const bool shown = window.isVisible();
+        window.setWindowFlag(Qt::WindowStaysOnTopHint, station.settings.Settings_ONTOP());
+        window.setVisible(shown);
+    };
+    follow();
+    QObject::connect(&station.shell, &Shell::onTopChanged, &window, follow);
+}
+
 // Shows the one dialog of its kind, made anew when there is none; it lives until it is closed.
-template <typename Form> void showDialog(QPointer<Form>& dialog, Station& station) {
+template <typename Form> void showDialog(QPointer<Form>& dialog, Station& station, WindowRegistry& registry) {
     if (!dialog) {
         dialog = new Form(station, QApplication::activeWindow());
         dialog->setAttribute(Qt::WA_DeleteOnClose);
+        keepPlace(*dialog, registry);
     }
     raiseWindow(*dialog);
 }
@@ -131,17 +144,19 @@ void FormDesktop::showWindow(WindowId window) {
     case WindowId::Endpoints:
         if (!m_endpoints) {
             m_endpoints = new frmEndpoints(*m_station);
+            keepPlace(*m_endpoints, m_registry);
+            followOnTop(*m_endpoints, *m_station);
         }
         raiseWindow(*m_endpoints);
         break;
     case WindowId::Adapters:
-        showDialog(m_adapters, *m_station);
+        showDialog(m_adapters, *m_station, m_registry);
         break;
     case WindowId::NetworkInfo:
-        showDialog(m_information, *m_station);
+        showDialog(m_information, *m_station, m_registry);
         break;
     case WindowId::SetStatus:
-        showDialog(m_setStatus, *m_station);
+        showDialog(m_setStatus, *m_station, m_registry);
         break;
     case WindowId::StatusOptions:
         tellOfStatusFile(*m_station);
@@ -149,11 +164,13 @@ void FormDesktop::showWindow(WindowId window) {
     case WindowId::Notifications:
         if (!m_notifications) {
             m_notifications = new frmNotifications(*m_station);
+            keepPlace(*m_notifications, m_registry);
+            followOnTop(*m_notifications, *m_station);
         }
         raiseWindow(*m_notifications);
         break;
     case WindowId::GlobalDoorBell:
-        showDialog(m_globalDoorBell, *m_station);
+        showDialog(m_globalDoorBell, *m_station, m_registry);
         break;
     }
 }

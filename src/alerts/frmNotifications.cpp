@@ -105,12 +105,6 @@ void frmNotifications::createList() {
             &CardControl::ensureTopVisible);
 }
 
-void frmNotifications::Set_onTop() {
-    const bool shown = isVisible();
-    setWindowFlag(Qt::WindowStaysOnTopHint, m_station.settings.Settings_ONTOP());
-    setVisible(shown);
-}
-
 void frmNotifications::askClear() {
     askToClearRecents(m_station, this, QStringLiteral("Recents"));
 }

@@ -16,9 +16,6 @@ class frmNotifications : public QMainWindow {
 public:
     explicit frmNotifications(Station& station);
 
-    // The window follows the main one's wish to stay on top.
-    void Set_onTop();
-
 private:
     void createList();
     void createBar();

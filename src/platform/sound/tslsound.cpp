@@ -56,14 +56,14 @@ std::string readStart(const char* path) {
 }
 
 int play(const PcmSound& sound) {
-    const pa_sample_spec spec{PA_SAMPLE_S16NE, static_cast<std::uint32_t>(sound.rate),
+    const pa_sample_spec format{PA_SAMPLE_S16NE, static_cast<std::uint32_t>(sound.rate),
                               static_cast<std::uint8_t>(sound.channels)};
     pa_buffer_attr ahead{};
     ahead.maxlength = ahead.prebuf = ahead.minreq = ahead.fragsize = static_cast<std::uint32_t>(-1);
-    ahead.tlength = static_cast<std::uint32_t>(pa_usec_to_bytes(kAheadMs * 1000, &spec));
+    ahead.tlength = static_cast<std::uint32_t>(pa_usec_to_bytes(kAheadMs * 1000, &format));
     int error = 0;
     const std::unique_ptr<pa_simple, Close> stream(pa_simple_new(
-        nullptr, "Tessel Status", PA_STREAM_PLAYBACK, nullptr, "Tone", &spec, nullptr, nullptr, &error));
+        nullptr, "Tessel Status", PA_STREAM_PLAYBACK, nullptr, "Tone", &format, nullptr, nullptr, &error));
     if (stream != nullptr) {
         ::alarm(kPatience + static_cast<unsigned>(sound.milliseconds()) / 1000U + 1U);
         if (pa_simple_write(stream.get(), sound.samples.data(), sound.samples.size() * sizeof(std::int16_t),
