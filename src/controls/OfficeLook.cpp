@@ -68,6 +68,12 @@ public:
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         QProxyStyle::drawPrimitive(element, option, painter, widget);
+        if (m_dark && element == PE_PanelMenu) {
+            painter->setPen(option->palette.color(QPalette::Mid));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
+            return;
+        }
         const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
         // Where the focus is, the style's own frame is bright enough.
         if (!m_dark || (!box && (element != PE_FrameLineEdit || option->state.testFlag(State_HasFocus)))) {
