@@ -183,6 +183,12 @@ void frmMain::execute(int id, const QString& text) {
 
 void frmMain::refreshCommands() {
     const ReportRecord* const row = m_views->currentRow();
+    const Image room = m_station.own.occupied ? Image::RemovePatient : Image::SeatPatient;
+    if (room != m_roomShown) {
+        m_roomShown = room;
+        m_commands->setIcon(static_cast<int>(Image::QuickOccupied), static_cast<int>(room));
+        m_commands->setIcon(static_cast<int>(Image::OwnOccupied), static_cast<int>(room));
+    }
     for (const CommandRow* command = firstCommand(); command != endOfCommands(); ++command) {
         const int id = command->id;
         m_commands->setCaption(id, m_station.menu.caption(id));

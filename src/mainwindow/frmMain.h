@@ -84,6 +84,7 @@ private:
     MessageBar* m_ownBar = nullptr; // "My Status:"
     std::unique_ptr<Tray> m_tray;
     std::optional<QPoint> m_rest; // place during a shake
+    Image m_roomShown = Image::QuickOccupied; // picture of the command that seats and removes
     bool m_loaded = false;
 };
 
