@@ -47,7 +47,6 @@ PopupLook lookOf(const PopupContent& content, const Images& images) {
     constexpr double kLeastOpacity = 0.2;
     look.opacity = std::max(kLeastOpacity, content.opacity);
     look.turnOffButton = !look.messageLayout;
-    look.optionsButton = look.messageLayout;
     return look;
 }
 
