@@ -42,6 +42,7 @@ QString statusOfBlock(const ReportRecord& row) {
 void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     item(record, LocationItem::Status).text = text;
     item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
+    record.setTip(static_cast<int>(LocationItem::Status), text != kBlank ? text : QString());
     item(record, LocationItem::TIME).text = time;
     item(record, LocationItem::TIME).value = parseTime(time); // to sort by
 }
@@ -265,7 +266,7 @@ void LocationViews::showStatusTime(ReportRecords& list, const StatusTimeRefreshe
     const QString text = withAge(refreshed.status, refreshed.statusTime);
     ReportItem& status = item(*record, LocationItem::Status);
     constexpr int kTip = static_cast<int>(LocationItem::Status);
-    if (status.text != text || record->tip(kTip) != text) {
+    if (status.text != text) {
         status.text = text;
         record->setTip(kTip, text);
         list.redraw(*record);
@@ -323,6 +324,7 @@ void LocationViews::refillStatusView() {
         row->tag = home->tag;
         row->setTip(static_cast<int>(LocationItem::Active),
                     home->tip(static_cast<int>(LocationItem::Active)));
+        row->setTip(static_cast<int>(LocationItem::Status), item(*row, LocationItem::Status).text);
         rows.push_back(row);
     }
     rptStatusView.assign(std::move(rows));
