@@ -74,8 +74,9 @@ void AlertEngine::play(const Kind& kind, const QString& title, const QString& la
                        const QString& senderName, const QString& senderSid, const QString& text) {
     const QString time = m_clock.timeText();
     if (kind.popup) {
-        m_popups.ShowNotifyPopupAlert(
-            {kind.theme, label, text, time, senderSid, QLatin1String(kind.caption), kind.kind, senderName});
+        m_popups.ShowNotifyPopupAlert({kind.theme, label,
+                                       kind.code == HistoryCode::DoorBellEveryone ? text : text.trimmed(),
+                                       time, senderSid, QLatin1String(kind.caption), kind.kind, senderName});
     }
     m_tones.PlayTone(QLatin1String(kind.tone));
     if (kind.history) {
@@ -95,7 +96,7 @@ void AlertEngine::play(const Kind& kind, const QString& title, const QString& la
 void AlertEngine::PlayDoorBell(const QString& senderName, const QString& text, const QString& senderSid) {
     play({NoticeKind::DoorBell, PopupTheme::Blue, "Tessel DoorBell", "DoorbellOne", HistoryCode::DoorBell,
           "DoorBell", m_settings.Settings_DNP(), m_settings.Recents_DB()},
-         QStringLiteral("DoorBell"), QStringLiteral("DoorBell"), senderName, senderSid, text.trimmed());
+         QStringLiteral("DoorBell"), QStringLiteral("DoorBell"), senderName, senderSid, text);
 }
 
 void AlertEngine::PlayDoorBell_Global(const QString& title, const QString& senderName,
@@ -108,13 +109,13 @@ void AlertEngine::PlayDoorBell_Global(const QString& title, const QString& sende
 void AlertEngine::PlayPhoneCall(const QString& senderName, const QString& text, const QString& senderSid) {
     play({NoticeKind::PhoneCall, PopupTheme::Blue, "Tessel Phone Call", "Phone", HistoryCode::PhoneCall,
           "PhoneCall", m_settings.Settings_PNP(), m_settings.Recents_PC()},
-         QStringLiteral("Phone Call"), QStringLiteral("Phone Call"), senderName, senderSid, text.trimmed());
+         QStringLiteral("Phone Call"), QStringLiteral("Phone Call"), senderName, senderSid, text);
 }
 
 void AlertEngine::PlayUrgent(const QString& senderName, const QString& text, const QString& senderSid) {
     play({NoticeKind::Urgent, PopupTheme::Urgent, "Tessel Urgent", "Urgent", HistoryCode::Urgent, "Urgent",
           m_settings.Settings_UNP(), m_settings.Recents_PC()},
-         QStringLiteral("Urgent"), senderName, senderName, senderSid, text.trimmed());
+         QStringLiteral("Urgent"), senderName, senderName, senderSid, text);
 }
 
 void AlertEngine::sendDoorBellToAll(const QString& text) {
