@@ -2,8 +2,8 @@
 // several sizes. The station is whole; only its socket, clock and desktop are stand-ins.
 #include "support/World.h"
 
-#include "core/mod_CodePage.h"
-#include "network/mod_Encode.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/network/mod_Encode.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,5 +1,5 @@
 // The scrambling of a body, in bytes a second.
-#include "network/mod_Encode.h"
+#include "engine/network/mod_Encode.h"
 
 #include <benchmark/benchmark.h>
 

@@ -1,16 +1,16 @@
 // What alerts, the history and status changes cost with real windows: from a packet's bytes to the
 // handler's return, to the painted popup, and through the lists. The socket and the clock are stand-ins.
-#include "frmDesktop.h"
-#include "mainwindow/frmMain.h"
 #include "support/RecordingSounds.h"
 #include "support/World.h"
+#include "windows/frmDesktop.h"
+#include "windows/mainwindow/frmMain.h"
 
-#include "controls/OfficeLook.h"
-#include "core/cWindowRegistry.h"
-#include "core/mod_CodePage.h"
-#include "core/mod_FileTools.h"
-#include "core/mod_QuotedRecords.h"
-#include "network/mod_Encode.h"
+#include "controls/look/OfficeLook.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_QuotedRecords.h"
+#include "engine/network/mod_Encode.h"
+#include "engine/ports/cWindowRegistry.h"
 
 #include <QApplication>
 #include <QTemporaryDir>

@@ -1,12 +1,12 @@
 // What the main window costs with two thousand locations in its list: a repaint, a key in the search
 // box, and a storm of changes. The socket and the clock are stand-ins; the windows are real.
-#include "controls/OfficeLook.h"
-#include "controls/PromptEdit.h"
-#include "controls/ReportControl.h"
-#include "core/cWindowRegistry.h"
-#include "mainwindow/frmMain.h"
-#include "mainwindow/frmViews.h"
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportControl.h"
+#include "controls/look/OfficeLook.h"
+#include "engine/ports/cWindowRegistry.h"
 #include "support/World.h"
+#include "windows/mainwindow/frmMain.h"
+#include "windows/mainwindow/frmViews.h"
 
 #include <QApplication>
 #include <QKeyEvent>

@@ -2,7 +2,7 @@
 // kernel queue survives, and how long a datagram takes from the sender to the handler.
 //
 // Sends, so it runs in a private network namespace alone: scripts/in-netns plain_socket MODE ...
-#include "network/mod_NetworkGroups.h"
+#include "engine/network/mod_NetworkGroups.h"
 #include "platform/EventLoopClock.h"
 #include "platform/MulticastLink.h"
 #include "support/RecordingDesktop.h"

@@ -1,7 +1,7 @@
 // The system's clock, with timers on Qt's event loop.
 #pragma once
 
-#include "core/cClock.h"
+#include "engine/ports/cClock.h"
 
 #include <QElapsedTimer>
 #include <QTimer>

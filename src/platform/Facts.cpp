@@ -1,6 +1,6 @@
 #include "platform/Facts.h"
 
-#include "core/mod_Limits.h"
+#include "engine/core/mod_Limits.h"
 
 #include <QCoreApplication>
 #include <QDir>
@@ -31,7 +31,8 @@ QString commonFolder() {
 
 QString userName() {
     const passwd* const entry = ::getpwuid(::getuid());
-    const QString name = entry != nullptr ? QString::fromLocal8Bit(entry->pw_name) : qEnvironmentVariable("USER");
+    const QString name =
+        entry != nullptr ? QString::fromLocal8Bit(entry->pw_name) : qEnvironmentVariable("USER");
     return name.left(kMaxUserName);
 }
 
@@ -49,7 +50,8 @@ QHash<QString, QString> sessionRecord() {
         for (const QByteArray& line : lines) {
             const qsizetype equals = line.indexOf('=');
             if (equals > 0) {
-                record.insert(QString::fromUtf8(line.first(equals)), QString::fromUtf8(line.sliced(equals + 1)));
+                record.insert(QString::fromUtf8(line.first(equals)),
+                              QString::fromUtf8(line.sliced(equals + 1)));
             }
         }
     }
@@ -59,7 +61,8 @@ QHash<QString, QString> sessionRecord() {
 void askSession(SystemFacts& facts) {
     const QHash<QString, QString> record = sessionRecord();
     const QString type = record.value(QStringLiteral("TYPE"));
-    const bool remoteDesktop = record.value(QStringLiteral("REMOTE")) == u"1" && (type == u"x11" || type == u"wayland");
+    const bool remoteDesktop =
+        record.value(QStringLiteral("REMOTE")) == u"1" && (type == u"x11" || type == u"wayland");
     facts.remoteSession = qEnvironmentVariableIsSet("XRDP_SESSION") || remoteDesktop ||
                           record.value(QStringLiteral("SERVICE")).startsWith(QLatin1String("xrdp"));
     facts.clientLoginName = record.value(QStringLiteral("USER"), facts.userName);

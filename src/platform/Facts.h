@@ -1,7 +1,7 @@
 // Asks the operating system for what `SystemFacts` holds.
 #pragma once
 
-#include "core/cSystemFacts.h"
+#include "engine/ports/cSystemFacts.h"
 
 namespace tessel {
 

@@ -1,6 +1,6 @@
 #include "platform/LocalChannel.h"
 
-#include "core/cSystemFacts.h"
+#include "engine/ports/cSystemFacts.h"
 
 #include <QCryptographicHash>
 #include <QElapsedTimer>
@@ -47,7 +47,8 @@ QString channelPath(const SystemFacts& facts) {
         identity += facts.clientLoginName;
     }
     const QByteArray name =
-        "/tessel-" + QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256).toHex().first(16);
+        "/tessel-" +
+        QCryptographicHash::hash(identity.toUtf8(), QCryptographicHash::Sha256).toHex().first(16);
     const QByteArray folder = channelFolder(name.size());
     return folder.isEmpty() ? QString() : QFile::decodeName(folder + name);
 }

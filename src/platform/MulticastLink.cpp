@@ -106,8 +106,9 @@ bool MulticastLink::join(const LinkConfig& config) {
         return fail("join");
     }
     in_addr sendInterface{};
-    if (!config.sendInterface.isEmpty() && (!toAddress(config.sendInterface, sendInterface) ||
-                                            !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, sendInterface))) {
+    if (!config.sendInterface.isEmpty() &&
+        (!toAddress(config.sendInterface, sendInterface) ||
+         !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, sendInterface))) {
         return fail("send interface");
     }
     if (!setOption(m_socket, IPPROTO_IP, IP_MULTICAST_ALL, 0) ||

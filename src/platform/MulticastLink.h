@@ -1,7 +1,7 @@
 // The multicast socket on the operating system.
 #pragma once
 
-#include "network/cLink.h"
+#include "engine/ports/cLink.h"
 
 #include <QSocketNotifier>
 

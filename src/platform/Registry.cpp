@@ -1,6 +1,6 @@
 #include "platform/Registry.h"
 
-#include "core/mod_FileTools.h"
+#include "engine/core/mod_FileTools.h"
 
 #include <QSettings>
 #include <QStandardPaths>

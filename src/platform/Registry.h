@@ -2,7 +2,7 @@
 // the data folder.
 #pragma once
 
-#include "core/cWindowRegistry.h"
+#include "engine/ports/cWindowRegistry.h"
 
 namespace tessel {
 

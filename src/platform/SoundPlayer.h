@@ -1,7 +1,7 @@
 // The sound device of the desktop.
 #pragma once
 
-#include "alerts/cSounds.h"
+#include "engine/ports/cSounds.h"
 
 #include <QByteArrayList>
 #include <QTimer>

@@ -1,4 +1,4 @@
-#include "controls/CardControl.h"
+#include "controls/list/CardControl.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "controls/ColorTagPicker.h"
+#include "controls/edit/ColorTagPicker.h"
 
 #include <QAbstractButton>
 #include <QApplication>

@@ -1,6 +1,6 @@
-#include "controls/CommandMenu.h"
+#include "controls/bars/CommandMenu.h"
 
-#include "controls/CommandBars.h"
+#include "controls/bars/CommandBars.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,4 +1,4 @@
-#include "controls/Images.h"
+#include "controls/look/Images.h"
 
 #include <QDir>
 #include <QFile>

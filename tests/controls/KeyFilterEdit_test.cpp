@@ -1,4 +1,4 @@
-#include "controls/KeyFilterEdit.h"
+#include "controls/edit/KeyFilterEdit.h"
 
 #include <QApplication>
 #include <QClipboard>

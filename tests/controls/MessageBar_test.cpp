@@ -1,4 +1,4 @@
-#include "controls/MessageBar.h"
+#include "controls/bars/MessageBar.h"
 
 #include <QAccessible>
 #include <QApplication>

@@ -1,7 +1,7 @@
-#include "controls/PaneBar.h"
+#include "controls/bars/PaneBar.h"
 
-#include "controls/CommandBars.h"
-#include "controls/QuickBar.h"
+#include "controls/bars/CommandBars.h"
+#include "controls/bars/QuickBar.h"
 
 #include <QAccessible>
 #include <QAction>

@@ -1,5 +1,5 @@
-#include "controls/PopupControl.h"
-#include "controls/ReportColors.h"
+#include "controls/list/ReportColors.h"
+#include "controls/popup/PopupControl.h"
 
 #include <QAbstractButton>
 #include <QAccessible>

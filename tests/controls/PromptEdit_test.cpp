@@ -1,4 +1,4 @@
-#include "controls/PromptEdit.h"
+#include "controls/edit/PromptEdit.h"
 
 #include <QApplication>
 #include <QSignalSpy>

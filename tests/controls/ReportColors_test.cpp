@@ -1,5 +1,5 @@
-#include "controls/ReportColors.h"
-#include "controls/ReportText.h"
+#include "controls/list/ReportColors.h"
+#include "controls/list/ReportText.h"
 
 #include <gtest/gtest.h>
 

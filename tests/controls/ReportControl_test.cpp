@@ -1,7 +1,7 @@
 #include "report_list.h"
 
-#include "controls/ReportColors.h"
-#include "controls/ReportHeader.h"
+#include "controls/list/ReportColors.h"
+#include "controls/list/ReportHeader.h"
 
 #include <QAccessible>
 #include <QClipboard>

@@ -1,7 +1,7 @@
-#include "controls/Ribbon.h"
+#include "controls/bars/Ribbon.h"
 
-#include "controls/CommandBars.h"
-#include "controls/QuickBar.h"
+#include "controls/bars/CommandBars.h"
+#include "controls/bars/QuickBar.h"
 
 #include <QAccessible>
 #include <QAction>

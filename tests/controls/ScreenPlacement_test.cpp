@@ -1,4 +1,4 @@
-#include "controls/ScreenPlacement.h"
+#include "controls/look/ScreenPlacement.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // A report list as forms use it: records with four items, shown in a window of a known size.
 #pragma once
 
-#include "controls/ReportControl.h"
+#include "controls/list/ReportControl.h"
 
 #include <QApplication>
 #include <QScrollBar>

@@ -4,9 +4,9 @@
 // datagram. Between them the clock goes on by the datagram's last byte, so timers tick.
 #include "support/World.h"
 
-#include "core/mod_CodePage.h"
-#include "core/mod_Definitions.h"
-#include "core/mod_Limits.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_Limits.h"
 
 #include <algorithm>
 #include <cstdint>

@@ -1,8 +1,8 @@
 // Any bytes as a file of settings: the program's own writes come back, and whatever else stands in the
 // file stays.
-#include "core/cIniDocument.h"
-#include "core/mod_CodePage.h"
-#include "core/mod_Limits.h"
+#include "engine/core/cIniDocument.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Limits.h"
 
 #include <QByteArrayList>
 

@@ -1,7 +1,7 @@
 #include "platform/LocalChannel.h"
 #include "waiting.h"
 
-#include "core/cSystemFacts.h"
+#include "engine/ports/cSystemFacts.h"
 
 #include <gtest/gtest.h>
 

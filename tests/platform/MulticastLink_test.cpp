@@ -1,7 +1,7 @@
 #include "platform/MulticastLink.h"
 #include "waiting.h"
 
-#include "network/mod_NetworkGroups.h"
+#include "engine/network/mod_NetworkGroups.h"
 
 #include <gmock/gmock.h>
 

@@ -1,6 +1,6 @@
 #include "StationProcess.h"
 
-#include "core/cInifile.h"
+#include "engine/core/cInifile.h"
 
 #include <QDateTime>
 #include <QDir>

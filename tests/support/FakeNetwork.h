@@ -3,7 +3,7 @@
 #pragma once
 
 #include "VirtualClock.h"
-#include "network/cLink.h"
+#include "engine/ports/cLink.h"
 
 #include <QByteArray>
 
@@ -29,7 +29,8 @@ public:
     std::vector<QByteArray> sent;
 
     // Sends from outside, to all links of the default group.
-    void inject(const QByteArray& datagram, int port = 5748, const QString& group = QStringLiteral("232.36.32.36"));
+    void inject(const QByteArray& datagram, int port = 5748,
+                const QString& group = QStringLiteral("232.36.32.36"));
 
 private:
     friend class FakeLink;

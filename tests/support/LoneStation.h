@@ -3,8 +3,8 @@
 
 #include "World.h"
 
-#include "core/mod_CodePage.h"
-#include "core/mod_Definitions.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Definitions.h"
 
 #include <gtest/gtest.h>
 

@@ -1,7 +1,7 @@
 // A desktop that writes down what was asked of it.
 #pragma once
 
-#include "core/cDesktop.h"
+#include "engine/ports/cDesktop.h"
 
 #include <array>
 #include <functional>

@@ -1,7 +1,7 @@
 // A sound device that writes down what it was to play.
 #pragma once
 
-#include "alerts/cSounds.h"
+#include "engine/ports/cSounds.h"
 
 #include <QStringList>
 

@@ -1,7 +1,7 @@
 // A clock that jumps from deadline to deadline.
 #pragma once
 
-#include "core/cClock.h"
+#include "engine/ports/cClock.h"
 
 #include <QDateTime>
 
@@ -19,7 +19,9 @@ public:
     void wait(int ms) override { advance(ms); }
 
     // Runs everything that falls due in the next `ms`, each thing at its own time.
-    void advance(std::int64_t ms) { advanceUntil(m_nowMs + ms, [] { return false; }); }
+    void advance(std::int64_t ms) {
+        advanceUntil(m_nowMs + ms, [] { return false; });
+    }
 
     // Like `advance`, but stops as soon as `done` holds; false when it never did.
     bool advanceUntil(std::int64_t end, const std::function<bool()>& done) {

@@ -1,8 +1,8 @@
 #include "World.h"
 
-#include "core/mod_CodePage.h"
-#include "core/mod_Definitions.h"
-#include "core/mod_FileTools.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_FileTools.h"
 
 namespace tessel {
 

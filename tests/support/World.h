@@ -5,7 +5,7 @@
 #include "RecordingDesktop.h"
 #include "RecordingSounds.h"
 #include "VirtualClock.h"
-#include "station.h"
+#include "engine/station.h"
 
 #include <QTemporaryDir>
 

@@ -2,8 +2,8 @@
 #pragma once
 
 #include "World.h"
-#include "controls/ReportControl.h"
-#include "core/cWindowRegistry.h"
+#include "controls/list/ReportControl.h"
+#include "engine/ports/cWindowRegistry.h"
 
 #include <QAction>
 #include <QApplication>

@@ -1,0 +1,159 @@
+#include "controls/look/PaintKit.h"
+
+#include "controls/list/ReportColors.h"
+#include "controls/list/ReportText.h"
+
+#include <QFontMetrics>
+#include <QPainter>
+#include <QStyle>
+#include <QTextOption>
+
+#include <algorithm>
+#include <cmath>
+#include <utility>
+
+namespace tessel {
+
+namespace {
+
+constexpr int kLines = 4000;
+constexpr int kWrappedTexts = 200; // a few screens full
+constexpr int kInks = 1000;
+constexpr double kSmaller = 0.88;
+
+} // namespace
+
+PaintKit::PaintKit() : m_lines(kLines), m_wrapped(kWrappedTexts) {
+    setFont(QFont());
+}
+
+void PaintKit::setFont(const QFont& font) {
+    m_plain.font = m_small.font = m_bold.font = font;
+    m_small.font.setPointSizeF(std::max(7.0, font.pointSizeF() * kSmaller));
+    m_bold.font.setBold(true);
+    for (Sized* const sized : {&m_plain, &m_small, &m_bold}) {
+        sized->height = QFontMetrics(sized->font).height();
+    }
+    m_iconSize = m_plain.height >= 30 ? 32 : m_plain.height >= 23 ? 24 : 16;
+    m_lines.clear();
+    m_wrapped.clear();
+    m_pictures.clear();
+}
+
+void PaintKit::setPalette(const QPalette& palette) {
+    m_palette = palette;
+    m_inks.clear();
+    m_pictures.clear();
+}
+
+void PaintKit::setIconProvider(ReportIconProvider provider) {
+    m_icons = std::move(provider);
+    m_pictures.clear();
+}
+
+const QFont& PaintKit::font(Face face) const {
+    return face == Face::Small ? m_small.font : face == Face::Bold ? m_bold.font : m_plain.font;
+}
+
+int PaintKit::lineHeight(Face face) const {
+    return face == Face::Small ? m_small.height : face == Face::Bold ? m_bold.height : m_plain.height;
+}
+
+QColor PaintKit::ink(const QColor& text, const QColor& back) {
+    const quint64 key = static_cast<quint64>(text.rgb()) << 32U | back.rgb();
+    const auto found = m_inks.constFind(key);
+    if (found != m_inks.constEnd()) {
+        return *found;
+    }
+    if (m_inks.size() >= kInks) {
+        m_inks.clear();
+    }
+    return *m_inks.insert(key, readableOn(text, back, m_palette.color(QPalette::Text)));
+}
+
+QColor PaintKit::rowBack(const QColor& base, const RowState& state) const {
+    const QColor accent = m_palette.color(QPalette::Highlight);
+    if (state.selected) {
+        return blend(base, accent, state.focused ? 0.28 : 0.16);
+    }
+    return state.hovered ? blend(base, accent, 0.07) : base;
+}
+
+void PaintKit::paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const {
+    if (state.selected) {
+        const QColor accent = m_palette.color(QPalette::Highlight);
+        painter.fillRect(QRect(row.left(), row.top(), 3, row.height()),
+                         state.focused ? accent
+                                       : blend(rowBack(m_palette.color(QPalette::Base), state), accent, 0.6));
+    }
+}
+
+void PaintKit::paintIcon(QPainter& painter, int icon, const QRect& room) {
+    const double ratio = painter.device()->devicePixelRatioF();
+    if (ratio != m_pictureRatio) {
+        m_pictureRatio = ratio;
+        m_pictures.clear();
+    }
+    auto picture = m_pictures.constFind(icon);
+    if (picture == m_pictures.constEnd()) {
+        const bool enabled = m_palette.currentColorGroup() != QPalette::Disabled;
+        const QPixmap made =
+            m_icons ? m_icons(icon).pixmap(room.size(), ratio, enabled ? QIcon::Normal : QIcon::Disabled)
+                    : QPixmap();
+        picture = m_pictures.insert(icon, made);
+    }
+    if (!picture->isNull()) {
+        // An icon that has no picture of this size comes smaller.
+        const QSize size = picture->deviceIndependentSize().toSize();
+        painter.drawPixmap(QStyle::alignedRect(Qt::LeftToRight, Qt::AlignCenter, size, room), *picture);
+    }
+}
+
+int PaintKit::paintLine(QPainter& painter, const QString& text, const QRect& room, Qt::Alignment alignment,
+                        Face face) {
+    if (text.isEmpty() || room.width() <= 0) {
+        return 0;
+    }
+    const Line& line = lineFor(singleLine(text), room.width(), face);
+    double x = room.left();
+    if (alignment & Qt::AlignRight) {
+        x += room.width() - line.width;
+    } else if (alignment & Qt::AlignHCenter) {
+        x += (room.width() - line.width) / 2;
+    }
+    painter.setFont(font(face));
+    painter.drawStaticText(QPointF(x, room.top() + (room.height() - lineHeight(face)) / 2), line.text);
+    return static_cast<int>(std::ceil(line.width));
+}
+
+// Shaping a text costs ten times as much as drawing it, and most texts stay.
+const PaintKit::Line& PaintKit::lineFor(const QString& text, int width, Face face) {
+    const LineKey key{text, width, face};
+    if (const Line* kept = m_lines.object(key); kept != nullptr) {
+        return *kept;
+    }
+    auto* line = new Line;
+    line->text.setTextFormat(Qt::PlainText);
+    line->text.setPerformanceHint(QStaticText::AggressiveCaching);
+    QTextOption option;
+    option.setWrapMode(QTextOption::NoWrap);
+    option.setTextDirection(Qt::LayoutDirectionAuto);
+    line->text.setTextOption(option);
+    line->text.setText(QFontMetrics(font(face)).elidedText(text, Qt::ElideRight, width));
+    line->text.prepare({}, font(face));
+    line->width = line->text.size().width();
+    m_lines.insert(key, line);
+    return *line;
+}
+
+const WrappedText& PaintKit::wrapped(const QString& text, int width, int mostLines) {
+    const std::pair key(text, width);
+    if (const WrappedText* kept = m_wrapped.object(key); kept != nullptr) {
+        return *kept;
+    }
+    auto* made = new WrappedText(text, m_plain.font, width, mostLines);
+    m_wrapped.insert(key, made);
+    return *made;
+}
+
+} // namespace tessel

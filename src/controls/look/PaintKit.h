@@ -1,0 +1,93 @@
+// What the painters of all lists need: icons, readable colours, texts that are shaped once.
+#pragma once
+
+#include "controls/list/WrappedText.h"
+
+#include <QCache>
+#include <QColor>
+#include <QFont>
+#include <QHash>
+#include <QIcon>
+#include <QPalette>
+#include <QPixmap>
+#include <QStaticText>
+
+#include <functional>
+
+class QPainter;
+
+namespace tessel {
+
+using ReportIconProvider = std::function<QIcon(int icon)>;
+
+// How a row stands among the others at the moment.
+struct RowState {
+    bool selected = false;
+    bool focused = false; // the list has the keyboard
+    bool hovered = false;
+};
+
+class PaintKit {
+public:
+    PaintKit();
+
+    // The font of the rows; `small` below means the smaller one beside it.
+    void setFont(const QFont& font);
+    void setPalette(const QPalette& palette);
+    void setIconProvider(ReportIconProvider provider);
+
+    enum class Face { Plain, Small, Bold };
+    const QFont& font(Face face) const;
+    int lineHeight(Face face) const;
+    int iconSize() const { return m_iconSize; }
+    const QPalette& palette() const { return m_palette; }
+
+    // The colour, or one like it that can be read on `back`.
+    QColor ink(const QColor& text, const QColor& back);
+    // The back of a row that stands on `base` otherwise.
+    QColor rowBack(const QColor& base, const RowState& state) const;
+    void paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const;
+
+    void paintIcon(QPainter& painter, int icon, const QRect& room);
+    // One line, cut with an ellipsis where the room ends. Gives back the width that it took.
+    int paintLine(QPainter& painter, const QString& text, const QRect& room, Qt::Alignment alignment,
+                  Face face);
+    // The text in several lines of plain face, laid out once.
+    const WrappedText& wrapped(const QString& text, int width, int mostLines);
+
+private:
+    struct Line {
+        QStaticText text;
+        double width = 0;
+    };
+    struct LineKey {
+        QString text;
+        int width = 0;
+        Face face = Face::Plain;
+        bool operator==(const LineKey&) const = default;
+        friend size_t qHash(const LineKey& key, size_t seed) {
+            return qHashMulti(seed, key.text, key.width, static_cast<int>(key.face));
+        }
+    };
+
+    const Line& lineFor(const QString& text, int width, Face face);
+
+    struct Sized {
+        QFont font;
+        int height = 0;
+    };
+    Sized m_plain;
+    Sized m_small;
+    Sized m_bold;
+    int m_iconSize = 16;
+    QPalette m_palette;
+    ReportIconProvider m_icons;
+
+    QCache<LineKey, Line> m_lines;
+    QCache<std::pair<QString, int>, WrappedText> m_wrapped;
+    QHash<int, QPixmap> m_pictures;
+    double m_pictureRatio = 0;
+    QHash<quint64, QColor> m_inks; // by text and background
+};
+
+} // namespace tessel

@@ -1,0 +1,59 @@
+#include "controls/look/ScreenPlacement.h"
+
+#include <QGuiApplication>
+#include <QScreen>
+
+#include <algorithm>
+#include <limits>
+
+namespace tessel {
+
+namespace {
+
+int distance(QPoint point, const QRect& area) {
+    const int dx = std::max({area.left() - point.x(), 0, point.x() - area.right()});
+    const int dy = std::max({area.top() - point.y(), 0, point.y() - area.bottom()});
+    return dx + dy;
+}
+
+} // namespace
+
+QRect placedOnScreens(std::optional<QPoint> position, QSize wanted, const QList<QRect>& freeAreas) {
+    if (freeAreas.isEmpty()) {
+        return {position.value_or(QPoint()), wanted};
+    }
+    QRect area = freeAreas.first();
+    if (position.has_value()) {
+        // A window belongs where most users look: near its title.
+        const QPoint title(position->x() + wanted.width() / 2, position->y());
+        int nearest = std::numeric_limits<int>::max();
+        for (const QRect& candidate : freeAreas) {
+            if (const int away = distance(title, candidate); away < nearest) {
+                nearest = away;
+                area = candidate;
+            }
+        }
+    }
+    const QSize size = wanted.boundedTo(area.size());
+    const QPoint middle = area.center() - QPoint(size.width() / 2, size.height() / 2);
+    const QPoint asked = position.value_or(middle);
+    return {QPoint(std::clamp(asked.x(), area.left(), area.right() - size.width() + 1),
+                   std::clamp(asked.y(), area.top(), area.bottom() - size.height() + 1)),
+            size};
+}
+
+QList<QRect> freeScreenAreas() {
+    QList<QRect> areas;
+    const QScreen* const main = QGuiApplication::primaryScreen();
+    if (main != nullptr) {
+        areas += main->availableGeometry();
+    }
+    for (const QScreen* const screen : QGuiApplication::screens()) {
+        if (screen != main) {
+            areas += screen->availableGeometry();
+        }
+    }
+    return areas;
+}
+
+} // namespace tessel

@@ -1,0 +1,103 @@
+// A small popup on the desktop that tells something without ever taking the focus.
+#pragma once
+
+#include "controls/list/WrappedText.h"
+#include "controls/popup/AlertWidget.h"
+
+#include <QColor>
+#include <QIcon>
+#include <QPoint>
+#include <QRect>
+#include <QString>
+
+#include <array>
+#include <optional>
+
+class QAbstractButton;
+
+namespace tessel {
+
+// All texts are plain. A colour that is not valid is the desktop's own.
+struct PopupLook {
+    QColor frameFrom; // gradients run from top to bottom
+    QColor frameTo;
+    QColor bodyFrom;
+    QColor bodyTo;
+    QString caption;
+    QString label; // bold, above the text
+    QString text;
+    QString time;
+    QIcon icon;
+    int fontSize = 0; // points; 0: the desktop's
+    bool movable = true;
+    double opacity = 1.0; // 0 to 1
+    bool turnOffButton = false;
+    bool optionsButton = false;
+    bool messageLayout = false; // caption bold in a band, icon beside the text, no bottom row
+    QSize leastSize;            // pixels at 10 points
+};
+
+class PopupControl : public AlertWidget {
+    Q_OBJECT
+public:
+    explicit PopupControl(QWidget* parent = nullptr);
+
+    // Comes up at this place, or takes the new content there when it is up.
+    void show(const PopupLook& look, QPoint topLeft);
+    // How large it will be on a screen with this free area.
+    QSize sizeFor(const PopupLook& look, const QRect& freeArea);
+    // Lower right, a little off the edges; the upper left corner stays on the screen.
+    static QPoint defaultPlace(QSize popup, const QRect& freeArea);
+
+signals:
+    void closeClicked();
+    void textClicked();
+    void turnOffClicked();
+    void optionsClicked();
+    // A drag has ended here.
+    void moved(QPoint topLeft);
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void hideEvent(QHideEvent* event) override;
+
+private:
+    enum Button { Close, Options, TurnOff, kButtons };
+    struct Plan {
+        QSize size;
+        QRect band;
+        QRect body;
+        QRect caption;
+        QRect icon;
+        QRect text; // label and text
+        QRect time;
+        std::array<QRect, kButtons> buttons;
+        std::optional<WrappedText> label;
+        std::optional<WrappedText> words;
+        int gap = 0; // between label and text
+    };
+    struct Shades {
+        QColor from, to, text;
+    };
+
+    QFont fontFor(const PopupLook& look) const;
+    Plan plan(const PopupLook& look, QSize most) const;
+    void chooseColors();
+    void placeButtons();
+    void endDrag();
+
+    PopupLook m_look;
+    Plan m_plan;
+    Shades m_band;
+    Shades m_body;
+    QColor m_frameTo;
+    std::array<QAbstractButton*, kButtons> m_buttons{};
+    std::optional<QPoint> m_pressed; // on the screen
+    QPoint m_pressedPlace;           // of the popup then
+    bool m_dragging = false;
+};
+
+} // namespace tessel

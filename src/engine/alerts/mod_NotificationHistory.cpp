@@ -1,0 +1,292 @@
+#include "engine/alerts/mod_NotificationHistory.h"
+
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_Folders.h"
+#include "engine/core/mod_QuotedRecords.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/core/mod_TimeText.h"
+#include "engine/presence/mod_LocationViews.h"
+
+#include <QLocale>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+const QString kRecentsFile = QStringLiteral("recents.dat");
+constexpr qint64 kMaxFileBytes = 16 << 20;
+constexpr int kMaxEntries = 20000;
+// Characters of all records together: a flood of long messages pushes the oldest entries out earlier.
+constexpr qsizetype kMaxCharacters = 16 << 20;
+constexpr int kLongestPreview = 150;
+constexpr int kLongestText = 8000;
+// Entries that follow each other closely put the save off, but not for ever.
+constexpr std::int64_t kLongestUnsavedMs = 5 * 60 * 1000;
+constexpr int kMessageIcon = 9;
+constexpr int kReplyIcon = 61;
+
+enum EventValue { EvKind, EvCode, EvWord, EvLocation, EvText, EvTime, EvDate, EvSID, EvCount };
+enum MessageValue { MsKind, MsType, MsLog, MsEveryone, MsID, MsName, MsSID, MsBody, MsTime, MsDate, MsCount };
+
+int iconOf(HistoryCode code) {
+    switch (code) {
+    case HistoryCode::DoorBell:
+    case HistoryCode::DoorBellEveryone:
+        return 12;
+    case HistoryCode::PhoneCall:
+        return 19;
+    case HistoryCode::Status:
+    case HistoryCode::StatusUpdated:
+        return 1;
+    default:
+        return 0;
+    }
+}
+
+Argb borderOf(const Settings& settings, HistoryCode code) {
+    switch (code) {
+    case HistoryCode::DoorBell:
+        return settings.Recents_DB_B();
+    case HistoryCode::DoorBellEveryone:
+        return settings.Recents_DBG_B();
+    case HistoryCode::PhoneCall:
+    case HistoryCode::Urgent:
+        return settings.Recents_PC_B();
+    case HistoryCode::StatusCleared:
+    case HistoryCode::StaffTagCleared:
+        return settings.Recents_STC_B();
+    case HistoryCode::Occupied:
+    case HistoryCode::Open:
+        return settings.Recents_LU_B();
+    case HistoryCode::Status:
+    case HistoryCode::StatusUpdated:
+    case HistoryCode::StaffTagSet:
+        break;
+    }
+    return settings.Recents_ST_B();
+}
+
+bool isStatusKind(HistoryCode code) {
+    return code == HistoryCode::Status || code == HistoryCode::StatusUpdated ||
+           code == HistoryCode::StatusCleared;
+}
+
+bool isOccupancyKind(HistoryCode code) {
+    return code == HistoryCode::Occupied || code == HistoryCode::Open;
+}
+
+// The values of a record are told apart by a mark that a text from the network may hold too, or begin
+// at its end.
+QString joined(QStringList values) {
+    const QStringView beginOfMark = QStringView(ValueMark).chopped(1);
+    for (QString& value : values) {
+        if (value.contains(ValueMark)) {
+            value.replace(ValueMark, QLatin1String(" "));
+        }
+        if (value.endsWith(beginOfMark)) {
+            value += u' ';
+        }
+    }
+    return values.join(ValueMark);
+}
+
+qsizetype charactersOf(const ReportRecord& record) {
+    return item(record, CardItem::Record).text.size();
+}
+
+QString preview(const QString& body) {
+    const QString first = body.section(ListMark, 0, 0);
+    return first.size() > kLongestPreview ? first.left(kLongestPreview) + QLatin1String("...") : first;
+}
+
+struct Heading {
+    QString lead;
+    QString name;
+    Argb color = kNoColor;
+};
+
+Heading headingOf(const HistoryMessage& message) {
+    constexpr Argb kPurple = argb(128, 0, 128);
+    constexpr Argb kDarkGreen = argb(0, 128, 0);
+    const bool toSeveral = message.log == MessageLog::SentToSeveral;
+    if (message.log == MessageLog::ReplySent) {
+        return {QStringLiteral("Reply to "), message.name, kBlue};
+    }
+    if (message.type == 1) {
+        return {QStringLiteral("Reply from "), message.name, kBlue};
+    }
+    if (toSeveral) {
+        return {message.everyone ? QStringLiteral("Sent to Everyone") : QStringLiteral("Sent to Multiple "),
+                {},
+                kNoColor};
+    }
+    if (message.log == MessageLog::SentToOne) {
+        return {QStringLiteral("Sent to "), message.name, kPurple};
+    }
+    return message.everyone ? Heading{QStringLiteral("Everyone from "), message.name, kDarkGreen}
+                            : Heading{QStringLiteral("From "), message.name, kPurple};
+}
+
+} // namespace
+
+NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, Clock& clock,
+                                         const LocationViews& views)
+    : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
+      m_folders(folders), m_clock(clock), m_views(views) {}
+
+QString NotificationHistory::stamp(const QString& time, const QString& date) {
+    if (date != m_stampDate) {
+        m_stampDate = date;
+        const QDate day = QLocale::c().toDate(date, QStringLiteral("M/d/yyyy"));
+        m_stampLongDate = day.isValid() ? QLocale::system().toString(day, QLocale::LongFormat) : date;
+    }
+    return time + QLatin1String("  ") + m_stampLongDate;
+}
+
+void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
+    const bool favoritesOnly = (isStatusKind(entry.code) && m_settings.Recents_STF()) ||
+                               (isOccupancyKind(entry.code) && m_settings.Recents_LUF());
+    if (favoritesOnly && !loading && m_views.Active_FindSIDFav(entry.SID) < 0) {
+        return;
+    }
+    const auto record = std::make_shared<ReportRecord>(kCardItems);
+    const QString text = entry.text.left(kLongestText);
+    ReportItem& heading = item(*record, CardItem::Heading);
+    // Some events know no name to come from; then the word alone says what happened.
+    if (entry.location.isEmpty()) {
+        heading.text = entry.word;
+    } else {
+        heading.text = QLatin1String("From: ");
+        item(*record, CardItem::Name).text =
+            text.isEmpty() ? entry.location : entry.location + QLatin1String(" - ") + entry.word;
+    }
+    heading.icon = iconOf(entry.code);
+    item(*record, CardItem::Text).text = preview(text.isEmpty() ? entry.word : text);
+    item(*record, CardItem::Stamp).text = stamp(entry.time, entry.date);
+    item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
+    item(*record, CardItem::Border).backColor = borderOf(m_settings, entry.code);
+    QStringList values(EvCount);
+    values[EvKind] = QStringLiteral("0");
+    values[EvCode] = QString::number(static_cast<int>(entry.code));
+    values[EvWord] = entry.word;
+    values[EvLocation] = entry.location;
+    values[EvText] = text;
+    values[EvTime] = entry.time;
+    values[EvDate] = entry.date;
+    values[EvSID] = entry.SID;
+    item(*record, CardItem::Record).text = joined(std::move(values));
+    add(record, loading);
+}
+
+void NotificationHistory::AddMessage(const HistoryMessage& message, bool loading) {
+    const auto record = std::make_shared<ReportRecord>(kCardItems);
+    const Heading heading = headingOf(message);
+    item(*record, CardItem::Heading).text = heading.lead;
+    item(*record, CardItem::Heading).icon = message.type == 1 ? kReplyIcon : kMessageIcon;
+    item(*record, CardItem::Name).text = heading.name;
+    item(*record, CardItem::Name).foreColor = heading.color;
+    item(*record, CardItem::Text).text = preview(message.body);
+    item(*record, CardItem::Stamp).text = stamp(message.time, message.date);
+    item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
+    item(*record, CardItem::Border).backColor = m_settings.Recents_MSG_B();
+    QStringList values(MsCount);
+    values[MsKind] = QStringLiteral("1");
+    values[MsType] = QString::number(message.type);
+    values[MsLog] = QString::number(static_cast<int>(message.log));
+    values[MsEveryone] = message.everyone ? QStringLiteral("-1") : QStringLiteral("0");
+    values[MsID] = message.MessageID;
+    values[MsName] = message.name;
+    values[MsSID] = message.SID;
+    values[MsBody] = message.body;
+    values[MsTime] = message.time;
+    values[MsDate] = message.date;
+    item(*record, CardItem::Record).text = joined(std::move(values));
+    add(record, loading);
+}
+
+void NotificationHistory::add(const ReportRecordPtr& record, bool loading) {
+    m_characters += charactersOf(*record);
+    if (loading) {
+        rptNotifications.append(record);
+    } else {
+        rptNotifications.insert(0, record);
+        while (rptNotifications.count() > kMaxEntries ||
+               (m_characters > kMaxCharacters && rptNotifications.count() > 1)) {
+            const int oldest = rptNotifications.count() - 1;
+            m_characters -= charactersOf(*rptNotifications.at(oldest));
+            rptNotifications.remove(oldest);
+        }
+        if (m_settings.Recents_SAVE()) {
+            const std::int64_t now = m_clock.monotonicMs();
+            if (!m_dirty) {
+                m_dirty = true;
+                m_dirtySince = now;
+            }
+            if (!tmrSave.enabled() || now - m_dirtySince < kLongestUnsavedMs - tmrSave.interval()) {
+                tmrSave.restart();
+            }
+        }
+    }
+    if (m_settings.Recents_EV()) {
+        emit ensureTopVisible();
+    }
+}
+
+void NotificationHistory::LoadRecents() {
+    QByteArray bytes;
+    const QString path = m_folders.dataFile(kRecentsFile);
+    rptNotifications.clear();
+    m_characters = 0;
+    if (!readFileStart(path, kMaxFileBytes, bytes)) {
+        return;
+    }
+    for (const QString& record : readQuotedRecords(bytes, kMaxEntries)) {
+        QStringList values = record.split(ValueMark);
+        if (values.at(0) == u"0" && values.size() >= EvCount) {
+            const int code = values[EvCode].toInt();
+            AddItem({static_cast<HistoryCode>(code), values[EvWord], values[EvLocation], values[EvText],
+                     values[EvTime], values[EvDate], values[EvSID]},
+                    true);
+        } else if (values.at(0) == u"1" && values.size() >= MsCount) {
+            AddMessage({values[MsType].toInt(), static_cast<MessageLog>(values[MsLog].toInt()),
+                        toBoolean(values[MsEveryone]), values[MsID], values[MsName], values[MsSID],
+                        values[MsBody], values[MsTime], values[MsDate]},
+                       true);
+        }
+    }
+}
+
+void NotificationHistory::SaveRecents() {
+    tmrSave.setEnabled(false);
+    QStringList records;
+    const int count = std::clamp(m_settings.Recents_SAVE_CNT(), 0, rptNotifications.count());
+    records.reserve(count);
+    for (int row = 0; row < count; ++row) {
+        records += item(*rptNotifications.at(row), CardItem::Record).text;
+    }
+    // A disk that is full now may have room at the next try.
+    const bool stored = replaceFile(m_folders.dataFile(kRecentsFile), writeQuotedRecords(records));
+    m_dirty = m_dirty && !stored;
+    tmrSave.setEnabled(m_dirty);
+}
+
+void NotificationHistory::ClearRecents() {
+    rptNotifications.clear();
+    m_characters = 0;
+    SaveRecents();
+}
+
+void NotificationHistory::unload() {
+    if (m_dirty) {
+        SaveRecents();
+    }
+}
+
+void NotificationHistory::SetEnsureVisible_Notification() {
+    m_settings.Recents_EV.set(!m_settings.Recents_EV());
+}
+
+} // namespace tessel

@@ -1,0 +1,203 @@
+#include "engine/alerts/mod_Popups.h"
+
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_INIData.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/ports/cDesktop.h"
+
+#include <QStringList>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+constexpr qint64 kSecondMs = 1000;
+constexpr qint64 kMinuteMs = 60000;
+constexpr qint64 kLongestStayMs = 7 * 24 * 60 * kMinuteMs;
+constexpr int kOpaque = 255;
+constexpr int kLongestNotice = 1000;
+constexpr int kLongestMessage = 240;
+constexpr int kMessageIcon = 9;
+
+// Popups have no way to show the character; a bar does.
+QString withoutAmpersand(QString text) {
+    return text.replace(u'&', QLatin1String("and"));
+}
+
+int iconOf(NoticeKind kind) {
+    switch (kind) {
+    case NoticeKind::DoorBell:
+        return 12;
+    case NoticeKind::PhoneCall:
+        return 19;
+    case NoticeKind::Status:
+        return 1;
+    case NoticeKind::Urgent:
+        break;
+    }
+    return 0;
+}
+
+Setting<QString>& placeSetting(Settings& settings, PopupId popup) {
+    switch (popup) {
+    case PopupId::Status:
+        return settings.Settings_SNPM0;
+    case PopupId::Alert:
+        return settings.Settings_SNPM1;
+    case PopupId::Message:
+        break;
+    }
+    return settings.Settings_SNPM2;
+}
+
+} // namespace
+
+Popups::Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, Desktop& desktop)
+    : tmrStatusPopup(clock, "tmrStatusPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Status); }),
+      tmrAlertPopup(clock, "tmrAlertPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Alert); }),
+      tmrMessagePopup(clock, "tmrMessagePopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Message); }),
+      m_own(own), m_settings(settings), m_data(data), m_desktop(desktop) {}
+
+Timer& Popups::timer(PopupId popup) {
+    return popup == PopupId::Status  ? tmrStatusPopup
+           : popup == PopupId::Alert ? tmrAlertPopup
+                                     : tmrMessagePopup;
+}
+
+void Popups::ShowNotifyPopup(const Notice& notice) {
+    showNotice(PopupId::Status, notice);
+}
+
+void Popups::ShowNotifyPopupAlert(const Notice& notice) {
+    showNotice(PopupId::Alert, notice);
+}
+
+void Popups::showNotice(PopupId popup, const Notice& notice) {
+    if (m_own.doNotDisturb) {
+        return;
+    }
+    PopupContent content;
+    content.theme = notice.theme;
+    content.caption = notice.caption;
+    content.icon = iconOf(notice.kind);
+    content.label = withoutAmpersand(notice.label.left(kLongestNotice));
+    content.text = withoutAmpersand(notice.text.left(kLongestNotice));
+    content.time = notice.time;
+    const bool alert = notice.kind != NoticeKind::Status;
+    show(popup, std::move(content),
+         alert ? m_settings.Settings_ANPTM() * kMinuteMs : m_settings.Settings_SNPT() * kSecondMs);
+    state(popup).SID = notice.SID;
+}
+
+void Popups::ShowMessagePopup(const QString& name, const QString& body, const QString& time,
+                              const QString& id) {
+    if (m_own.doNotDisturb) {
+        return;
+    }
+    PopupContent content;
+    content.theme = PopupTheme::Message;
+    content.icon = kMessageIcon;
+    content.label = QLatin1String("From: ") + withoutAmpersand(name);
+    content.time = time;
+    content.fontSize = toNumber(m_settings.Settings_MNPFS());
+    if (m_settings.Settings_MPP()) {
+        content.text = QStringLiteral("Message Alert");
+    } else {
+        const QString first = body.section(ListMark, 0, 0);
+        content.text = withoutAmpersand(first.left(kLongestMessage));
+        if (first.size() > kLongestMessage) {
+            content.text += QLatin1String("...");
+        }
+    }
+    show(PopupId::Message, std::move(content), m_settings.Settings_MNPTM() * kMinuteMs);
+    state(PopupId::Message).tag = id;
+}
+
+void Popups::show(PopupId popup, PopupContent content, qint64 stayMs) {
+    close(popup);
+    content.movable = m_settings.Settings_SNPM();
+    content.opacity = std::clamp(m_settings.Settings_SNPTP(), 0, kOpaque) / static_cast<double>(kOpaque);
+    content.place = storedPlace(popup);
+    // An interval of nothing leaves the popup up until the user closes it: an alert is not to be lost.
+    timer(popup).setInterval(static_cast<int>(std::clamp<qint64>(stayMs, 0, kLongestStayMs)));
+    timer(popup).setEnabled(true);
+    state(popup) = {true, {}, {}};
+    m_desktop.showPopup(popup, content);
+}
+
+std::optional<QPoint> Popups::storedPlace(PopupId popup) const {
+    if (!m_settings.Settings_SNPM() || !m_settings.Settings_SNPMS()) {
+        return std::nullopt;
+    }
+    const QStringList parts = placeSetting(m_settings, popup)().split(u',');
+    if (parts.size() < 2) {
+        return std::nullopt;
+    }
+    bool leftOk = false;
+    bool topOk = false;
+    const QPoint place(parts[0].trimmed().toInt(&leftOk), parts[1].trimmed().toInt(&topOk));
+    return leftOk && topOk ? std::optional(place) : std::nullopt;
+}
+
+void Popups::close(PopupId popup) {
+    timer(popup).setEnabled(false);
+    if (!state(popup).up) {
+        return;
+    }
+    state(popup) = {};
+    m_desktop.closePopup(popup);
+}
+
+void Popups::closeStatusOf(const QString& SID) {
+    if (isUp(PopupId::Status) && state(PopupId::Status).SID == SID) {
+        close(PopupId::Status);
+    }
+}
+
+void Popups::ResetPopupAlertPositions(bool forget) {
+    for (const PopupId popup : {PopupId::Status, PopupId::Alert, PopupId::Message}) {
+        close(popup);
+        if (forget) {
+            placeSetting(m_settings, popup).set({});
+            const QString key = QStringLiteral("SNPM%1").arg(static_cast<int>(popup));
+            m_data.DeleteSetting(kUserFile, QStringLiteral("Settings"), key);
+        }
+    }
+}
+
+void Popups::clicked(PopupId popup, PopupItem item) {
+    const QString id = tag(popup);
+    switch (item) {
+    case PopupItem::Close:
+        close(popup);
+        break;
+    case PopupItem::Text:
+        close(popup);
+        if (!id.isEmpty()) {
+            emit openMessage(id);
+        }
+        break;
+    case PopupItem::TurnOff:
+        if (popup != PopupId::Message) {
+            close(popup);
+            emit turnOffAlertBar();
+        }
+        break;
+    case PopupItem::Options:
+        if (popup == PopupId::Message) {
+            emit openMessageOptions();
+        }
+        break;
+    }
+}
+
+void Popups::moved(PopupId popup, QPoint place) {
+    if (m_settings.Settings_SNPM() && m_settings.Settings_SNPMS()) {
+        placeSetting(m_settings, popup).set(QStringLiteral("%1,%2").arg(place.x()).arg(place.y()));
+    }
+}
+
+} // namespace tessel

@@ -1,0 +1,34 @@
+#include "engine/core/cErrorLog.h"
+
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_Folders.h"
+#include "engine/core/mod_Limits.h"
+#include "engine/ports/cClock.h"
+
+#include <QStringList>
+
+namespace tessel {
+
+namespace {
+QString oneLine(QString text) {
+    text.truncate(kMaxLogArgument);
+    for (QChar& c : text) {
+        if (c.category() == QChar::Other_Control) {
+            c = u' ';
+        }
+    }
+    return text;
+}
+} // namespace
+
+void cErrorLog::LogEvent(const QString& source, const QString& message, const QString& code) {
+    const QStringList items{m_clock.timeText(), oneLine(source),        oneLine(code),
+                            oneLine(message),   m_clock.dateText(),     QString::fromLatin1(kVersion),
+                            oneLine(m_own.SID), oneLine(m_own.location)};
+    const QByteArray line = toBytes(items.join(QLatin1String(" ,"))) + '\n';
+    appendToFile(m_folders.dataFile(kErrorFile), line, static_cast<qint64>(kMaxErrorLogBytes));
+}
+
+} // namespace tessel

@@ -1,0 +1,63 @@
+// The text of one INI file: lookup of its keys, and edits that leave every other line as it was.
+#pragma once
+
+#include <QByteArray>
+#include <QHash>
+#include <QString>
+#include <QStringList>
+
+#include <optional>
+#include <utility>
+#include <vector>
+
+namespace tessel {
+
+// Sections and keys are matched without regard to case. A section that stands twice counts as one,
+// and of a key that stands twice the first holds. Lines that are no section, key or comment are kept
+// and mean nothing.
+class cIniDocument {
+public:
+    using KeyValue = std::pair<QString, QString>;
+
+    cIniDocument() = default;
+    explicit cIniDocument(QByteArray bytes);
+
+    const QByteArray& bytes() const { return m_bytes; }
+
+    // The value without outer blanks, at most `kMaxIniValue` characters; nothing if the key is absent.
+    std::optional<QString> value(const QString& section, const QString& key) const;
+    // False, and nothing changes, when a line made of these could not be read back.
+    bool setValue(const QString& section, const QString& key, const QString& value);
+    void removeKey(const QString& section, const QString& key);
+    // Removes the section's keys and leaves its heading and comments.
+    void removeKeys(const QString& section);
+    void removeSection(const QString& section);
+
+    // Section names in the order of the file, each once, as first written.
+    QStringList sections() const;
+    // Keys and values of a section in the order of the file.
+    std::vector<KeyValue> entries(const QString& section) const;
+
+private:
+    struct Line {
+        enum class Kind { Other, Section, Key };
+        Kind kind = Kind::Other;
+        qsizetype begin = 0; // of the line
+        qsizetype value = 0; // behind the equals sign of a key
+        qsizetype end = 0;   // before the line's end
+        qsizetype next = 0;  // of the next line
+        QString name;        // of the section or key, as written
+        QString section;     // the folded name of the section that the line stands in
+    };
+
+    void parse();
+    QString lineValue(const Line& line) const;
+    void erase(const std::vector<const Line*>& lines);
+
+    QByteArray m_bytes;
+    QByteArray m_lineEnd = "\n";
+    std::vector<Line> m_lines;
+    QHash<QString, qsizetype> m_keys; // folded section, separator, folded key: index of the line
+};
+
+} // namespace tessel

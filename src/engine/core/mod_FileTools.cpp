@@ -1,0 +1,85 @@
+#include "engine/core/mod_FileTools.h"
+
+#include <QDir>
+#include <QFile>
+#include <QFileInfo>
+#include <QSaveFile>
+
+namespace tessel {
+
+namespace {
+constexpr QFileDevice::Permissions kOwnFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
+constexpr QFileDevice::Permissions kOwnFolder = kOwnFile | QFileDevice::ExeOwner;
+} // namespace
+
+bool FolderExists(const QString& path) {
+    return !path.isEmpty() && QFileInfo(path).isDir();
+}
+
+bool FileExists(const QString& path) {
+    return !path.isEmpty() && QFileInfo(path).isFile();
+}
+
+bool MakeFolder(const QString& path) {
+    if (path.isEmpty()) {
+        return false;
+    }
+    if (FolderExists(path)) {
+        return true;
+    }
+    const QDir folder(path);
+    const QString above = QFileInfo(QDir::cleanPath(folder.absolutePath())).path();
+    return QDir().mkpath(above) && QDir().mkdir(QDir::cleanPath(folder.absolutePath()), kOwnFolder);
+}
+
+bool DeleteFile(const QString& path) {
+    return FileExists(path) && QFile::remove(path);
+}
+
+bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes) {
+    return QFileInfo(path).size() <= maxBytes && readFileStart(path, maxBytes, bytes);
+}
+
+bool readFileStart(const QString& path, qint64 maxBytes, QByteArray& bytes) {
+    // A pipe or a device of that name would keep a reader waiting.
+    if (!FileExists(path)) {
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly)) {
+        return false;
+    }
+    bytes = file.read(maxBytes);
+    return file.error() == QFileDevice::NoError;
+}
+
+bool replaceFile(const QString& path, const QByteArray& bytes) {
+    // Somebody may have cleared the folder away while the station runs.
+    MakeFolder(QFileInfo(path).path());
+    QSaveFile file(path);
+    if (!file.open(QIODevice::WriteOnly)) {
+        return false;
+    }
+    file.setPermissions(kOwnFile);
+    if (file.write(bytes) != bytes.size()) {
+        file.cancelWriting();
+    }
+    return file.commit();
+}
+
+bool appendToFile(const QString& path, const QByteArray& bytes, qint64 maxBytes) {
+    if (QFileInfo::exists(path) && !FileExists(path)) {
+        return false;
+    }
+    QFile file(path);
+    const bool made = !file.exists();
+    if (!file.open(QIODevice::WriteOnly | QIODevice::Append) || file.size() >= maxBytes) {
+        return false;
+    }
+    if (made) {
+        file.setPermissions(kOwnFile);
+    }
+    return file.write(bytes) == bytes.size() && file.flush();
+}
+
+} // namespace tessel

@@ -1,0 +1,188 @@
+#include "engine/network/mod_Network_Protocol.h"
+
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/network/mod_Encode.h"
+#include "engine/ports/cLink.h"
+#include "records/cReportRecords.h"
+
+#include <numeric>
+
+namespace tessel {
+
+namespace {
+
+// Booleans travel as 16-bit numbers.
+QLatin1String wireBoolean(bool value) {
+    return value ? QLatin1String("-1") : QLatin1String("0");
+}
+
+const CatalogueRow* findRow(QByteArrayView name) {
+    if (name.size() > 8) {
+        return nullptr;
+    }
+    for (const CatalogueRow& row : kCatalogue) {
+        if (row.name == std::string_view(name.data(), static_cast<std::size_t>(name.size()))) {
+            return &row;
+        }
+    }
+    return nullptr;
+}
+
+} // namespace
+
+QString NetworkProtocol::ownPresence() const {
+    const QString values[kPresenceCount] = {m_own.status,
+                                            m_own.statusTime,
+                                            wireBoolean(m_own.occupied),
+                                            m_own.patientName,
+                                            QString::number(m_own.staffTag),
+                                            m_own.staffTagTime,
+                                            m_own.occupiedTime,
+                                            wireBoolean(m_own.doNotDisturb),
+                                            m_own.statusTone};
+    QString block = values[0];
+    for (std::size_t i = 1; i < kPresenceCount; ++i) {
+        block += ValueMark + values[i];
+    }
+    return block;
+}
+
+void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView third) {
+    if (!m_own.online) {
+        return;
+    }
+    const QString tagWord = QString::number(m_own.TAG) + u':' + third.trimmed().toString();
+    const QString presence = ownPresence(); // named: a view of it goes into the list below
+    const QByteArray mark(kFieldMark.data(), static_cast<qsizetype>(kFieldMark.size()));
+    QByteArray packet;
+    for (const QStringView field :
+         {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location),
+          code, QStringView(presence), QStringView(m_own.note), QStringView(tagWord)}) {
+        packet += toBytes(field) + mark;
+    }
+    const QByteArray bytes = toBytes(body);
+    packet += (m_settings.ENCODE() && !bytes.isEmpty() ? EncodeBody(bytes) : bytes) + mark;
+    packet.append(kPacketEnd.data(), static_cast<qsizetype>(kPacketEnd.size()));
+
+    if (m_protocol == 0) {
+        m_link.send(packet);
+        ++m_packetsSent;
+    }
+    AddBytesSent(packet);
+}
+
+void NetworkProtocol::send(Code code, QStringView body) {
+    const CatalogueRow& row = rowOf(code);
+    SendPacket(QString::fromLatin1(row.name.data(), static_cast<qsizetype>(row.name.size())), body,
+               QString::fromLatin1(row.third.data(), static_cast<qsizetype>(row.third.size())));
+}
+
+void NetworkProtocol::attach(Code code, Handler handler) {
+    m_handlers[indexOf(code)] = std::move(handler);
+}
+
+void NetworkProtocol::receive(QByteArrayView datagram) {
+    if (m_own.exiting) {
+        return;
+    }
+    expectSender(datagram);
+    splitDatagram(datagram, [this](QByteArrayView piece) { DispatchPacket(piece); });
+    AddBytesReceived(datagram);
+}
+
+void NetworkProtocol::expectSender(QByteArrayView packet) const {
+    // Where the SID of a well-made packet stands. Of any other packet nothing is expected, or somebody
+    // else: that costs time and nothing more.
+    constexpr qsizetype kSIDSize = 12;
+    const auto at = static_cast<qsizetype>(kMarker.size() + kFieldMark.size());
+    if (packet.size() < at + kSIDSize) {
+        return;
+    }
+    char16_t SID[kSIDSize];
+    toText(packet.sliced(at, kSIDSize), SID);
+    for (const ReportRecords* const table : m_tables) {
+        table->expect(QStringView(SID, kSIDSize));
+    }
+}
+
+void NetworkProtocol::DispatchPacket(QByteArrayView text) {
+    const auto packet = cPacket::parse(text, m_settings.ENCODE());
+    if (!packet.has_value()) {
+        return;
+    }
+    const CatalogueRow* const row = findRow(packet->bytes(Field::Code));
+    if (row == nullptr || !passes(row->filter, *packet)) {
+        return;
+    }
+    ++m_received[indexOf(row->code)];
+    const Handler& handler = m_handlers[indexOf(row->code)];
+    if (handler) {
+        handler(*packet);
+    }
+}
+
+bool NetworkProtocol::passes(Filter filter, const cPacket& packet) const {
+    if (filter == Filter::OwnToo) {
+        return true;
+    }
+    if (isOwnSID(packet.bytes(Field::SID))) {
+        return false;
+    }
+    switch (filter) {
+    case Filter::BodyIsSID:
+        return isTarget(packet.body());
+    case Filter::TargetIsSID:
+        return isTarget(valueAt(packet.body(), 0));
+    case Filter::TargetIsTag:
+        return equalsOwnTag(valueAt(packet.body(), 0));
+    case Filter::ListHeadIsTag: {
+        const qsizetype end = packet.body().indexOf(QByteArrayView(kListMark.data(), 3));
+        return equalsOwnTag(end < 0 ? QByteArrayView(packet.body())
+                                    : QByteArrayView(packet.body()).first(end));
+    }
+    case Filter::NotOwn:
+    case Filter::OwnToo:
+        break;
+    }
+    return true;
+}
+
+bool NetworkProtocol::isTarget(QByteArrayView bytes) const {
+    // A station that could not store a SID has an empty one; a body without a target is not for it.
+    return !bytes.isEmpty() && isOwnSID(bytes);
+}
+
+bool NetworkProtocol::isOwnSID(QByteArrayView bytes) const {
+    if (bytes.size() != m_own.SID.size()) {
+        return false;
+    }
+    for (qsizetype i = 0; i < bytes.size(); ++i) {
+        if (toByte(m_own.SID[i].unicode()) != bytes[i]) {
+            return false;
+        }
+    }
+    return true;
+}
+
+bool NetworkProtocol::equalsOwnTag(QByteArrayView bytes) const {
+    constexpr qsizetype kLongestNumber = 32;
+    if (bytes.size() > kLongestNumber) {
+        return false;
+    }
+    bool ok = false;
+    const double number = toText(bytes).trimmed().toDouble(&ok);
+    return ok && number == static_cast<double>(m_own.TAG);
+}
+
+void NetworkProtocol::setMeters(double sent, double received) {
+    m_bytesSent = sent;
+    m_bytesReceived = received;
+}
+
+std::uint64_t NetworkProtocol::packetsReceived() const {
+    return std::accumulate(m_received.begin(), m_received.end(), std::uint64_t{0});
+}
+
+} // namespace tessel

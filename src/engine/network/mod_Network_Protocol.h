@@ -1,0 +1,85 @@
+// The text of packets: building and sending them, cutting apart what arrives, and the two meters.
+#pragma once
+
+#include "engine/network/cPacket.h"
+#include "engine/network/mod_Catalogue.h"
+
+#include <QByteArrayView>
+#include <QString>
+
+#include <array>
+#include <cstdint>
+#include <functional>
+#include <vector>
+
+namespace tessel {
+
+class Link;
+class ReportRecords;
+class Settings;
+struct OwnState;
+
+class NetworkProtocol {
+public:
+    using Handler = std::function<void(const cPacket&)>;
+
+    NetworkProtocol(OwnState& own, const Settings& settings, Link& link)
+        : m_own(own), m_settings(settings), m_link(link) {}
+
+    // Only 0 exists; with any other value nothing is sent.
+    void setProtocol(int protocol) { m_protocol = protocol; }
+
+    // Builds one packet with the own presence and sends it. Nothing at all happens while offline.
+    void SendPacket(QStringView code, QStringView body, QStringView third);
+    // The same with the third argument that the catalogue gives.
+    void send(Code code, QStringView body = {});
+
+    // Lets `handler` act on packets of this code that pass the code's filter. The last one set holds.
+    void attach(Code code, Handler handler);
+
+    // Names a table in which packets look for the row of their sender. It hears of each sender before
+    // the packet is taken apart.
+    void addTable(const ReportRecords& table) { m_tables.push_back(&table); }
+
+    // A datagram arrived: splits it and dispatches each packet, in order.
+    void receive(QByteArrayView datagram);
+    void DispatchPacket(QByteArrayView text);
+
+    // Characters of packet text, sent and received since the last reset.
+    double bytesSent() const { return m_bytesSent; }
+    double bytesReceived() const { return m_bytesReceived; }
+    void setMeters(double sent, double received);
+    void AddBytesSent(QByteArrayView packet) { m_bytesSent += static_cast<double>(packet.size()); }
+    void AddBytesReceived(QByteArrayView packet) { m_bytesReceived += static_cast<double>(packet.size()); }
+
+    // Packets of this run. A received one is counted when its code is known and its filter let it
+    // pass, whether a handler is attached or not.
+    std::uint64_t packetsSent() const { return m_packetsSent; }
+    std::uint64_t packetsReceived(Code code) const { return m_received[indexOf(code)]; }
+    std::uint64_t packetsReceived() const;
+
+    // The presence block of the own state.
+    QString ownPresence() const;
+    // Whether a packet came from this station itself.
+    bool isOwn(const cPacket& packet) const { return isOwnSID(packet.bytes(Field::SID)); }
+
+private:
+    void expectSender(QByteArrayView packet) const;
+    bool passes(Filter filter, const cPacket& packet) const;
+    bool isTarget(QByteArrayView bytes) const;
+    bool isOwnSID(QByteArrayView bytes) const;
+    bool equalsOwnTag(QByteArrayView bytes) const;
+
+    OwnState& m_own;
+    const Settings& m_settings;
+    Link& m_link;
+    std::vector<const ReportRecords*> m_tables;
+    int m_protocol = 0;
+    std::array<Handler, kCodeCount> m_handlers;
+    std::array<std::uint64_t, kCodeCount> m_received{};
+    std::uint64_t m_packetsSent = 0;
+    double m_bytesSent = 0;
+    double m_bytesReceived = 0;
+};
+
+} // namespace tessel

@@ -1,0 +1,31 @@
+#include "engine/operations/mod_LocationReport.h"
+
+#include "engine/network/mod_Endpoints.h"
+#include "engine/network/mod_Network_Protocol.h"
+
+namespace tessel {
+
+QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protocol) {
+    constexpr EndpointItem kColumns[] = {
+        EndpointItem::Active,      EndpointItem::Host,   EndpointItem::Version, EndpointItem::SID,
+        EndpointItem::LastRefresh, EndpointItem::Status, EndpointItem::Note};
+    QString report = QStringLiteral("packets sent %1, received %2\n")
+                         .arg(protocol.packetsSent())
+                         .arg(protocol.packetsReceived());
+    for (const auto& record : endpoints.records().rows()) {
+        QStringList fields;
+        for (const EndpointItem column : kColumns) {
+            QString text = item(*record, column).text;
+            for (QChar& c : text) {
+                if (c.category() == QChar::Other_Control) {
+                    c = u' ';
+                }
+            }
+            fields += text.trimmed();
+        }
+        report += fields.join(u'\t') + u'\n';
+    }
+    return report;
+}
+
+} // namespace tessel

@@ -1,0 +1,415 @@
+#include "engine/presence/mod_LocationViews.h"
+
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_ElapsedText.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/core/mod_TimeText.h"
+#include "engine/ports/cClock.h"
+#include "engine/presence/cFavoriteLookup.h"
+
+#include <QSet>
+
+namespace tessel {
+
+namespace {
+
+const QString kBlank = QStringLiteral(" ");
+const QString kOwnMark = QStringLiteral("|");
+// A shorter note shows nowhere.
+constexpr int kShortestPreview = 4;
+constexpr int kShortestStatus = 2;
+
+// Tag colours that are too dark for black text.
+constexpr bool isDarkTag(int tag) {
+    return (tag >= 12 && tag <= 16) || tag == 18 || tag == 20;
+}
+
+QString previewOf(const QString& note) {
+    return note.size() >= kShortestPreview ? note : QString();
+}
+
+QString GetNoteBoardToolTip(const QString& patientName) {
+    return patientName;
+}
+
+// The status as it stands in the row's presence block. Empty when the row shows another one: a keep-alive
+// brings a status whose own packet was lost, and leaves the block as it was.
+QString statusOfBlock(const ReportRecord& row) {
+    const QString status = item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
+    return item(row, LocationItem::Status).text.startsWith(status) ? status : QString();
+}
+
+void setStatus(ReportRecord& record, const QString& text, const QString& time) {
+    item(record, LocationItem::Status).text = text;
+    item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
+    record.setTip(static_cast<int>(LocationItem::Status), text != kBlank ? text : QString());
+    item(record, LocationItem::TIME).text = time;
+    item(record, LocationItem::TIME).value = parseTime(time); // to sort by
+}
+
+// Pictures say what colours and numbers say, for those who do not see these.
+constexpr int kOccupiedIcon = 13;
+constexpr int kDoNotDisturbIcon = 300;
+constexpr int kNoIcon = -1;
+
+void setOccupied(ReportRecord& record, const Presence& presence) {
+    item(record, LocationItem::Active).value = presence.occupied ? kOccupiedValue : 0;
+    item(record, LocationItem::Active).icon = presence.occupied ? kOccupiedIcon : kNoIcon;
+    record.setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
+}
+
+void setDoNotDisturb(ReportRecord& record, bool doNotDisturb, bool own) {
+    item(record, LocationItem::Active).foreColor = own ? kBlue : doNotDisturb ? kRed : kNoColor;
+    item(record, LocationItem::Status).icon = doNotDisturb ? kDoNotDisturbIcon : kNoIcon;
+}
+
+void setStaffTag(ReportRecord& record, int tag) {
+    item(record, LocationItem::Staff).value = tag;
+    item(record, LocationItem::Staff).icon = tag != 0 ? tag : kNoIcon;
+    record.tag = tag;
+}
+
+void removeAll(ReportRecords& list, const QSet<const ReportRecord*>& gone) {
+    if (gone.size() == 1) {
+        list.remove((*gone.cbegin())->row());
+    } else if (!gone.isEmpty()) {
+        list.removeIf([&gone](const ReportRecord& record) { return gone.contains(&record); });
+    }
+}
+
+} // namespace
+
+LocationViews::LocationViews(const OwnState& own, const Settings& settings, const Clock& clock,
+                             const FavoriteLookup& favorites)
+    : m_own(own), m_settings(settings), m_clock(clock), m_favorites(favorites) {
+    rptStatusView.setRefill([this] { refillStatusView(); });
+}
+
+QString LocationViews::withAge(const QString& status, const QString& statusTime) const {
+    return ElapsedText(statusTime, status, ElapsedForm::WithText, m_clock.secondOfDay(),
+                       m_settings.Settings_STIMER());
+}
+
+void LocationViews::fill(ReportRecord& record, const EndpointAdded& endpoint) const {
+    const Presence& presence = endpoint.presence;
+    const bool own = endpoint.SID == m_own.SID;
+
+    setStatus(record, kBlank, kBlank);
+    if (presence.status.size() >= kShortestStatus) {
+        setStatus(record, withAge(presence.status, presence.statusTime), presence.statusTime);
+    }
+    item(record, LocationItem::Active).text = endpoint.location;
+    setDoNotDisturb(record, presence.doNotDisturb, own);
+    setOccupied(record, presence);
+    setStaffTag(record, presence.staffTag);
+    item(record, LocationItem::SID).text = endpoint.SID;
+    item(record, LocationItem::SN).text = endpoint.location;
+    item(record, LocationItem::ST).text = QString::number(endpoint.tag);
+    item(record, LocationItem::ST).value = endpoint.tag;
+    item(record, LocationItem::OST).text = endpoint.block;
+    item(record, LocationItem::VR).text = endpoint.marker;
+    record.preview = previewOf(endpoint.note);
+    record.pinned = own;
+
+    ReportItem& cell = item(record, LocationItem::Icon);
+    cell.text = own ? kOwnMark : QString();
+    if (isDarkTag(endpoint.tag)) {
+        cell.foreColor = kWhite;
+    }
+    if (endpoint.tag > 0 && endpoint.tag <= static_cast<int>(kTagColors.size())) {
+        cell.backColor = kTagColors[static_cast<std::size_t>(endpoint.tag - 1)];
+    }
+}
+
+void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
+    const auto record = std::make_shared<ReportRecord>(kLocationItems);
+    fill(*record, endpoint);
+    rptEndpoints.append(record);
+    if (const int slot = m_favorites.slotOf(endpoint.SID); slot >= 0 && slot <= FavoriteLookup::kLastSlot) {
+        Add_to_Favorites(endpoint, slot);
+    }
+    count(*record, 1);
+    changed();
+}
+
+void LocationViews::Add_to_Favorites(const EndpointAdded& endpoint, int slot) {
+    const auto record = std::make_shared<ReportRecord>(kFavoriteItems);
+    fill(*record, endpoint);
+    item(*record, LocationItem::VR).text = QString::number(slot);
+    item(*record, LocationItem::VR).value = slot;
+    item(*record, LocationItem::FavoriteVR).text = endpoint.marker;
+    Active_RemoveFavorite(endpoint.SID);
+    rptFavorites.append(record);
+}
+
+void LocationViews::Active_RemoveEndpoint(const QStringList& SIDs) {
+    QSet<const ReportRecord*> gone;
+    QSet<const ReportRecord*> goneFavorites;
+    for (const QString& SID : SIDs) {
+        if (const ReportRecord* const record = rptEndpoints.find(SID); record != nullptr) {
+            gone.insert(record);
+            count(*record, -1);
+        }
+        if (const ReportRecord* const favorite = rptFavorites.find(SID); favorite != nullptr) {
+            goneFavorites.insert(favorite);
+        }
+    }
+    removeAll(rptEndpoints, gone);
+    removeAll(rptFavorites, goneFavorites);
+    changed();
+}
+
+void LocationViews::Active_RemoveFavorite(const QString& SID) {
+    if (const ReportRecord* const record = rptFavorites.find(SID); record != nullptr) {
+        rptFavorites.remove(record->row());
+    }
+}
+
+void LocationViews::clear() {
+    rptEndpoints.clear();
+    rptStatusView.clear();
+    rptFavorites.clear();
+    ClearLocationsTabsCount();
+}
+
+bool LocationViews::showStatus(ReportRecords& list, const PresenceChanged& change) const {
+    ReportRecord* const record = list.find(change.SID);
+    if (record == nullptr) {
+        return false;
+    }
+    if (change.presence.status.isEmpty()) {
+        setStatus(*record, kBlank, kBlank);
+        item(*record, LocationItem::OST).text = kBlank;
+    } else {
+        setStatus(*record, change.presence.status.trimmed(), change.presence.statusTime.trimmed());
+        item(*record, LocationItem::OST).text = change.block;
+    }
+    record->preview = previewOf(change.note);
+    setOccupied(*record, change.presence);
+    list.redraw(*record);
+    return true;
+}
+
+void LocationViews::tellStatus(const PresenceChanged& change, int favoriteSlot) {
+    if (change.presence.status.isEmpty()) {
+        emit statusCleared(change.SID);
+    } else if (change.SID != m_own.SID) {
+        emit statusSet({change.location, change.SID, change.presence.status.trimmed(),
+                        change.presence.statusTime, change.presence.statusTone, favoriteSlot});
+    }
+}
+
+void LocationViews::ProcessStatusUpdate(const PresenceChanged& change) {
+    if (!showStatus(rptEndpoints, change)) {
+        return;
+    }
+    // A favorite is left to the favorites, so that nobody is told twice.
+    if (m_favorites.slotOf(change.SID) < 0) {
+        tellStatus(change, -1);
+    } else if (change.presence.status.isEmpty()) {
+        emit statusCleared(change.SID);
+    }
+    changed();
+}
+
+void LocationViews::ProcessStatusUpdateFav(const PresenceChanged& change) {
+    if (!showStatus(rptFavorites, change)) {
+        return;
+    }
+    // A row that outlived its favorite has been told of with all the others.
+    if (const int slot = m_favorites.slotOf(change.SID); slot >= 0) {
+        tellStatus(change, slot);
+    }
+}
+
+void LocationViews::showState(ReportRecords& list, const PresenceChanged& change) const {
+    ReportRecord* const record = list.find(change.SID);
+    if (record == nullptr) {
+        return;
+    }
+    setOccupied(*record, change.presence);
+    setDoNotDisturb(*record, change.presence.doNotDisturb, change.SID == m_own.SID);
+    list.redraw(*record);
+}
+
+void LocationViews::ProcessLocationUpdate(const PresenceChanged& change) {
+    showState(rptEndpoints, change);
+    showState(rptFavorites, change);
+    changed();
+}
+
+void LocationViews::ProcessStaffUpdate(const StaffTagChanged& change) {
+    for (ReportRecords* const list : {&rptEndpoints, &rptFavorites}) {
+        if (ReportRecord* const record = list->find(change.SID); record != nullptr) {
+            setStaffTag(*record, change.tag);
+            list->redraw(*record);
+        }
+    }
+    changed();
+}
+
+void LocationViews::ProcessLocationNoteUpdate(const NoteChanged& change) {
+    for (ReportRecords* const list : {&rptEndpoints, &rptFavorites}) {
+        if (ReportRecord* const record = list->find(change.SID); record != nullptr) {
+            record->preview = previewOf(change.note);
+            list->redraw(*record);
+        }
+    }
+    changed();
+}
+
+void LocationViews::showStatusTime(ReportRecords& list, const StatusTimeRefreshed& refreshed) const {
+    ReportRecord* const record = list.find(refreshed.SID);
+    if (record == nullptr || refreshed.status.isEmpty() || refreshed.statusTime.isEmpty()) {
+        return;
+    }
+    const QString text = withAge(refreshed.status, refreshed.statusTime);
+    ReportItem& status = item(*record, LocationItem::Status);
+    constexpr int kTip = static_cast<int>(LocationItem::Status);
+    if (status.text != text) {
+        status.text = text;
+        record->setTip(kTip, text);
+        list.redraw(*record);
+    }
+}
+
+void LocationViews::ProcessStatusTime(const StatusTimeRefreshed& refreshed) {
+    showStatusTime(rptEndpoints, refreshed);
+    changed();
+    ProcessFavoriteTime(refreshed);
+}
+
+void LocationViews::ProcessFavoriteTime(const StatusTimeRefreshed& refreshed) {
+    showStatusTime(rptFavorites, refreshed);
+}
+
+void LocationViews::setStatusTabCurrent(bool current) {
+    m_statusTabCurrent = current;
+    if (current) {
+        ProcessStatusView();
+    }
+}
+
+void LocationViews::changed() {
+    if (m_statusTabCurrent) {
+        ProcessStatusView();
+    }
+}
+
+void LocationViews::ProcessStatusView() {
+    if (rptEndpoints.count() > 0) {
+        rptStatusView.setStale();
+    }
+}
+
+void LocationViews::refillStatusView() {
+    std::vector<ReportRecordPtr> rows;
+    for (const auto& home : rptEndpoints.rows()) {
+        if (item(*home, LocationItem::Status).text.size() < kShortestStatus) {
+            continue;
+        }
+        const ReportRecord* const known = rptStatusView.find(item(*home, LocationItem::SID).text);
+        const ReportRecordPtr row = known != nullptr ? rptStatusView.at(known->row())
+                                                     : std::make_shared<ReportRecord>(kLocationItems);
+        for (int index = 0; index < kLocationItems; ++index) {
+            row->item(index) = home->item(index);
+        }
+        // The age is told anew, for all rows at once.
+        if (const QString status = statusOfBlock(*home); status.size() >= kShortestStatus) {
+            item(*row, LocationItem::Status).text =
+                withAge(status, item(*home, LocationItem::OST).text.section(ValueMark, 1, 1));
+        }
+        row->preview = home->preview;
+        row->pinned = home->pinned;
+        row->tag = home->tag;
+        row->setTip(static_cast<int>(LocationItem::Active),
+                    home->tip(static_cast<int>(LocationItem::Active)));
+        row->setTip(static_cast<int>(LocationItem::Status), item(*row, LocationItem::Status).text);
+        rows.push_back(row);
+    }
+    rptStatusView.assign(std::move(rows));
+    rptStatusView.redrawAll();
+}
+
+int LocationViews::Active_FindSID(const QString& SID) const {
+    const ReportRecord* const record = rptEndpoints.find(SID);
+    return record == nullptr ? -1 : record->row();
+}
+
+int LocationViews::Active_FindSIDFav(const QString& SID) const {
+    const ReportRecord* const record = rptFavorites.find(SID);
+    return record == nullptr ? -1 : record->row();
+}
+
+void LocationViews::count(const ReportRecord& record, int step) {
+    const int tag = item(record, LocationItem::ST).value;
+    if (tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())) {
+        m_tagCounts[static_cast<std::size_t>(tag - 1)] += step;
+    }
+}
+
+void LocationViews::ClearLocationsTabsCount() {
+    m_tagCounts.fill(0);
+}
+
+void LocationViews::CountLocationsTabs() {
+    ClearLocationsTabsCount();
+    for (const auto& record : rptEndpoints.rows()) {
+        count(*record, 1);
+    }
+}
+
+int LocationViews::tagCount(int tag) const {
+    return tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())
+               ? m_tagCounts[static_cast<std::size_t>(tag - 1)]
+               : 0;
+}
+
+QString GetLocationName(const ReportRecord& row) {
+    return item(row, LocationItem::Active).text;
+}
+
+QString GetSID(const ReportRecord& row) {
+    return item(row, LocationItem::SID).text;
+}
+
+bool GetStatusActive(const ReportRecord& row) {
+    return item(row, LocationItem::Status).text.size() >= kShortestStatus;
+}
+
+QString GetCurrentStatus(const ReportRecord& row) {
+    const QString status = statusOfBlock(row);
+    return status.isEmpty() ? withoutAge(item(row, LocationItem::Status).text.trimmed()) : status;
+}
+
+int GetLocationTag(const ReportRecord& row) {
+    return item(row, LocationItem::ST).value;
+}
+
+QString GetColorTag(const ReportRecord& row) {
+    return item(row, LocationItem::ST).text;
+}
+
+int GetStatusTag(const ReportRecord& row) {
+    return item(row, LocationItem::Staff).value;
+}
+
+bool isOccupied(const ReportRecord& row) {
+    return item(row, LocationItem::Active).value == kOccupiedValue;
+}
+
+QString GetOccupiedName(const ReportRecord& row) {
+    return row.tip(static_cast<int>(LocationItem::Active));
+}
+
+bool isLocationDND(const ReportRecord& row) {
+    return item(row, LocationItem::Active).foreColor == kRed;
+}
+
+bool IsVirtualLocation(const ReportRecord& row) {
+    const LocationItem marker =
+        row.itemCount() == kFavoriteItems ? LocationItem::FavoriteVR : LocationItem::VR;
+    return item(row, marker).text == kVirtualMarker;
+}
+
+} // namespace tessel

@@ -1,0 +1,70 @@
+#include "engine/presence/mod_OwnPresence.h"
+
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_INIData.h"
+#include "engine/core/mod_Limits.h"
+#include "engine/network/mod_Network_Protocol.h"
+#include "engine/ports/cClock.h"
+
+namespace tessel {
+
+namespace {
+
+// What another location asks for travels in every packet from then on: a text of thousands of
+// characters would make them too long to send. Nobody shows more of it than this anyway.
+QString asked(const cPacket& packet, int value) {
+    return packet.bodyValue(value).left(kMaxRowText);
+}
+
+} // namespace
+
+OwnPresence::OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol)
+    : m_own(own), m_data(data), m_clock(clock), m_protocol(protocol) {
+    attachHandlers(protocol);
+}
+
+void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
+    protocol.attach(Code::XALS, [this](const cPacket&) { SetOccupiedStatusRemote(false, {}); });
+    protocol.attach(Code::XALSN,
+                    [this](const cPacket& packet) { SetOccupiedStatusRemote(true, asked(packet, 1)); });
+    protocol.attach(Code::XASTR,
+                    [this](const cPacket& packet) { Set_StaffTag(packet.bodyValue(1).trimmed().toShort()); });
+    protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(asked(packet, 1)); });
+}
+
+void OwnPresence::SetOccupiedStatusRemote(bool named, const QString& name) {
+    m_own.occupied = !m_own.occupied;
+    m_own.patientName = m_own.occupied && named ? name : QString();
+    m_own.occupiedTime = m_own.occupied ? m_clock.timeText() : QString();
+    emit changed();
+    m_protocol.send(Code::XALU);
+}
+
+void OwnPresence::Set_StaffTag(std::int16_t tag) {
+    m_own.staffTagTime = tag != 0 ? m_clock.timeText() : QString();
+    announceStaffTag(tag);
+}
+
+void OwnPresence::announceStaffTag(std::int16_t tag) {
+    m_own.staffTag = tag;
+    emit changed();
+    m_protocol.send(Code::XAST);
+}
+
+void OwnPresence::ClearStaffTag(const QString& SID) {
+    if (SID == m_own.SID) {
+        announceStaffTag(0);
+    } else if (!SID.isEmpty()) {
+        m_protocol.send(Code::XASTR, QString(SID + ValueMark + u'0'));
+    }
+}
+
+void OwnPresence::SetLocationNote(const QString& note) {
+    m_own.note = note.trimmed();
+    m_data.WriteSetting(kUserFile, QStringLiteral("Note"), QStringLiteral("ACTIVE"), m_own.note);
+    emit changed();
+    m_protocol.send(Code::XALNU);
+}
+
+} // namespace tessel

@@ -1,0 +1,275 @@
+#include "engine/station.h"
+
+#include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_Limits.h"
+#include "engine/network/mod_NetworkGroups.h"
+#include "engine/operations/mod_Diagnostics.h"
+
+namespace tessel {
+
+namespace {
+const QString kUserSection = QStringLiteral("User");
+const QString kProgramSection = QStringLiteral("Program");
+const QString kConfigSection = QStringLiteral("Config");
+const QString kNetKey = QStringLiteral("net");
+const QString kUpdateHelper = QStringLiteral("update.exe");
+} // namespace
+
+Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
+                 std::uint64_t seed)
+    : m_facts(facts), m_clock(clock), m_link(link), m_desktop(desktop), folders(m_facts), data(ini, folders),
+      log(clock, folders, own), settings(data), identity(own, data, log, clock, seed),
+      protocol(own, settings, link), network(own, data, log, clock, link, protocol),
+      usage(data, settings, clock, log, protocol),
+      endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
+      status(own, data, clock, protocol, desktop), presence(own, data, clock, protocol),
+      tones(own, settings, folders, ini, sounds), popups(own, settings, data, clock, desktop),
+      notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
+      history(settings, folders, clock, views),
+      alerts(own, settings, clock, protocol, popups, alertBar, tones, history, desktop),
+      messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
+      menu({own, settings, desktop, shell, network, status, presence, alerts,
+            [this] { tmrExit.setEnabled(true); }}),
+      commands({own, desktop, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
+                [this] { tmrExit.setEnabled(true); }}),
+      tmrExit(clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
+      tmrUpdates(clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
+    wire();
+    attachOrders();
+}
+
+// Who hears of what, and in which order: a connection made earlier is served earlier.
+void Station::wire() {
+    protocol.addTable(endpoints.records());
+    protocol.addTable(views.rptEndpoints);
+    connect(&m_link, &Link::dataIn, this, [this](QByteArrayView datagram) { protocol.receive(datagram); });
+
+    connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
+    connect(&network, &NetworkMC::startingNetwork, &views, &LocationViews::ClearLocationsTabsCount);
+    connect(&network, &NetworkMC::resetUserLists, &endpoints, &Endpoints::ResetUserLists);
+    connect(&network, &NetworkMC::keepAliveSent, this, [this] { usage.SaveNetworkUsage(false); });
+    connect(&network, &NetworkMC::keepAliveSent, &endpoints, &Endpoints::keepAliveSent);
+
+    connect(&endpoints, &Endpoints::added, &views, &LocationViews::Add_to_Active);
+    connect(&endpoints, &Endpoints::removed, &views, &LocationViews::Active_RemoveEndpoint);
+    connect(&endpoints, &Endpoints::listsCleared, &views, &LocationViews::clear);
+    connect(&endpoints, &Endpoints::statusChanged, &views, &LocationViews::ProcessStatusUpdate);
+    connect(&endpoints, &Endpoints::statusChanged, &views, &LocationViews::ProcessStatusUpdateFav);
+    connect(&endpoints, &Endpoints::locationChanged, &views, &LocationViews::ProcessLocationUpdate);
+    connect(&endpoints, &Endpoints::staffTagChanged, &views, &LocationViews::ProcessStaffUpdate);
+    connect(&endpoints, &Endpoints::noteChanged, &views, &LocationViews::ProcessLocationNoteUpdate);
+    connect(&endpoints, &Endpoints::statusTimeRefreshed, &views, &LocationViews::ProcessStatusTime);
+    connect(&endpoints, &Endpoints::historyEntry, &history,
+            [this](const HistoryEntry& entry) { history.AddItem(entry); });
+
+    connect(&views, &LocationViews::statusSet, this,
+            [this](const StatusNews& news) { notices.statusSet(news); });
+    connect(&views, &LocationViews::statusCleared, this,
+            [this](const QString& SID) { notices.statusCleared(SID); });
+    connect(&status, &LocalStatus::setByOther, this,
+            [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
+                notices.setHere(text, tone, location, SID);
+            });
+    connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
+    connect(&messages, &Messages::arrived, this, &Station::messageArrived);
+}
+
+// Orders that concern the station as a whole.
+void Station::attachOrders() {
+    protocol.attach(Code::ZA00, [this](const cPacket&) { tmrExit.setEnabled(true); });
+    protocol.attach(Code::ZA01, [this](const cPacket&) { network.RestartNetwork(); });
+    protocol.attach(Code::ZAAS, [this](const cPacket& packet) {
+        Admin::SetAdminKey(ini, folders.data(), packet.bodyValue(1));
+    });
+    protocol.attach(Code::ZAGS, [this](const cPacket& packet) {
+        const QString text = packet.bodyValue(1);
+        data.WriteSetting(kUserFile, text.section(ListMark, 0, 0), text.section(ListMark, 1, 1),
+                          text.section(ListMark, 2, 2));
+    });
+}
+
+void Station::SetupFolders(Folders& folders, Admin& admin, cInifile& ini) {
+    folders.SetupFolders([&](const QString& dataFolder) {
+        admin.LoadAdminSettings(ini, folders.program(), dataFolder);
+        return !admin.AdminFilePresent || admin.WTS == u"A";
+    });
+}
+
+void Station::start() {
+    own.remoteSession = m_facts.remoteSession;
+    SetupFolders(folders, admin, ini);
+    own.startDate = m_clock.dateText();
+    own.startTime = m_clock.timeText();
+    own.windowsUserName = m_facts.userName;
+    identity.LoadSID();
+    network.LoadNetworkProtocol();
+    settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
+    usage.load();
+    own.TAG = settings.User_TAG();
+    own.note = settings.Note_ACTIVE().trimmed().left(kMaxRowText);
+    if (settings.User_FirstRun()) {
+        m_desktop.showWelcome();
+    } else {
+        m_desktop.showMain();
+    }
+}
+
+void Station::loadMain() {
+    status.LoadStatusSettings();
+    tones.LoadToneList();
+    shell.tmrTime.setEnabled(true);
+    tmrUpdates.setEnabled(settings.Settings_UPD());
+    own.host = m_facts.hostName;
+    loadLocationName();
+}
+
+void Station::messageArrived(const ReceivedMessage& message) {
+    if (settings.Recents_MSG()) {
+        history.AddMessage({message.kind == u"1" ? 1 : 0, MessageLog::Received, message.everyone,
+                            message.MessageID, message.location, message.SID, message.text, message.time,
+                            message.date});
+    }
+    if (settings.Settings_MNP()) {
+        popups.ShowMessagePopup(message.location, message.text, message.time, message.MessageID);
+    }
+    if (settings.Settings_MNT()) {
+        tones.PlayTone(message.everyone ? QStringLiteral("AllMsg") : QStringLiteral("SingleMsg"));
+    }
+}
+
+void Station::mainLoaded() {
+    history.LoadRecents();
+    if (settings.Sound_ST() && settings.Sound_SC()) {
+        tones.PlayTone(QStringLiteral("Startup"));
+    }
+    writeProgramRecord();
+    network.tmrNetStart.setEnabled(true);
+}
+
+QString Station::storedLocationName() const {
+    return data.ReadSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"), own.windowsUserName);
+}
+
+void Station::loadLocationName() {
+    // The name and the note may be written from afar, and travel in every packet: a packet must stay short
+    // enough to send.
+    own.location =
+        Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName().left(kMaxRowText);
+}
+
+void Station::SaveUserName(const WelcomeChoices& choices) {
+    if (choices.tag != own.TAG) {
+        settings.User_TAG.set(choices.tag);
+        own.TAG = choices.tag;
+    }
+    settings.Settings_DBNAV.set(choices.doorBell);
+    const QString name = choices.location.trimmed();
+    data.WriteSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"),
+                      name.isEmpty() ? own.windowsUserName : name);
+    settings.User_FirstRun.set(false);
+    m_desktop.SetAutoStart(true);
+}
+
+int Station::networkGroupRow() const {
+    const QString net = data.ReadSetting(kNetFile, kConfigSection, kNetKey, QStringLiteral("0"));
+    return static_cast<int>(&networkGroup(net) - kNetworkGroups.data());
+}
+
+void Station::SaveNetwork(int group) {
+    if (group == networkGroupRow()) {
+        return;
+    }
+    data.WriteSetting(kNetFile, kConfigSection, kNetKey, QString::number(group));
+    footer.SetFooter({}, {}, false);
+    network.RestartNetwork();
+}
+
+QString Station::diagInfo() const {
+    return GetDiagInfo(own, m_facts, network, settings, admin);
+}
+
+void Station::resetSID() {
+    log.LogEvent(QStringLiteral("SID Reset"), QStringLiteral("SID Deleted"), own.SID);
+    identity.ResetSID();
+    network.RestartNetwork();
+}
+
+bool Station::canUpdate() const {
+    return !Admin::restricted(admin.Updates) && FileExists(folders.program() + kUpdateHelper);
+}
+
+void Station::startUpdateHelper(UpdateRun run) {
+    const QString tail = run == UpdateRun::Silent     ? QStringLiteral("/silent")
+                         : run == UpdateRun::CheckNow ? QStringLiteral("/checknow")
+                                                      : QStringLiteral("/configure");
+    m_desktop.startProgram(folders.program() + kUpdateHelper, {tail});
+}
+
+void Station::checkForUpdates() {
+    if (!Admin::restricted(admin.Updates) && !own.remoteSession) {
+        startUpdateHelper(UpdateRun::Silent);
+    }
+}
+
+void Station::writeProgramRecord() {
+    data.WriteSettings(kUserFile, kProgramSection,
+                       {{QStringLiteral("VER"), QString::fromLatin1(kVersion)},
+                        {QStringLiteral("OS"), m_facts.osName},
+                        {QStringLiteral("WIN"), own.windowsUserName},
+                        {QStringLiteral("START"), own.startTime},
+                        {QStringLiteral("DATE"), own.startDate},
+                        {QStringLiteral("SHTDWN"), QString()}});
+}
+
+CloseAction Station::closing(CloseReason reason) {
+    switch (reason) {
+    case CloseReason::User:
+        if (!settings.Settings_EOC()) {
+            return CloseAction::Minimise;
+        }
+        ExitProc();
+        break;
+    case CloseReason::SessionEnd:
+    case CloseReason::TaskManager:
+        ExitProc();
+        break;
+    case CloseReason::Code:
+        break;
+    }
+    return CloseAction::Close;
+}
+
+void Station::disableTimers() {
+    for (Timer* const timer :
+         {&network.tmrNetStart, &network.tmrAnnounce, &network.tmrKA, &tmrUpdates, &status.tmrChangeLimiter,
+          &footer.tmrFooter, &alerts.tmrShake, &popups.tmrStatusPopup, &popups.tmrAlertPopup,
+          &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
+        timer->setEnabled(false);
+    }
+    alertBar.tstmrAlertOff.setEnabled(false);
+}
+
+void Station::ExitProc() {
+    // Timers and the user go on during the wait for the goodbye; nobody may end the program twice.
+    if (m_ended) {
+        return;
+    }
+    m_ended = true;
+    m_desktop.saveMainPlace();
+    own.exiting = true;
+    if (network.protocol() == 0) {
+        network.Network_Stop();
+    }
+    usage.SaveNetworkUsage(false);
+    m_desktop.closePopups();
+    disableTimers();
+    data.WriteSettings(
+        kUserFile, kProgramSection,
+        {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
+    history.unload();
+    m_desktop.unloadForms();
+    m_desktop.unloadMain();
+}
+
+} // namespace tessel

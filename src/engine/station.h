@@ -1,0 +1,145 @@
+// One running location: every engine, built in order, and the wires between them.
+#pragma once
+
+#include "engine/alerts/mod_AlertBar.h"
+#include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Messages.h"
+#include "engine/alerts/mod_NotificationHistory.h"
+#include "engine/alerts/mod_Popups.h"
+#include "engine/alerts/mod_StatusNotices.h"
+#include "engine/alerts/mod_Tones.h"
+#include "engine/core/cErrorLog.h"
+#include "engine/core/cInifile.h"
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_Folders.h"
+#include "engine/core/mod_INIData.h"
+#include "engine/core/mod_Main.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/mainwindow/mod_Commands.h"
+#include "engine/mainwindow/mod_Footer.h"
+#include "engine/mainwindow/mod_Shell.h"
+#include "engine/network/mod_Endpoints.h"
+#include "engine/network/mod_Network_MC.h"
+#include "engine/network/mod_Network_Protocol.h"
+#include "engine/operations/mod_Admin.h"
+#include "engine/operations/mod_NetworkUsage.h"
+#include "engine/operations/mod_RemoteCommands.h"
+#include "engine/ports/cClock.h"
+#include "engine/ports/cDesktop.h"
+#include "engine/ports/cLink.h"
+#include "engine/ports/cSounds.h"
+#include "engine/ports/cSystemFacts.h"
+#include "engine/presence/cFavoriteLookup.h"
+#include "engine/presence/mod_LocalStatus.h"
+#include "engine/presence/mod_LocationViews.h"
+#include "engine/presence/mod_OwnPresence.h"
+
+#include <QObject>
+
+namespace tessel {
+
+enum class CloseReason { User, Code, SessionEnd, TaskManager };
+enum class CloseAction { Close, Minimise };
+
+// How the helper that updates the program is started.
+enum class UpdateRun { Silent, CheckNow, Configure };
+
+// What the dialog of the first run asks.
+struct WelcomeChoices {
+    QString location;
+    int tag = kNoTag; // 41: none chosen
+    bool doorBell = false;
+};
+
+class Station : public QObject {
+    Q_OBJECT
+public:
+    // `seed`: for repeatable ids in tests; 0 for real ones.
+    Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
+            std::uint64_t seed = 0);
+
+    // Everything from the folders to the first window.
+    void start();
+    // The folders alone, with the administrator's restrictions, which say which folder it is.
+    static void SetupFolders(Folders& folders, Admin& admin, cInifile& ini);
+
+    // The engines' share of loading the main window, in two steps: before its lists are shown, and
+    // when it is done.
+    void loadMain();
+    void mainLoaded();
+
+    // The only orderly way out. To end the program from anywhere, enable `tmrExit`.
+    void ExitProc();
+    // The main window is about to close: what becomes of it.
+    CloseAction closing(CloseReason reason);
+
+    // Takes the choices of the first run, and starts with the user's session from now on.
+    void SaveUserName(const WelcomeChoices& choices);
+    // The name in user.cfg, or else the user's.
+    QString storedLocationName() const;
+    // Reads the location's name anew.
+    void loadLocationName();
+    // Stores another network group, and restarts the network if it differs from the stored one.
+    void SaveNetwork(int group);
+    int networkGroupRow() const;
+    // Whether there is a helper that updates the program, and the user may start it.
+    bool canUpdate() const;
+    void startUpdateHelper(UpdateRun run);
+    // The facts of this location, one a line.
+    QString diagInfo() const;
+    // Gives the station a new SID at its next start, and resets the network.
+    void resetSID();
+
+    Desktop& desktop() { return m_desktop; }
+
+    OwnState own;
+
+private:
+    SystemFacts m_facts;
+    Clock& m_clock;
+    Link& m_link;
+    Desktop& m_desktop;
+
+public:
+    cInifile ini;
+    Folders folders;
+    INIData data;
+    cErrorLog log;
+    Admin admin;
+    Settings settings;
+    Main identity;
+    NetworkProtocol protocol;
+    NetworkMC network;
+    NetworkUsage usage;
+    Endpoints endpoints;
+    FavoriteLookup favorites;
+    LocationViews views;
+    LocalStatus status;
+    OwnPresence presence;
+    Tones tones;
+    Popups popups;
+    StatusNotices notices;
+    AlertBar alertBar;
+    NotificationHistory history;
+    AlertEngine alerts;
+    Messages messages;
+    Footer footer;
+    Shell shell;
+    Commands menu;
+    RemoteCommands commands;
+
+    Timer tmrExit;
+    Timer tmrUpdates;
+
+private:
+    void wire();
+    void attachOrders();
+    void messageArrived(const ReceivedMessage& message);
+    void checkForUpdates();
+    void disableTimers();
+    void writeProgramRecord();
+
+    bool m_ended = false;
+};
+
+} // namespace tessel

@@ -1,0 +1,92 @@
+// One station on one desktop.
+#include "controls/look/OfficeLook.h"
+#include "engine/core/cInifile.h"
+#include "engine/operations/mod_LocationReport.h"
+#include "engine/station.h"
+#include "platform/EventLoopClock.h"
+#include "platform/Facts.h"
+#include "platform/LocalChannel.h"
+#include "platform/MulticastLink.h"
+#include "platform/Registry.h"
+#include "platform/Signals.h"
+#include "platform/SoundPlayer.h"
+#include "platform/StartTrace.h"
+#include "windows/frmDesktop.h"
+
+#include <QApplication>
+#include <QSessionManager>
+
+#include <cstring>
+
+namespace {
+
+using namespace tessel;
+
+// Sets up the data folders and shows nothing, so that an installer needs no screen for it.
+int setUpFolders(int argc, char** argv) {
+    const QCoreApplication application(argc, argv);
+    const SystemFacts facts = systemFacts();
+    LocalChannel channel(facts);
+    if (!channel.claim()) {
+        channel.ask(LocalChannel::kBringUp);
+        return 0;
+    }
+    cInifile ini;
+    Admin admin;
+    Folders folders(facts);
+    Station::SetupFolders(folders, admin, ini);
+    return 0;
+}
+
+QString answer(const QString& request, Station& station, Desktop& desktop) {
+    if (request.startsWith(LocalChannel::kCommand)) {
+        const bool accepted = station.commands.execute(request.sliced(LocalChannel::kCommand.size()));
+        return accepted ? QStringLiteral("accepted") : QString();
+    }
+    if (request == LocalChannel::kBringUp) {
+        desktop.bringUp();
+    } else if (request == LocalChannel::kLocations) {
+        return locationReport(station.endpoints, station.protocol);
+    }
+    return {};
+}
+
+} // namespace
+
+int main(int argc, char** argv) {
+    if (argc == 2 && std::strcmp(argv[1], "/L") == 0) {
+        return setUpFolders(argc, argv);
+    }
+    QApplication application(argc, argv);
+    QApplication::setApplicationName(QStringLiteral("TesselStatus"));
+    QApplication::setDesktopFileName(QStringLiteral("TesselStatus"));
+    // A minimised window is no reason to end; `ExitProc` ends the program.
+    QApplication::setQuitOnLastWindowClosed(false);
+
+    const SystemFacts facts = systemFacts();
+    LocalChannel channel(facts);
+    if (!channel.claim()) {
+        channel.ask(LocalChannel::kBringUp);
+        return 0;
+    }
+    const StartTrace trace;
+    applyOfficeLook();
+
+    EventLoopClock clock;
+    MulticastLink link;
+    Registry registry;
+    SoundPlayer sounds;
+    FormDesktop desktop(registry);
+    Station station(facts, clock, link, desktop, sounds);
+    desktop.setStation(station);
+
+    const EndSignals endSignals;
+    QObject::connect(&endSignals, &EndSignals::requested, &station,
+                     [&station] { station.closing(CloseReason::TaskManager); });
+    QObject::connect(
+        &application, &QGuiApplication::commitDataRequest, &station,
+        [&station] { station.closing(CloseReason::SessionEnd); }, Qt::DirectConnection);
+    channel.serve([&](const QString& request) { return answer(request, station, desktop); });
+    station.start();
+    return QApplication::exec();
+}

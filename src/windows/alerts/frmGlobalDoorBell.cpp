@@ -1,0 +1,84 @@
+#include "windows/alerts/frmGlobalDoorBell.h"
+
+#include "controls/edit/KeyFilterEdit.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_QuotedRecords.h"
+#include "engine/station.h"
+
+#include <QComboBox>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QPushButton>
+#include <QVBoxLayout>
+
+namespace tessel {
+
+namespace {
+constexpr int kGrid = 8;
+constexpr int kLeastWidth = 340;
+constexpr qint64 kMaxSnippetBytes = 1 << 20;
+constexpr int kMaxSnippets = 500;
+} // namespace
+
+frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
+    : QDialog(parent), m_station(station), m_snippet(new QComboBox(this)), m_text(new KeyFilterEdit(this)) {
+    setObjectName(QStringLiteral("frmGlobalDoorBell"));
+    setWindowTitle(tr("DoorBell Alert"));
+    setMinimumWidth(kLeastWidth);
+    m_snippet->setObjectName(QStringLiteral("cmbSnippet"));
+    m_snippet->setAccessibleName(tr("Text of the doorbell"));
+    m_snippet->setEditable(true);
+    m_snippet->setInsertPolicy(QComboBox::NoInsert);
+    m_snippet->setLineEdit(m_text);
+    m_snippet->setCompleter(nullptr);
+    m_text->setAllowedCharacters(kTypedCharacters);
+    m_text->setMaximumLength(AlertEngine::kLongestDoorBell);
+    m_text->setPlaceholderText(tr("Optional text"));
+    LoadSnippetDB();
+
+    auto* const everyone = new QPushButton(tr("Alert Everyone"), this);
+    everyone->setObjectName(QStringLiteral("cmdGroup0"));
+    everyone->setToolTip(tr("(F1) Ring the doorbell at all locations"));
+    everyone->setDefault(true);
+    m_groups.push_back(everyone);
+
+    auto* const label = new QLabel(tr("&Text:"), this);
+    label->setBuddy(m_snippet);
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
+    layout->setSpacing(kGrid);
+    layout->addWidget(label);
+    layout->addWidget(m_snippet);
+    layout->addSpacing(kGrid);
+    layout->addWidget(everyone);
+    layout->addStretch(1);
+
+    connect(everyone, &QPushButton::clicked, this, &frmGlobalDoorBell::SendDoorBell);
+    connect(m_text, &KeyFilterEdit::enterPressed, this, &frmGlobalDoorBell::SendDoorBell);
+    connect(m_text, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
+    m_snippet->setFocus();
+}
+
+void frmGlobalDoorBell::LoadSnippetDB() {
+    QByteArray bytes;
+    if (readFileStart(m_station.folders.dataFile(kSnippetFile), kMaxSnippetBytes, bytes)) {
+        m_snippet->addItems(readQuotedRecords(bytes, kMaxSnippets));
+    }
+    m_snippet->setCurrentIndex(-1);
+}
+
+void frmGlobalDoorBell::keyPressEvent(QKeyEvent* event) {
+    const int number = event->key() - Qt::Key_F1;
+    if (number >= 0 && number < static_cast<int>(m_groups.size())) {
+        m_groups[static_cast<std::size_t>(number)]->click();
+        return;
+    }
+    QDialog::keyPressEvent(event);
+}
+
+void frmGlobalDoorBell::SendDoorBell() {
+    m_station.alerts.SendDoorBell(m_text->text());
+    accept();
+}
+
+} // namespace tessel

@@ -1,0 +1,112 @@
+#include "windows/alerts/frmNotifications.h"
+
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/CardControl.h"
+#include "engine/station.h"
+#include "windows/alerts/frmRecentOptions.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMessageBox>
+#include <QShortcut>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+namespace tessel {
+
+namespace {
+constexpr QSize kFirstSize(420, 520);
+constexpr int kGrid = 8;
+} // namespace
+
+void askToClearRecents(Station& station, QWidget* parent, const QString& caption) {
+    QMessageBox box(QMessageBox::Question, caption,
+                    QStringLiteral("Please confirm list deletion.\r\nNote: This action cannot be undone."),
+                    QMessageBox::Yes | QMessageBox::No, parent);
+    box.setDefaultButton(QMessageBox::No);
+    if (box.exec() == QMessageBox::Yes) {
+        station.history.ClearRecents();
+    }
+}
+
+frmNotifications::frmNotifications(Station& station)
+    : m_station(station), m_filter(new PromptEdit(QStringLiteral("Filter"), this)),
+      m_list(new CardControl(this)) {
+    setObjectName(QStringLiteral("frmNotifications"));
+    setWindowTitle(tr("Notifications"));
+    resize(kFirstSize);
+    createBar();
+    createList();
+
+    auto* const centre = new QWidget(this);
+    auto* const layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    layout->setSpacing(kGrid);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_list, 1);
+    setCentralWidget(centre);
+    auto* const leave = new QShortcut(Qt::Key_Escape, this);
+    connect(leave, &QShortcut::activated, this, &QWidget::close);
+    m_list->setFocus();
+}
+
+void frmNotifications::createBar() {
+    auto* const bar = addToolBar(tr("Notifications"));
+    bar->setMovable(false);
+    bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    auto* const title = new QLabel(QStringLiteral("Recent Notification History"), bar);
+    title->setContentsMargins(kGrid, 0, 0, 0);
+    bar->addWidget(title);
+    auto* const space = new QWidget(bar);
+    space->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Preferred);
+    bar->addWidget(space);
+
+    QAction* const top = bar->addAction(tr("Scroll to &Top"));
+    top->setObjectName(QStringLiteral("chkEnsureVisible"));
+    top->setCheckable(true);
+    top->setShortcut(Qt::CTRL | Qt::Key_T);
+    top->setChecked(m_station.settings.Recents_EV());
+    top->setToolTip(tr("Scroll to top when receiving a notification"));
+    connect(top, &QAction::triggered, this, [this] { m_station.history.SetEnsureVisible_Notification(); });
+    QAction* const options = bar->addAction(tr("&Options…"));
+    options->setObjectName(QStringLiteral("mnuOptions"));
+    options->setShortcut(Qt::CTRL | Qt::Key_O);
+    options->setToolTip(tr("Choose what is kept in this list"));
+    connect(options, &QAction::triggered, this, [this] {
+        auto* const dialog = new frmRecentOptions(m_station, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        dialog->open();
+    });
+    QAction* const clear = bar->addAction(tr("&Clear…"));
+    clear->setObjectName(QStringLiteral("mnuClear"));
+    clear->setToolTip(tr("Delete all notifications"));
+    connect(clear, &QAction::triggered, this, &frmNotifications::askClear);
+}
+
+void frmNotifications::createList() {
+    m_list->setObjectName(QStringLiteral("rptNotifications"));
+    m_list->setAccessibleName(tr("Notifications"));
+    CardItems items;
+    items.heading = static_cast<int>(CardItem::Heading);
+    items.headingName = static_cast<int>(CardItem::Name);
+    items.text = static_cast<int>(CardItem::Text);
+    items.stamp = static_cast<int>(CardItem::Stamp);
+    items.border = static_cast<int>(CardItem::Border);
+    m_list->setCardItems(items);
+    m_list->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    m_list->setFontSize(m_station.settings.Fonts_MVFS());
+    m_list->setEmptyText(QStringLiteral("No Notifications"));
+    m_list->setNoMatchText(tr("No notification matches the filter"));
+    m_list->setRecords(&m_station.history.rptNotifications);
+    m_filter->setAccessibleName(tr("Filter notifications"));
+    connect(m_filter, &PromptEdit::searchChanged, m_list, &CardControl::setFilterText);
+    connect(m_filter, &PromptEdit::leaveForList, m_list, [this] { m_list->setFocus(); });
+    connect(&m_station.history, &NotificationHistory::ensureTopVisible, m_list,
+            &CardControl::ensureTopVisible);
+}
+
+void frmNotifications::askClear() {
+    askToClearRecents(m_station, this, QStringLiteral("Recents"));
+}
+
+} // namespace tessel

@@ -1,0 +1,117 @@
+#include "windows/alerts/frmPopups.h"
+
+#include "controls/look/ScreenPlacement.h"
+#include "controls/popup/PopupControl.h"
+#include "engine/station.h"
+
+#include <QGuiApplication>
+
+namespace tessel {
+
+namespace {
+
+constexpr int kGap = 8;
+
+// The plain pictures would drown in the colours of these popups; those of the bars stand on any back.
+Image pictureOf(int number) {
+    switch (static_cast<Image>(number)) {
+    case Image::Doorbell:
+        return Image::BarDoorbell;
+    case Image::Phone:
+        return Image::BarPhone;
+    case Image::Urgent:
+        return Image::BarUrgent;
+    default:
+        return static_cast<Image>(number);
+    }
+}
+
+PopupLook lookOf(const PopupContent& content, const Images& images) {
+    PopupLook look;
+    look.messageLayout = content.theme == PopupTheme::Message;
+    if (!look.messageLayout) {
+        const bool urgent = content.theme == PopupTheme::Urgent;
+        look.frameFrom = QColor(50, 50, 255);
+        look.frameTo = QColor(255, 255, 255);
+        look.bodyFrom = urgent ? QColor(250, 16, 85) : QColor(70, 70, 250);
+        look.bodyTo = QColor(200, 200, 200);
+    }
+    look.caption = look.messageLayout ? content.label : content.caption;
+    look.label = look.messageLayout ? QString() : content.label;
+    look.text = content.text;
+    look.time = content.time;
+    look.icon = images.image(pictureOf(content.icon), QGuiApplication::palette());
+    look.fontSize = content.fontSize;
+    look.movable = content.movable;
+    // One that cannot be seen would still be in the way of the mouse.
+    constexpr double kLeastOpacity = 0.2;
+    look.opacity = std::max(kLeastOpacity, content.opacity);
+    look.turnOffButton = !look.messageLayout;
+    return look;
+}
+
+} // namespace
+
+PopupWindows::PopupWindows(Station& station) : m_station(station) {}
+
+PopupWindows::~PopupWindows() = default;
+
+PopupControl& PopupWindows::window(PopupId popup) {
+    std::unique_ptr<PopupControl>& window = m_windows[static_cast<std::size_t>(popup)];
+    if (!window) {
+        window = std::make_unique<PopupControl>();
+        Popups& engine = m_station.popups;
+        const auto click = [&engine, popup](PopupItem item) {
+            return [&engine, popup, item] { engine.clicked(popup, item); };
+        };
+        QObject::connect(window.get(), &PopupControl::closeClicked, &engine, click(PopupItem::Close));
+        QObject::connect(window.get(), &PopupControl::textClicked, &engine, click(PopupItem::Text));
+        QObject::connect(window.get(), &PopupControl::turnOffClicked, &engine, click(PopupItem::TurnOff));
+        QObject::connect(window.get(), &PopupControl::optionsClicked, &engine, click(PopupItem::Options));
+        QObject::connect(window.get(), &PopupControl::moved, &engine,
+                         [&engine, popup](QPoint place) { engine.moved(popup, place); });
+    }
+    return *window;
+}
+
+void PopupWindows::show(PopupId popup, const PopupContent& content) {
+    PopupControl& shown = window(popup);
+    const PopupLook look = lookOf(content, m_images);
+    // A stored place may lie on a screen that is not there today.
+    const QList<QRect> areas = freeScreenAreas();
+    const QRect main = areas.isEmpty() ? QRect() : areas.first();
+    const QSize size = shown.sizeFor(look, main);
+    const QPoint wanted = content.place.value_or(freePlace(popup, size, main));
+    shown.show(look, placedOnScreens(wanted, size, areas).topLeft());
+}
+
+QPoint PopupWindows::freePlace(PopupId popup, QSize size, const QRect& area) const {
+    // An alert must not hide under a message that came after it: popups stand on each other's heads.
+    QRect place(PopupControl::defaultPlace(size, area), size);
+    // Moving off one may move it onto another, so each is looked at as often as there are popups.
+    for (int look = 0; look < kPopupCount * kPopupCount; ++look) {
+        const int other = look % kPopupCount;
+        const auto& window = m_windows[static_cast<std::size_t>(other)];
+        if (other != static_cast<int>(popup) && window && window->isVisible() &&
+            window->geometry().intersects(place)) {
+            place.moveBottom(window->geometry().top() - kGap);
+        }
+    }
+    return place.topLeft();
+}
+
+void PopupWindows::close(PopupId popup) {
+    if (const auto& shown = m_windows[static_cast<std::size_t>(popup)]; shown) {
+        shown->hide();
+    }
+}
+
+void PopupWindows::closeAll() {
+    for (const auto& shown : m_windows) {
+        if (shown) {
+            shown->hide();
+        }
+    }
+}
+
+} // namespace tessel

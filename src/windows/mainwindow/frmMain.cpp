@@ -1,0 +1,346 @@
+#include "windows/mainwindow/frmMain.h"
+
+#include "controls/bars/CommandBars.h"
+#include "controls/bars/CommandMenu.h"
+#include "controls/bars/MessageBar.h"
+#include "controls/bars/PaneBar.h"
+#include "controls/bars/QuickBar.h"
+#include "controls/bars/Ribbon.h"
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportControl.h"
+#include "controls/look/ScreenPlacement.h"
+#include "engine/ports/cWindowRegistry.h"
+#include "engine/station.h"
+#include "windows/mainwindow/frmMenus.h"
+#include "windows/mainwindow/frmTray.h"
+#include "windows/mainwindow/frmViews.h"
+
+#include <QCloseEvent>
+#include <QShortcut>
+#include <QTimer>
+#include <QVBoxLayout>
+
+namespace tessel {
+
+namespace {
+const QString kFormName = QStringLiteral("frmMain");
+constexpr QSize kFirstSize(480, 620);
+constexpr QSize kLeastSize(300, 320);
+constexpr int kGrid = 8;
+// Commands that have a key of their own.
+constexpr int kExit = 100;
+constexpr int kSetStatus = 102;
+constexpr int kNotifications = 104;
+constexpr int kRingDoorbell = 106;
+constexpr int kRefresh = 107;
+} // namespace
+
+frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station), m_registry(registry) {
+    setObjectName(kFormName);
+    setWindowTitle(kProductName);
+    setMinimumSize(kLeastSize);
+    m_station.loadMain();
+    applyOnTop();
+    createCommands();
+    m_views = new Views(
+        m_station, [this](int number) { return m_images.image(number, palette()); }, this);
+    createBars();
+    createSearch();
+    createShortcuts();
+    layOut();
+    restorePlace();
+    connectStation();
+    m_station.shell.SetTabView(m_station.shell.storedView());
+    refreshCommands();
+    search({});
+    showFooter();
+    showMessageBars();
+}
+
+frmMain::~frmMain() = default;
+
+void frmMain::createCommands() {
+    m_commands = new CommandSet(commandItems(m_station.menu), this);
+    m_commands->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    const bool updates = m_station.canUpdate();
+    m_commands->setVisible(kCheckForUpdates, updates);
+    m_commands->setVisible(kUpdateOptions, updates);
+    connect(m_commands, &CommandSet::triggered, this, [this](int id) { execute(id); });
+}
+
+void frmMain::createBars() {
+    m_ribbon = new Ribbon(*m_commands, ribbonPlan(), this);
+    m_quickBar = new QuickBar(*m_commands, quickBarIds(), this);
+    m_panes = new PaneBar(*m_commands, paneIds(), this);
+    m_alertBar = new MessageBar(MessageBar::Accent::Alert, this);
+    m_alertBar->setObjectName(QStringLiteral("AlertBar"));
+    m_alertBar->setButton(QStringLiteral("Close"), tr("Close the alert"));
+    m_ownBar = new MessageBar(MessageBar::Accent::Status, this);
+    m_ownBar->setObjectName(QStringLiteral("MyStatusBar"));
+    m_ownBar->setButton(QStringLiteral("Turn Off"), QStringLiteral("Turn Off Status Message"));
+    connect(m_alertBar, &MessageBar::buttonClicked, &m_station.alertBar, &AlertBar::TurnOff_AlertBar);
+    connect(m_ownBar, &MessageBar::buttonClicked, &m_station.status, &LocalStatus::TurnOffStatus);
+}
+
+void frmMain::createSearch() {
+    m_search = new PromptEdit(QLatin1String(kViews.front().prompt), this);
+    m_search->setObjectName(QStringLiteral("txtSearch"));
+    m_search->setAccessibleName(tr("Search"));
+    connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
+    connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
+}
+
+void frmMain::createShortcuts() {
+    const auto add = [this](const QKeySequence& keys, auto act) {
+        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+    };
+    add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
+    add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
+    add(QKeySequence::Refresh, [this] { execute(kRefresh, {}); });
+    add(Qt::CTRL | Qt::Key_M, [this] { execute(kSetStatus, {}); });
+    add(Qt::CTRL | Qt::Key_D, [this] { execute(kRingDoorbell, {}); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { execute(kNotifications, {}); });
+    add(Qt::CTRL | Qt::SHIFT | Qt::Key_A, [this] { execute(kShowConnections, {}); });
+    add(Qt::CTRL | Qt::Key_Q, [this] { execute(kExit, {}); });
+}
+
+void frmMain::layOut() {
+    auto* const centre = new QWidget(this);
+    auto* const outer = new QVBoxLayout(centre);
+    outer->setContentsMargins(0, 0, 0, 0);
+    outer->setSpacing(0);
+    auto* const middle = new QVBoxLayout;
+    middle->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    middle->setSpacing(kGrid);
+    middle->addWidget(m_ownBar);
+    middle->addWidget(m_search);
+    middle->addWidget(m_views, 1);
+    middle->addWidget(m_alertBar);
+    outer->addWidget(m_ribbon);
+    outer->addWidget(m_quickBar);
+    outer->addLayout(middle, 1);
+    outer->addWidget(m_panes);
+    setCentralWidget(centre);
+}
+
+void frmMain::connectStation() {
+    Shell& shell = m_station.shell;
+    connect(&shell, &Shell::clearSearchBox, m_search, &PromptEdit::clearSearch);
+    connect(&shell, &Shell::viewChanged, this, &frmMain::showView);
+    connect(&shell, &Shell::previewModeChanged, m_views, &Views::applyPreview);
+    connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
+    connect(&shell, &Shell::sortChanged, m_views, &Views::applySort);
+    connect(&shell, &Shell::onTopChanged, this, &frmMain::applyOnTop);
+    for (const auto signal : {&Shell::viewChanged, &Shell::previewModeChanged, &Shell::reportFontChanged,
+                              &Shell::sortChanged, &Shell::onTopChanged}) {
+        connect(&shell, signal, this, &frmMain::refreshCommands);
+    }
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::refreshCommands);
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showMessageBars);
+    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, this, &frmMain::refreshCommands);
+    connect(&m_station.status, &LocalStatus::quickStatusesLoaded, this, &frmMain::refreshCommands);
+    connect(&m_station.presence, &OwnPresence::changed, this, &frmMain::refreshCommands);
+    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showMessageBars);
+    connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
+    // Going on and off line shows in the footer, and changes what can be used.
+    connect(&m_station.footer, &Footer::changed, this, &frmMain::refreshCommands);
+    connect(m_views, &Views::currentRowChanged, this, &frmMain::refreshCommands);
+    connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
+}
+
+void frmMain::createTray() {
+    m_tray =
+        std::make_unique<Tray>(m_station, [this](int number) { return m_images.image(number, palette()); });
+    connect(m_tray.get(), &Tray::showRequested, this, [this] { m_station.desktop().bringUp(); });
+    connect(m_tray.get(), &Tray::clicked, this, [this] { m_station.desktop().bringUp(); });
+    connect(m_tray.get(), &Tray::resetRequested, this, &frmMain::resetPlace);
+    connect(m_tray.get(), &Tray::exitRequested, this, [this] { m_station.tmrExit.setEnabled(true); });
+}
+
+void frmMain::execute(int id, const QString& text) {
+    switch (id) {
+    case kShowConnections:
+        m_station.desktop().showWindow(WindowId::Endpoints);
+        break;
+    case kShowAdapters:
+        m_station.desktop().showWindow(WindowId::Adapters);
+        break;
+    case kCheckForUpdates:
+        m_station.startUpdateHelper(UpdateRun::CheckNow);
+        break;
+    case kUpdateOptions:
+        m_station.startUpdateHelper(UpdateRun::Configure);
+        break;
+    case kSortMenu:
+        showSortMenu();
+        break;
+    default:
+        m_station.menu.Execute(id, m_views->currentRow(), text);
+        break;
+    }
+    refreshCommands();
+}
+
+void frmMain::refreshCommands() {
+    const ReportRecord* const row = m_views->currentRow();
+    const Image room = m_station.own.occupied ? Image::RemovePatient : Image::SeatPatient;
+    if (room != m_roomShown) {
+        m_roomShown = room;
+        m_commands->setIcon(static_cast<int>(Image::QuickOccupied), static_cast<int>(room));
+        m_commands->setIcon(static_cast<int>(Image::OwnOccupied), static_cast<int>(room));
+    }
+    for (const CommandRow* command = firstCommand(); command != endOfCommands(); ++command) {
+        const int id = command->id;
+        m_commands->setCaption(id, m_station.menu.caption(id));
+        m_commands->setTip(id, m_station.menu.tip(id));
+        m_commands->setEnabled(id, m_station.menu.enabled(id, row));
+        if (command->checkable) {
+            m_commands->setChecked(id, m_station.menu.checked(id));
+        }
+    }
+}
+
+void frmMain::showView() {
+    const ViewRow& view = m_station.shell.viewRow();
+    m_ribbon->setCurrentTab(static_cast<int>(view.view));
+    m_search->setPrompt(QLatin1String(view.prompt));
+    m_views->showCurrent();
+}
+
+void frmMain::search(const QString& text) {
+    const Settings& settings = m_station.settings;
+    m_search->setBackColor(
+        QColor(QRgb(text.isEmpty() ? settings.Advanced_FilterColorIdle() : settings.Advanced_FilterColor())));
+    m_views->current().setFilterText(text);
+}
+
+void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos) {
+    refreshCommands();
+    auto* const menu = new CommandMenu(*m_commands, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setEntries(rowMenu(m_station.menu, *record));
+    connect(menu, &CommandMenu::triggered, this, [this, record](int id, const QString& text) {
+        // The list may have moved on: the command is for the row that the menu was opened on.
+        m_station.menu.Execute(id, record.get(), text);
+        refreshCommands();
+    });
+    menu->popup(globalPos);
+}
+
+void frmMain::showSortMenu() {
+    auto* const menu = new CommandMenu(*m_commands, this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    menu->setEntries(sortMenu());
+    connect(menu, &CommandMenu::triggered, this, [this](int id) { execute(id); });
+    m_panes->openMenu(kSortMenu, *menu);
+}
+
+void frmMain::showFooter() {
+    m_panes->setFooter(m_station.footer.text(), m_station.footer.tip());
+}
+
+void frmMain::showMessageBars() {
+    BarContent alert;
+    if (m_station.alertBar.AlertBarShown()) {
+        const AlertBar::Content& content = m_station.alertBar.content();
+        alert = {m_images.image(content.iconId, palette()), content.title, content.text, content.time,
+                 content.name};
+    }
+    m_alertBar->setContent(alert);
+    BarContent own;
+    if (!m_station.status.messageBar().isEmpty()) {
+        own = {{}, QStringLiteral("My Status:"), m_station.status.messageBar(), {}, {}};
+    }
+    m_ownBar->setContent(own);
+}
+
+ReportControl* frmMain::homeList() const {
+    return &m_views->list(View::Home);
+}
+
+void frmMain::applyOnTop() {
+    const bool wanted = m_station.settings.Settings_ONTOP();
+    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != wanted) {
+        const bool shown = isVisible();
+        setWindowFlag(Qt::WindowStaysOnTopHint, wanted);
+        setVisible(shown);
+    }
+}
+
+void frmMain::putAway() {
+    if (m_tray && m_tray->isThere()) {
+        hide();
+    } else {
+        showMinimized();
+    }
+}
+
+void frmMain::showNote(const QString& title, const QString& text) {
+    if (!m_tray || !m_tray->Set_TrayPopup(title, text)) {
+        m_station.footer.SetFooter(text.simplified(), {}, true);
+    }
+}
+
+bool frmMain::shake(QPoint offset) {
+    if (isMinimized() || !isVisible() || isMaximized()) {
+        return false;
+    }
+    const QPoint rest = m_rest.value_or(pos());
+    move(rest + offset);
+    m_rest = offset.isNull() ? std::nullopt : std::optional(rest);
+    return true;
+}
+
+void frmMain::restorePlace() {
+    const QSize size = m_registry.GetFormSize(kFormName).value_or(kFirstSize).expandedTo(kLeastSize);
+    const QRect place = placedOnScreens(m_registry.GetFormPos(kFormName), size, freeScreenAreas());
+    resize(place.size());
+    move(place.topLeft());
+}
+
+void frmMain::resetPlace() {
+    const QRect place = placedOnScreens(std::nullopt, kFirstSize, freeScreenAreas());
+    showNormal();
+    resize(place.size());
+    move(place.topLeft());
+    savePlace();
+}
+
+void frmMain::savePlace() {
+    // What is stored is the place of the window as it is when neither maximised nor minimised.
+    const bool usual = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
+    const QPoint frame = geometry().topLeft() - pos();
+    m_registry.SaveFormPos(kFormName, usual ? m_rest.value_or(pos()) : normalGeometry().topLeft() - frame);
+    m_registry.SaveFormSize(kFormName, usual ? size() : normalGeometry().size());
+}
+
+void frmMain::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (!m_loaded) {
+        m_loaded = true;
+        // The window is painted before the last steps read and write files.
+        QTimer::singleShot(0, this, [this] {
+            m_station.mainLoaded();
+            createTray();
+        });
+    }
+}
+
+void frmMain::changeEvent(QEvent* event) {
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange && m_commands != nullptr) {
+        m_commands->renewIcons();
+    }
+}
+
+void frmMain::closeEvent(QCloseEvent* event) {
+    const CloseReason reason = m_station.own.exiting ? CloseReason::Code : CloseReason::User;
+    if (m_station.closing(reason) == CloseAction::Minimise) {
+        putAway();
+        event->ignore();
+        return;
+    }
+    event->accept();
+}
+
+} // namespace tessel

@@ -1,0 +1,91 @@
+// The main window: ribbon, views, bars and menus around the lists of locations.
+#pragma once
+
+#include "controls/look/Images.h"
+#include "records/cReportRecords.h"
+
+#include <QMainWindow>
+
+#include <memory>
+#include <optional>
+
+namespace tessel {
+
+class CommandMenu;
+class CommandSet;
+class MessageBar;
+class PaneBar;
+class PromptEdit;
+class QuickBar;
+class ReportControl;
+class Ribbon;
+class Station;
+class Tray;
+class Views;
+class WindowRegistry;
+
+class frmMain : public QMainWindow {
+    Q_OBJECT
+public:
+    frmMain(Station& station, WindowRegistry& registry);
+    ~frmMain() override;
+
+    // Stores position and size.
+    void savePlace();
+    // Puts the window back to its first place and size, and stores them.
+    void resetPlace();
+    // Shows a short note, by the tray where there is one.
+    void showNote(const QString& title, const QString& text);
+    // Moves the window by so many pixels from where it rests; none puts it back. False while it is
+    // minimised.
+    bool shake(QPoint offset);
+    // Out of the way: behind the tray's icon where there is one, else minimised.
+    void putAway();
+
+    ReportControl* homeList() const;
+    Views* views() const { return m_views; }
+    CommandSet* commands() const { return m_commands; }
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void showEvent(QShowEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void createCommands();
+    void createBars();
+    void createSearch();
+    void createShortcuts();
+    void layOut();
+    void createTray();
+    void connectStation();
+
+    void execute(int id, const QString& text = {});
+    void refreshCommands();
+    void showView();
+    void showFooter();
+    void showMessageBars();
+    void search(const QString& text);
+    void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
+    void showSortMenu();
+    void applyOnTop();
+    void restorePlace();
+
+    Station& m_station;
+    WindowRegistry& m_registry;
+    Images m_images;
+    CommandSet* m_commands = nullptr;
+    Ribbon* m_ribbon = nullptr;
+    QuickBar* m_quickBar = nullptr;
+    PaneBar* m_panes = nullptr;
+    Views* m_views = nullptr;
+    PromptEdit* m_search = nullptr;
+    MessageBar* m_alertBar = nullptr;
+    MessageBar* m_ownBar = nullptr; // "My Status:"
+    std::unique_ptr<Tray> m_tray;
+    std::optional<QPoint> m_rest;             // place during a shake
+    Image m_roomShown = Image::QuickOccupied; // picture of the command that seats and removes
+    bool m_loaded = false;
+};
+
+} // namespace tessel

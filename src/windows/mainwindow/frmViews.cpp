@@ -1,0 +1,150 @@
+#include "windows/mainwindow/frmViews.h"
+
+#include "controls/list/ReportControl.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/station.h"
+
+#include <QPixmap>
+#include <QTimer>
+
+namespace tessel {
+
+namespace {
+
+// How long a selection takes to settle before a menu is shown for it.
+constexpr int kSettleMs = 100;
+// A picture that somebody put behind an empty list; anything larger is no background.
+constexpr qint64 kLargestPicture = 4 << 20;
+
+// The font of the settings' own default is one that this desktop may not have: then its own serves.
+const QString kDefaultFont = QStringLiteral("Tahoma");
+
+ReportColumn column(const char* caption, LocationItem item, int width) {
+    ReportColumn made;
+    made.caption = QLatin1String(caption);
+    made.item = static_cast<int>(item);
+    made.width = width;
+    return made;
+}
+
+SortKey byText(LocationItem item) {
+    return {static_cast<int>(item), false, true};
+}
+
+SortKey byValue(LocationItem item) {
+    return {static_cast<int>(item), true, true};
+}
+
+} // namespace
+
+Views::Views(Station& station, std::function<QIcon(int)> icon, QWidget* parent)
+    : QStackedWidget(parent), m_station(station), m_icon(std::move(icon)) {
+    LocationViews& rows = m_station.views;
+    create(View::Home, rows.rptEndpoints,
+           tr("No locations yet.\nThe network comes up a few seconds after the start."));
+    create(View::Status, rows.rptStatusView, QStringLiteral("No Location has a status set"));
+    create(View::Favorites, rows.rptFavorites, QStringLiteral("No favorites have been selected"));
+    applyFont();
+    applyPreview();
+    applySort();
+    QTimer::singleShot(0, this, &Views::loadBackgrounds);
+}
+
+void Views::create(View view, ReportRecords& records, const QString& emptyText) {
+    auto* const list = new ReportControl(this);
+    ReportColumn color = column("", LocationItem::Icon, 24);
+    ReportColumn status = column("Status", LocationItem::Status, 180);
+    status.stretch = true;
+    list->setColumns({color, column("Active", LocationItem::Active, 160), status,
+                      column("Staff", LocationItem::Staff, 60)});
+    list->setIconProvider(m_icon);
+    list->setEmptyText(emptyText);
+    list->setNoMatchText(tr("No location matches the search"));
+    const auto* const row =
+        std::find_if(kViews.begin(), kViews.end(), [view](const ViewRow& v) { return v.view == view; });
+    list->setAccessibleName(QString::fromLatin1(row->caption).trimmed());
+    list->setRecords(&records);
+    addWidget(list);
+    m_lists[view] = list;
+
+    connect(list, &ReportControl::currentRecordChanged, this, &Views::currentRowChanged);
+    connect(list, &ReportControl::recordMenuRequested, this,
+            [this](const ReportRecordPtr& record, const QPoint& globalPos) {
+                QTimer::singleShot(kSettleMs, this,
+                                   [this, record, globalPos] { emit menuRequested(record, globalPos); });
+            });
+    connect(list, &ReportControl::recordActivated, this, [this](const ReportRecordPtr&) { requestMenu(); });
+}
+
+void Views::loadBackgrounds() {
+    const auto load = [this](View view, const char* name) {
+        QByteArray bytes;
+        QPixmap picture;
+        if (readWholeFile(m_station.folders.dataFile(QLatin1String(name)), kLargestPicture, bytes) &&
+            picture.loadFromData(bytes)) {
+            list(view).setBackgroundPicture(picture);
+        }
+    };
+    load(View::Home, "nb.jpg");
+    load(View::Status, "nb.jpg");
+    load(View::Favorites, "fnb.jpg");
+}
+
+ReportControl& Views::current() const {
+    const auto found = m_lists.find(m_station.shell.view());
+    return *(found == m_lists.end() ? m_lists.begin() : found)->second;
+}
+
+void Views::showCurrent() {
+    setCurrentWidget(&current());
+    current().setFocus();
+}
+
+const ReportRecord* Views::currentRow() const {
+    return current().currentRecord().get();
+}
+
+void Views::requestMenu() {
+    ReportControl& list = current();
+    const ReportRecordPtr record = list.currentRecord();
+    if (record) {
+        list.scrollTo(list.currentIndex());
+        const QRect row = list.visualRect(list.currentIndex());
+        emit menuRequested(record, list.viewport()->mapToGlobal(row.bottomLeft()));
+    }
+}
+
+void Views::applyFont() {
+    const Settings& settings = m_station.settings;
+    for (const auto& [view, list] : m_lists) {
+        QFont font = list->font();
+        if (settings.Fonts_EVF().compare(kDefaultFont, Qt::CaseInsensitive) != 0) {
+            font.setFamily(settings.Fonts_EVF());
+        }
+        font.setBold(settings.Fonts_EVFB());
+        list->setFont(font);
+        list->setFontSize(m_station.shell.reportFont());
+    }
+}
+
+void Views::applyPreview() {
+    for (const auto& [view, list] : m_lists) {
+        list->setPreviewMode(m_station.shell.previewMode());
+    }
+}
+
+void Views::applySort() {
+    const Settings& settings = m_station.settings;
+    const SortKey color = byValue(LocationItem::ST);
+    const SortKey name = byText(LocationItem::SN);
+    const SortKey time = byValue(LocationItem::TIME);
+    const std::vector<SortKey> byColor{color, name};
+    const std::vector<SortKey> byName{name, color};
+    const std::vector<SortKey> statusOrders[] = {{time, color}, {time, name}, {name, time}};
+    const int status = settings.Settings_SORTSV();
+    list(View::Home).setSortKeys(settings.Settings_SORTEV() == 1 ? byName : byColor);
+    list(View::Status).setSortKeys(statusOrders[status == 1 || status == 2 ? status : 0]);
+    list(View::Favorites).setSortKeys(settings.Settings_SORTFV() == 1 ? byName : byColor);
+}
+
+} // namespace tessel

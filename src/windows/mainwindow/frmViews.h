@@ -1,0 +1,52 @@
+// The lists of the main window, one a view.
+#pragma once
+
+#include "engine/mainwindow/mod_Shell.h"
+#include "records/cReportRecords.h"
+
+#include <QPoint>
+#include <QStackedWidget>
+
+#include <functional>
+#include <map>
+
+class QIcon;
+
+namespace tessel {
+
+class ReportControl;
+class Station;
+
+class Views : public QStackedWidget {
+    Q_OBJECT
+public:
+    // `icon`: gives the picture of a number.
+    Views(Station& station, std::function<QIcon(int)> icon, QWidget* parent = nullptr);
+
+    // Shows the list of the current view.
+    void showCurrent();
+    ReportControl& current() const;
+    ReportControl& list(View view) const { return *m_lists.at(view); }
+    // The row that a command starts from; nullptr for none.
+    const ReportRecord* currentRow() const;
+    // Asks for the menu of the current row, at the row.
+    void requestMenu();
+
+    void applyFont();
+    void applyPreview();
+    void applySort();
+
+signals:
+    void menuRequested(const tessel::ReportRecordPtr& record, const QPoint& globalPos);
+    void currentRowChanged();
+
+private:
+    void create(View view, ReportRecords& records, const QString& emptyText);
+    void loadBackgrounds();
+
+    Station& m_station;
+    std::function<QIcon(int)> m_icon;
+    std::map<View, ReportControl*> m_lists;
+};
+
+} // namespace tessel

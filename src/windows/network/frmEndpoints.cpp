@@ -1,0 +1,196 @@
+#include "windows/network/frmEndpoints.h"
+
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportControl.h"
+#include "engine/core/mod_FileTools.h"
+#include "engine/network/mod_Endpoints.h"
+#include "engine/ports/cWindowRegistry.h"
+#include "engine/station.h"
+
+#include <QCloseEvent>
+#include <QMenuBar>
+#include <QMessageBox>
+#include <QStatusBar>
+#include <QVBoxLayout>
+
+namespace tessel {
+
+namespace {
+
+const QString kTitle = QStringLiteral("Active Connections");
+constexpr QSize kFirstSize(760, 420);
+constexpr int kGrid = 8;
+constexpr int kMessageMs = 5000;
+constexpr int kCaptionPadding = 30; // of a column's caption, both sides together
+// Widths are told for text of this size, in points.
+constexpr double kUsualFontSize = 10;
+
+struct Column {
+    EndpointItem item;
+    const char* caption;
+    int width;
+};
+constexpr Column kColumns[] = {
+    {EndpointItem::Active, "Active", 90},   {EndpointItem::Host, "Host", 120},
+    {EndpointItem::Version, "Version", 50}, {EndpointItem::Flags, "Flags", 70},
+    {EndpointItem::SID, "SID", 200},        {EndpointItem::LastRefresh, "Last Refresh", 120},
+};
+
+constexpr const char* kRowLabels[] = {
+    "Active: ", "Host: ",   "Version: ",     "Flags: ", "SessionID: ",    "Last Refresh: ",
+    "KA: ",     "Status: ", "Status Time: ", "Tag: ",   "Location Note: "};
+
+// A foreign packet can name its location by 256 characters without a blank, or by line feeds: neither
+// may make a box that does not fit the screen, or a line that passes for another.
+QString oneLine(QString text) {
+    constexpr qsizetype kLongest = 100;
+    for (QChar& c : text) {
+        c = c.isPrint() ? c : QChar(u' ');
+    }
+    return text.size() <= kLongest ? text : text.first(kLongest) + u'\u2026';
+}
+
+constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
+                                "\n"
+                                "Note the Following: \n"
+                                " * If this client was added as a Favorite it will be lost. \n"
+                                " * All Usage data for this client will no longer be accessible. \n"
+                                " * You should only reset the SID if this computer was cloned or another \n"
+                                "   client has a duplicate SID.\n"
+                                "\n"
+                                "\n"
+                                "This action cannot be undone.";
+
+} // namespace
+
+frmEndpoints::frmEndpoints(Station& station)
+    : m_station(station), m_filter(new PromptEdit(QStringLiteral("Search"), this)),
+      m_grid(new ReportControl(this)) {
+    setObjectName(QStringLiteral("frmEndpoints"));
+    setWindowTitle(kTitle);
+    m_scale = std::max(1.0, fontInfo().pointSizeF() / kUsualFontSize);
+    resize(kFirstSize * m_scale);
+    createGrid();
+    createMenus();
+
+    auto* const centre = new QWidget(this);
+    auto* const layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(kGrid, kGrid, kGrid, 0);
+    layout->setSpacing(kGrid);
+    layout->addWidget(m_filter);
+    layout->addWidget(m_grid, 1);
+    setCentralWidget(centre);
+    statusBar();
+    m_grid->setFocus();
+}
+
+void frmEndpoints::createGrid() {
+    std::vector<ReportColumn> columns;
+    for (const Column& column : kColumns) {
+        ReportColumn made;
+        made.caption = QLatin1String(column.caption);
+        // The list scales widths with its font, so a caption's width is told as for the usual one.
+        const int caption = fontMetrics().horizontalAdvance(made.caption) + kCaptionPadding;
+        made.width = std::max(column.width, static_cast<int>(caption / m_scale));
+        made.item = static_cast<int>(column.item);
+        // Names are what is looked for, so they get the room that is left.
+        made.stretch = column.item == EndpointItem::Active;
+        made.sortByValue = column.item == EndpointItem::LastRefresh;
+        columns.push_back(made);
+    }
+    m_grid->setColumns(std::move(columns));
+    m_grid->setFontSize(qRound(fontInfo().pointSizeF()));
+    m_grid->setSortableByHeader(true);
+    m_grid->setEmptyText(tr("No connections yet"));
+    m_grid->setNoMatchText(tr("No connection matches the search"));
+    m_grid->setAccessibleName(kTitle);
+    m_grid->setRecords(&m_station.endpoints.records());
+    connect(m_grid, &ReportControl::recordActivated, this, &frmEndpoints::showRow);
+
+    m_filter->setObjectName(QStringLiteral("txtFilter"));
+    m_filter->setAccessibleName(tr("Search connections"));
+    connect(m_filter, &PromptEdit::searchChanged, m_grid, &ReportControl::setFilterText);
+    connect(m_filter, &PromptEdit::leaveForList, m_grid, [this] { m_grid->setFocus(); });
+}
+
+void frmEndpoints::createMenus() {
+    const auto add = [this](QMenu* menu, const char* name, const QString& text, const QKeySequence& keys,
+                            auto act) {
+        QAction* const action = menu->addAction(text, keys, this, act);
+        action->setObjectName(QLatin1String(name));
+        return action;
+    };
+    QMenu* const file = menuBar()->addMenu(tr("&File"));
+    add(file, "mnuLog", tr("Show &Log"), {}, [this] { openLog(); });
+    add(file, "mnuShowDataFiles", tr("Show &Data Files"), {},
+        [this] { m_station.desktop().openPath(m_station.folders.data()); });
+    file->addSeparator();
+    add(file, "mnuExit", tr("&Close"), QKeySequence::Close, [this] { close(); });
+
+    QMenu* const network = menuBar()->addMenu(tr("&Network"));
+    add(network, "mnuRefresh", tr("&Refresh"), QKeySequence::Refresh, [this] { refreshCaption(); });
+    add(network, "mnuAnnounce", tr("&Announce"), {}, [this] { m_station.network.Announce(); });
+    add(network, "mnuRebuildUsers", tr("Re&build List"), {},
+        [this] { m_station.endpoints.RefreshAllEndpoints(); });
+    add(network, "mnuLFD_Connections", tr("Look for &Lost Connections"), {},
+        [this] { m_station.endpoints.Process_KeepAlive_Times(); });
+    network->addSeparator();
+    add(network, "mnuReset", tr("Re&set Network"), {}, [this] { m_station.network.RestartNetwork(); });
+    add(network, "mnuNetworkSettings", tr("&Network Adapter…"), {},
+        [this] { m_station.desktop().showWindow(WindowId::Adapters); });
+
+    QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
+    add(tools, "mnuInformation", tr("&Information…"), {},
+        [this] { m_station.desktop().showWindow(WindowId::NetworkInfo); });
+    tools->addSeparator();
+    add(tools, "mnuSID", tr("Reset &SID…"), {}, [this] { askSIDReset(); });
+}
+
+void frmEndpoints::refreshCaption() {
+    m_station.endpoints.records().redrawAll();
+    setWindowTitle(kTitle + QStringLiteral(" (%1)").arg(m_station.endpoints.records().count()));
+}
+
+void frmEndpoints::showRow(const ReportRecordPtr& record) {
+    QStringList lines;
+    for (int index = 0; index < static_cast<int>(std::size(kRowLabels)); ++index) {
+        lines += QLatin1String(kRowLabels[index]) + oneLine(record->item(index).text);
+    }
+    auto* const box =
+        new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void frmEndpoints::askSIDReset() {
+    auto* const box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Delete SessionID"),
+                                      QLatin1String(kSIDQuestion), QMessageBox::Yes | QMessageBox::No, this);
+    box->setTextFormat(Qt::PlainText);
+    box->setDefaultButton(QMessageBox::No);
+    box->setEscapeButton(QMessageBox::No);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    connect(box, &QMessageBox::finished, this, [this](int answer) {
+        if (answer == QMessageBox::Yes) {
+            m_station.resetSID();
+        }
+    });
+    box->open();
+}
+
+void frmEndpoints::openLog() {
+    const QString path = m_station.folders.dataFile(kErrorFile);
+    if (!FileExists(path)) {
+        statusBar()->showMessage(tr("The log is empty"), kMessageMs);
+    } else if (!m_station.desktop().openPath(path)) {
+        statusBar()->showMessage(tr("No program shows %1").arg(path), kMessageMs);
+    }
+}
+
+void frmEndpoints::closeEvent(QCloseEvent* event) {
+    // Only hidden: the next look finds search, sort and selection as they were.
+    event->accept();
+}
+
+} // namespace tessel

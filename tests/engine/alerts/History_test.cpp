@@ -1,0 +1,309 @@
+// The notification history and its file: what is lost when the disk fails, the file is damaged or
+// the program is killed.
+#include "engine/core/mod_FileTools.h"
+#include "support/LoneStation.h"
+
+#include <QDir>
+
+#include <gmock/gmock.h>
+#include <gtest/gtest.h>
+
+#include <random>
+
+using namespace tessel;
+using testing::IsEmpty;
+
+namespace {
+
+const QString kFile = QStringLiteral("recents.dat");
+
+class History : public LoneStation {
+protected:
+    QString path() const { return me.facts.appData + "Tessel Status/" + kFile; }
+    QByteArray file() const { return me.fileBytes(kFile); }
+    void store(const QByteArray& bytes) { ASSERT_TRUE(replaceFile(path(), bytes)); }
+    const ReportRecords& list() { return me->history.rptNotifications; }
+    int count() { return list().count(); }
+    QString text(CardItem index, int row = 0) { return item(*list().at(row), index).text; }
+    QStringList record(int row = 0) { return text(CardItem::Record, row).split(ValueMark); }
+    QStringList records() {
+        QStringList all;
+        for (int row = 0; row < count(); ++row) {
+            all += text(CardItem::Record, row);
+        }
+        return all;
+    }
+    void ring(const QString& text = "come") { hear("XAD1", body({kMe, text})); }
+    void add(const HistoryEntry& entry) { me->history.AddItem(entry); }
+    // The history as the next run reads it.
+    void reload() { me->history.LoadRecents(); }
+};
+
+HistoryEntry event(HistoryCode code, const QString& SID = QStringLiteral("999XX999XXX9")) {
+    return {code, "Word", "Room", "text", "9:00:00 AM", "3/2/2026", SID};
+}
+
+} // namespace
+
+TEST_F(History, FileByteForByte) {
+    begin();
+    ring("come");
+    hear({.code = "XATM",
+          .body = body({"1", "Me:" + kMe + ListMark, "A11BBB222CC3", QString("Br\u00fche \u20AC")})});
+    hear("XAUM", body({kMe, {}}));
+    EXPECT_FALSE(FileExists(path())) << "not before its time";
+    world.run(30);
+    QByteArray expected =
+        "3\r\n"
+        "\"0~5~Urgent (Outside)~~~9:00:06 AM~3/2/2026~999XX999XXX9\"\r\n"
+        "\"1~1~0~0~A11BBB222CC3~Outside~999XX999XXX9~Br\xfche \x80~9:00:06 AM~3/2/2026\"\r\n"
+        "\"0~0~DoorBell~Outside~come~9:00:06 AM~3/2/2026~999XX999XXX9\"\r\n";
+    EXPECT_EQ(file(), expected.replace('~', ".\x80."));
+    EXPECT_EQ(QFile::permissions(path()) & (QFile::ReadGroup | QFile::ReadOther), QFile::Permissions())
+        << "patient names stand in it";
+}
+
+TEST_F(History, CardsTellWhoAndWhat) {
+    begin();
+    ring("come");
+    EXPECT_EQ(text(CardItem::Heading) + text(CardItem::Name), "From: Outside - DoorBell");
+    EXPECT_EQ(text(CardItem::Text), "come");
+    EXPECT_TRUE(text(CardItem::Stamp).startsWith("9:00:06 AM  "));
+    EXPECT_EQ(item(*list().at(0), CardItem::Heading).icon, 12);
+    EXPECT_EQ(item(*list().at(0), CardItem::Border).backColor, argb(0, 128, 0));
+    hear("XAP", body({kMe, "call"}));
+    EXPECT_EQ(text(CardItem::Name), "") << "a phone call names nobody";
+    EXPECT_EQ(text(CardItem::Heading), "PhoneCall");
+    const auto heading = [this](int type, MessageLog log, bool everyone) {
+        me->history.AddMessage({type, log, everyone, "id", "Ann", "SID", "first" + ListMark + "quoted",
+                                "9:00:00 AM", "3/2/2026"});
+        EXPECT_EQ(text(CardItem::Text), "first");
+        return text(CardItem::Heading) + text(CardItem::Name);
+    };
+    EXPECT_EQ(heading(0, MessageLog::Received, true), "Everyone from Ann");
+    EXPECT_EQ(heading(0, MessageLog::Received, false), "From Ann");
+    EXPECT_EQ(heading(1, MessageLog::Received, false), "Reply from Ann");
+    EXPECT_EQ(heading(0, MessageLog::SentToSeveral, true), "Sent to Everyone");
+    EXPECT_EQ(heading(0, MessageLog::SentToSeveral, false), "Sent to Multiple ");
+    EXPECT_EQ(heading(0, MessageLog::SentToOne, false), "Sent to Ann");
+    me->history.AddMessage({0, MessageLog::Received, false, "id", "Ann", "SID", QString(151, u'w'), {}, {}});
+    EXPECT_EQ(text(CardItem::Text), QString(150, u'w') + "...");
+    EXPECT_EQ(record()[7].size(), 151) << "the whole text stays in the record";
+}
+
+TEST_F(History, RoundTrip) {
+    begin();
+    ring("say \"now\"\r\nor \"\"never\"");
+    HistoryEntry marked = event(HistoryCode::DoorBellEveryone);
+    marked.text = "a mark " + ValueMark + " inside, and half of one at its end .\u20AC";
+    add(marked);
+    ring(QString("caf\u00e9 \u0160 \u20AC"));
+    me->history.AddMessage({1, MessageLog::ReplySent, true, "id", "Ann;Bob", "SID",
+                            "line\r\n" + ListMark + "quoted \"text\"", "1:00:00 PM", "2/28/2026"});
+    const QStringList before = records();
+    QStringList cards;
+    for (int row = 0; row < count(); ++row) {
+        cards += text(CardItem::Heading, row) + text(CardItem::Text, row) + text(CardItem::Stamp, row);
+    }
+    me->history.SaveRecents();
+    reload();
+    EXPECT_EQ(records(), before);
+    for (const int row : {0, 1, 3}) { // the marks inside the other one have become blanks
+        EXPECT_EQ(text(CardItem::Heading, row) + text(CardItem::Text, row) + text(CardItem::Stamp, row),
+                  cards[row]);
+    }
+    EXPECT_EQ(record(2)[5], "9:00:00 AM") << "a text does not reach into the time behind it";
+    EXPECT_EQ(record(2).size(), 8);
+    const QByteArray once = file();
+    me->history.SaveRecents();
+    EXPECT_EQ(file(), once);
+}
+
+TEST_F(History, DamagedFilesGiveWhatCanBeRead) {
+    begin();
+    for (int i = 0; i < 6; ++i) {
+        ring("text " + QString::number(i));
+    }
+    me->history.SaveRecents();
+    const QByteArray whole = file();
+    const QStringList all = records();
+    int most = 0;
+    for (qsizetype size = 0; size <= whole.size(); size += 3) {
+        store(whole.first(size));
+        reload();
+        ASSERT_LE(count(), 6);
+        ASSERT_EQ(records(), all.first(count())) << size;
+        most = std::max(most, count());
+    }
+    EXPECT_GE(most, 5);
+    const QByteArray body = whole.mid(3);
+    for (const char* const lie : {"99999999999\r\n", "2\r\n", "-1\r\n", "many\r\n", "\r\n", "", "6\n"}) {
+        store(lie + body);
+        reload();
+        EXPECT_EQ(records(), all) << lie << ": the count is not believed";
+    }
+    QByteArray foreign = "4\r\n\"0~1\"\r\n\"7~what\"\r\n\"\"\r\n\"1~0~0~0\"\r\n"
+                         "\"0~4711~Word~Room~text~noon~the day after~SID\"\r\n"
+                         "\"1~9~77~True~id~name~SID~body~time~date\"\r\n";
+    store(foreign.replace('~', ".\x80."));
+    reload();
+    EXPECT_EQ(count(), 2) << "of a newer program or a broken one";
+    EXPECT_EQ(text(CardItem::Stamp, 0), "noon  the day after");
+
+    std::mt19937 random(3);
+    for (int round = 0; round < 100; ++round) {
+        QByteArray noise(static_cast<qsizetype>(random() % 5000), Qt::Uninitialized);
+        for (char& byte : noise) {
+            byte = static_cast<char>(random() % 4 == 0 ? '"' : random());
+        }
+        store(noise);
+        reload();
+        ring();
+        me->history.SaveRecents();
+        reload();
+        ASSERT_EQ(record()[4], "come");
+    }
+}
+
+TEST_F(History, SavedHalfAMinuteAfterTheLastEntryAndFiveAfterTheFirst) {
+    begin();
+    ring();
+    world.run(20);
+    ring();
+    world.run(29);
+    EXPECT_FALSE(FileExists(path()));
+    world.run(1);
+    EXPECT_TRUE(file().startsWith("2\r\n"));
+    const std::int64_t first = world.clock.monotonicMs();
+    const QByteArray before = file();
+    while (file() == before) {
+        ring();
+        world.run(10);
+        ASSERT_LE(world.clock.monotonicMs() - first, 300'000) << "a busy day is kept, too";
+    }
+    EXPECT_GT(world.clock.monotonicMs() - first, 200'000);
+}
+
+TEST_F(History, AFailingDiskIsTriedAgain) {
+    begin();
+    QDir().mkpath(path()); // a folder in the place of the file: it cannot be replaced
+    ring("first");
+    world.run(31);
+    ring("second");
+    world.run(300);
+    EXPECT_EQ(count(), 2) << "the list works on";
+    ASSERT_TRUE(QDir().rmdir(path()));
+    world.run(31);
+    EXPECT_TRUE(file().startsWith("2\r\n"));
+    world.run(3600);
+    EXPECT_FALSE(me->history.tmrSave.enabled()) << "and then it rests";
+}
+
+TEST_F(History, AKilledProgramLeavesAWholeFile) {
+    begin();
+    ring("old");
+    world.run(30);
+    const QByteArray old = file();
+    ring("new");
+    world.run(29);
+    EXPECT_EQ(file(), old) << "killed now, the old file is there";
+    world.run(1);
+    EXPECT_TRUE(file().startsWith("2\r\n"));
+    EXPECT_THAT(QDir(QFileInfo(path()).path()).entryList({kFile + ".*"}, QDir::Files), IsEmpty())
+        << "nothing half written lies about";
+    ring("last");
+    me->ExitProc();
+    EXPECT_TRUE(file().startsWith("3\r\n")) << "an orderly end saves what came since";
+}
+
+TEST_F(History, SaveOffKeepsTheOldFile) {
+    store("1\r\n\"old content\"\r\n");
+    user("Recents", "SAVE", "0");
+    begin();
+    for (int i = 0; i < 3; ++i) {
+        ring();
+        world.run(60);
+    }
+    EXPECT_EQ(count(), 3);
+    me->ExitProc();
+    EXPECT_EQ(file(), "1\r\n\"old content\"\r\n");
+}
+
+TEST_F(History, TheFileKeepsTheNewest) {
+    begin();
+    for (int i = 1; i <= 1201; ++i) {
+        ring(QString::number(i));
+    }
+    world.run(30);
+    EXPECT_TRUE(file().startsWith("1200\r\n"));
+    EXPECT_EQ(count(), 1201);
+    reload();
+    ASSERT_EQ(count(), 1200);
+    EXPECT_EQ(record()[4], "1201");
+    EXPECT_EQ(record(1199)[4], "2");
+    for (const auto& [limit, kept] :
+         {std::pair{3, "3\r\n"}, {0, "0\r\n"}, {-4, "0\r\n"}, {9999, "1200\r\n"}}) {
+        me->settings.Recents_SAVE_CNT.set(limit);
+        me->history.SaveRecents();
+        EXPECT_TRUE(file().startsWith(kept)) << limit;
+    }
+    me->history.ClearRecents();
+    EXPECT_EQ(count(), 0);
+    EXPECT_EQ(file(), "0\r\n") << "forgotten for good";
+}
+
+TEST_F(History, FavoritesOnlyDropsOthersStatusesAndRooms) {
+    begin();
+    me->views.Add_to_Favorites({"Room", kOther, {}, {}, {}, 1, kMarker}, 0);
+    const auto kept = [this](HistoryCode code, const QString& SID) {
+        const int before = count();
+        add(event(code, SID));
+        return count() > before;
+    };
+    const auto all = [&](std::initializer_list<HistoryCode> codes, const QString& SID) {
+        return std::all_of(codes.begin(), codes.end(), [&](HistoryCode code) { return kept(code, SID); });
+    };
+    const auto any = [&](std::initializer_list<HistoryCode> codes, const QString& SID) {
+        return std::any_of(codes.begin(), codes.end(), [&](HistoryCode code) { return kept(code, SID); });
+    };
+    const auto statuses = {HistoryCode::Status, HistoryCode::StatusUpdated, HistoryCode::StatusCleared};
+    const auto rooms = {HistoryCode::Occupied, HistoryCode::Open};
+    const auto others = {HistoryCode::DoorBell, HistoryCode::PhoneCall, HistoryCode::Urgent,
+                         HistoryCode::DoorBellEveryone, HistoryCode::StaffTagSet};
+    me->settings.Recents_STF.set(true);
+    EXPECT_FALSE(any(statuses, "stranger"));
+    EXPECT_TRUE(all(statuses, kOther));
+    EXPECT_TRUE(all(rooms, "stranger"));
+    me->settings.Recents_STF.set(false);
+    me->settings.Recents_LUF.set(true);
+    EXPECT_FALSE(any(rooms, "stranger"));
+    EXPECT_TRUE(all(rooms, kOther));
+    EXPECT_TRUE(all(statuses, "stranger"));
+    me->settings.Recents_STF.set(true);
+    EXPECT_TRUE(all(others, "stranger")) << "alerts always";
+    const int before = count();
+    me->history.SaveRecents();
+    me->views.Active_RemoveFavorite(kOther);
+    reload();
+    EXPECT_EQ(count(), before) << "what was kept once stays";
+}
+
+TEST_F(History, AFloodPushesOutTheOldestAndDoesNotGrow) {
+    begin();
+    const QString book(50000, u'w');
+    for (int i = 0; i < 500; ++i) {
+        hear({.code = "XATE", .body = body({"0", ":", QString::number(i), book})});
+    }
+    qsizetype characters = 0;
+    for (const QString& text : records()) {
+        characters += text.size();
+    }
+    EXPECT_LT(characters, 20'000'000);
+    EXPECT_GT(count(), 100);
+    EXPECT_EQ(record()[4], "499") << "the newest stays";
+    me->history.ClearRecents();
+    for (int i = 0; i < 21000; ++i) {
+        add(event(HistoryCode::DoorBell));
+    }
+    EXPECT_LE(count(), 20000);
+}

@@ -1,0 +1,132 @@
+// The id that makes a station the same location from day to day.
+#include "engine/core/mod_TimeText.h"
+#include "support/LoneStation.h"
+
+#include <QRegularExpression>
+
+#include <gtest/gtest.h>
+
+#include <array>
+
+using namespace tessel;
+
+using Identity = LoneStation;
+
+TEST_F(Identity, FollowsItsMask) {
+    const QRegularExpression SID("^\\d{3}[A-Z]{2}\\d{3}[A-Z]{3}\\d$");
+    const QRegularExpression messageID("^[A-Z]\\d{2}[A-Z]{3}\\d{3}[A-Z]{2}\\d$");
+    std::array<int, 10> digits{};
+    std::array<int, 26> letters{};
+    QSet<QString> seen;
+    constexpr int kRounds = 4000;
+    for (int i = 0; i < kRounds; ++i) {
+        const QString id = me->identity.MakeRandomID(kSIDMask);
+        ASSERT_TRUE(SID.match(id).hasMatch()) << id.toStdString();
+        ASSERT_TRUE(messageID.match(me->identity.MakeMessageID()).hasMatch());
+        seen.insert(id);
+        ++digits[static_cast<std::size_t>(id[0].digitValue())];
+        ++letters[static_cast<std::size_t>(id[3].unicode() - u'A')];
+    }
+    EXPECT_GE(seen.size(), kRounds - 1);
+    // 0 and 9 come half as often as the others: 222 and 444 of 4000, give or take.
+    for (std::size_t digit = 0; digit < digits.size(); ++digit) {
+        EXPECT_NEAR(digits[digit], digit % 9 == 0 ? 222 : 444, 100) << digit;
+    }
+    for (const int count : letters) {
+        EXPECT_NEAR(count, 154, 70);
+    }
+    EXPECT_EQ(me->identity.MakeRandomID("abcdefghijk#").left(11), "abcdefghijk");
+    EXPECT_EQ(me->identity.MakeRandomID("#X"), "") << "no id of another length";
+}
+
+TEST_F(Identity, IsMadeOnceAndKept) {
+    user("User", "SID", QString());
+    world.start(0);
+    const QString made = me->own.SID;
+    EXPECT_EQ(made.size(), 12);
+    EXPECT_EQ(me.get(kUserFile, "User", "SID"), made);
+    EXPECT_EQ(loggedWith("New SID ," + made + " ,SID Created"), 1);
+    me->identity.LoadSID();
+    EXPECT_EQ(me->own.SID, made);
+    user("User", "SID", "made by hand; no mask");
+    me->identity.LoadSID();
+    EXPECT_EQ(me->own.SID, "made by hand; no mask") << "a user's own id is taken as it is";
+}
+
+TEST_F(Identity, ResetHoldsFromTheNextStart) {
+    begin();
+    sentCodes();
+    me->resetSID();
+    const QString stored = me.get(kUserFile, "User", "SID");
+    EXPECT_NE(stored, kMe);
+    EXPECT_EQ(stored.size(), 12);
+    world.run(10);
+    EXPECT_EQ(me->own.SID, kMe);
+    EXPECT_EQ(sentCodes(), QStringList({"XD", "XAN"}));
+    EXPECT_NE(row(kMe), nullptr) << "the others go on knowing this run by the old id";
+    EXPECT_EQ(loggedWith("SID Deleted"), 2);
+    me->identity.LoadSID();
+    EXPECT_EQ(me->own.SID, stored);
+}
+
+TEST_F(Identity, LinesOfTheErrorLogHoldTheirFields) {
+    begin();
+    me->own.location = "Room\n1";
+    me->log.LogEvent("Source", "two\r\nlines, and a \u20AC", "C0");
+    me->log.LogEvent({}, QString(100000, u'x'), {});
+    const QStringList lines = errorLines();
+    ASSERT_EQ(lines.size(), 2) << "nothing that is logged can fake a line";
+    EXPECT_EQ(lines[0], "9:00:06 AM ,Source ,C0 ,two  lines, and a \u20AC ,3/2/2026 ," +
+                            QString::fromLatin1(kVersion) + " ,111AA111AAA1 ,Room 1");
+    EXPECT_LT(lines[1].size(), 3000);
+}
+
+TEST(TimeText, EveryMinuteOfTheDayComesBack) {
+    EXPECT_EQ(timeText(0), "12:00:00 AM");
+    EXPECT_EQ(timeText(12 * 3600 + 5), "12:00:05 PM");
+    EXPECT_EQ(timeText(13 * 3600 + 62), "1:01:02 PM");
+    for (int second = 0; second < 86400; second += 59) {
+        ASSERT_EQ(parseTime(timeText(second)), second);
+    }
+    EXPECT_EQ(parseTime(u" 9:05 pm "), 21 * 3600 + 300);
+    EXPECT_EQ(parseTime(u"21:05"), 21 * 3600 + 300);
+    for (const char* const text : {"", " ", "9", "9:", ":5", "25:00", "9:60", "9:00:60", "0:30 AM",
+                                   "13:00 PM", "9:00 XM", "9:00:00:00", "-1:00", "999:00"}) {
+        EXPECT_EQ(parseTime(QString(text)), -1) << text;
+    }
+    EXPECT_EQ(dateText(QDate(2026, 3, 2)), "3/2/2026");
+    EXPECT_EQ(dateText({}), "");
+}
+
+TEST(TimeText, AgesGoNegativeAfterMidnight) {
+    EXPECT_EQ(minutesSince(u"11:59:30 PM", 60), -1438);
+    EXPECT_EQ(minutesSince(u"9:00:00 AM", 9 * 3600 + 119), 1);
+    EXPECT_EQ(minutesSince(u"junk", 5000), 0);
+}
+
+TEST(Timers, OneShotRepeatingAndOff) {
+    VirtualClock clock;
+    int shots = 0;
+    int ticks = 0;
+    Timer once(clock, "once", 1000, Timer::Kind::OneShot, [&] { ++shots; });
+    Timer often(clock, "often", 400, Timer::Kind::Repeating, [&] { ++ticks; });
+    once.setEnabled(true);
+    often.setEnabled(true);
+    clock.advance(900);
+    once.setEnabled(true);
+    clock.advance(100);
+    EXPECT_EQ(shots, 1) << "enabling a timer that runs must not put it off";
+    EXPECT_FALSE(once.enabled());
+    EXPECT_EQ(ticks, 2);
+    once.restart();
+    clock.advance(900);
+    once.restart();
+    clock.advance(900);
+    EXPECT_EQ(shots, 1) << "a restart puts it off";
+    often.setInterval(0);
+    clock.advance(10000);
+    EXPECT_EQ(ticks, 7);
+    EXPECT_EQ(shots, 2);
+    clock.skipWall(-86400);
+    EXPECT_EQ(clock.dateText(), "3/1/2026");
+}

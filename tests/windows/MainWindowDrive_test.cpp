@@ -1,0 +1,398 @@
+// The main window as a user drives it: keys and mouse on the real window, packets to the real stations.
+#include "windows/mainwindow/frmMain.h"
+
+#include "controls/bars/CommandBars.h"
+#include "controls/bars/CommandMenu.h"
+#include "controls/bars/MessageBar.h"
+#include "controls/bars/PaneBar.h"
+#include "controls/bars/QuickBar.h"
+#include "controls/bars/Ribbon.h"
+#include "controls/edit/PromptEdit.h"
+#include "support/gui_forms.h"
+#include "windows/mainwindow/frmViews.h"
+
+#include <QAccessible>
+#include <QLineEdit>
+#include <QPushButton>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+enum Section { kColor, kName, kStatus };
+constexpr int kSettleMs = 150; // a little longer than a row's menu waits
+
+class MainWindowDrive : public testing::Test {
+protected:
+    MainWindowDrive() {
+        for (std::size_t index = 0; index < world.size(); ++index) {
+            world[index].set(kStatusFile, "status", "N0", "Away");
+            world[index].set(kStatusFile, "status", "M0", "Away for a walk");
+        }
+        world[0].desktop.onShowMain = [this] { build(); };
+        world.startAll();
+        world.run(10);
+        settle();
+    }
+    void build() {
+        form = std::make_unique<frmMain>(*world[0].station, registry);
+        form->show();
+        form->activateWindow();
+        settle();
+    }
+    static void settle() {
+        for (int turn = 0; turn < 3; ++turn) {
+            QApplication::processEvents();
+        }
+    }
+
+    PromptEdit& search() { return *form->findChild<PromptEdit*>(); }
+    Ribbon& ribbon() { return *form->findChild<Ribbon*>(); }
+    QuickBar& quickBar() { return *form->findChild<QuickBar*>(); }
+    PaneBar& panes() { return *form->findChild<PaneBar*>(); }
+    MessageBar& bar(const char* name) { return *form->findChild<MessageBar*>(QLatin1String(name)); }
+    ReportControl& home() { return *form->homeList(); }
+    Station& me() { return *world[0].station; }
+
+    static void click(QWidget& widget) {
+        QTest::mouseClick(&widget, Qt::LeftButton);
+        settle();
+    }
+    static void key(QWidget& widget, int key, Qt::KeyboardModifiers modifiers = Qt::NoModifier) {
+        QTest::keyClick(&widget, static_cast<Qt::Key>(key), modifiers);
+        settle();
+    }
+    // The centre of a row by the name it shows.
+    QPoint rowAt(const QString& name) {
+        const QStringList names = shownTexts(home(), kName);
+        return home()
+            .visualRect(home().model()->index(static_cast<int>(names.indexOf(name)), kName))
+            .center();
+    }
+    static CommandMenu* openMenu() { return qobject_cast<CommandMenu*>(QApplication::activePopupWidget()); }
+    // Opens the menu of a row as a user does, with the mouse.
+    CommandMenu* menuOf(const QString& name) {
+        const QPoint at = rowAt(name);
+        QTest::mouseClick(home().viewport(), Qt::LeftButton, {}, at);
+        QContextMenuEvent event(QContextMenuEvent::Mouse, at, home().viewport()->mapToGlobal(at));
+        QApplication::sendEvent(home().viewport(), &event);
+        QTest::qWait(kSettleMs);
+        return openMenu();
+    }
+    static QStringList captions(const QMenu& menu) {
+        QStringList all;
+        for (const QAction* const action : menu.actions()) {
+            if (action->isVisible() && !action->isSeparator()) {
+                all += spokenCaption(action->text());
+            }
+        }
+        return all;
+    }
+    static void choose(QMenu& menu, const QString& caption) {
+        for (QAction* const action : menu.actions()) {
+            if (spokenCaption(action->text()) == caption) {
+                QTest::mouseClick(&menu, Qt::LeftButton, {}, menu.actionGeometry(action).center());
+                settle();
+                return;
+            }
+        }
+        FAIL() << "no entry " << caption.toStdString();
+    }
+
+    World world{3};
+    MemoryRegistry registry;
+    std::unique_ptr<frmMain> form;
+};
+
+} // namespace
+
+// The one thing that everybody does: ring at a room, with a word.
+TEST_F(MainWindowDrive, RingsTheDoorbellOfTheChosenRow) {
+    CommandMenu* const menu = menuOf("Room 3");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(captions(*menu).first(), "Room 3");
+    ASSERT_NE(menu->textBox(), nullptr);
+    EXPECT_EQ(menu->focusWidget(), menu->textBox()) << "one can type at once";
+    QTest::keyClicks(menu->textBox(), "patient is here");
+    QTest::keyClick(menu->textBox(), Qt::Key_Return);
+    settle();
+    EXPECT_EQ(openMenu(), nullptr);
+    world.run(1);
+    const auto& rung = world[2].desktop.popups[1];
+    ASSERT_TRUE(rung);
+    EXPECT_EQ(rung->text, "patient is here");
+    EXPECT_FALSE(world[1].desktop.popups[1]) << "nobody else hears it";
+}
+
+TEST_F(MainWindowDrive, ChoosesAnotherAlertWithTheMouse) {
+    CommandMenu* const menu = menuOf("Room 2");
+    ASSERT_NE(menu, nullptr);
+    QTest::keyClicks(menu->textBox(), "line 2");
+    choose(*menu, "Phone Call");
+    world.run(1);
+    ASSERT_TRUE(world[1].desktop.popups[1]);
+    EXPECT_EQ(world[1].desktop.popups[1]->label, "Phone Call");
+    EXPECT_EQ(world[1].desktop.popups[1]->text, "line 2");
+}
+
+// The list moves under an open menu: what is chosen is still for the row it was opened on.
+TEST_F(MainWindowDrive, MenuStaysWithItsRow) {
+    CommandMenu* const menu = menuOf("Room 3");
+    ASSERT_NE(menu, nullptr);
+    home().selectRecord(me().views.rptEndpoints.at(me().views.Active_FindSID(world[1]->own.SID)));
+    choose(*menu, "DoorBell");
+    world.run(1);
+    EXPECT_TRUE(world[2].desktop.popups[1]);
+    EXPECT_FALSE(world[1].desktop.popups[1]);
+}
+
+TEST_F(MainWindowDrive, OwnAndVirtualRowsHaveMenusOfTheirOwn) {
+    CommandMenu* menu = menuOf("Room 1");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->textBox(), nullptr);
+    EXPECT_TRUE(captions(*menu).contains("Seat Patient")) << captions(*menu).join('|').toStdString();
+    EXPECT_FALSE(captions(*menu).contains("DoorBell"));
+    choose(*menu, "Seat Patient");
+    EXPECT_TRUE(me().own.occupied);
+
+    RawPacket packet;
+    packet.code = "XAN";
+    packet.location = "Virtual";
+    QByteArray bytes = packet.bytes();
+    bytes.replace("TSL2", "TSL2V");
+    world.network.inject(bytes);
+    world.run(1);
+    menu = menuOf("Virtual");
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(menu->textBox(), nullptr);
+    EXPECT_FALSE(captions(*menu).contains("DoorBell"));
+    EXPECT_TRUE(captions(*menu).contains("Clear Status"));
+    menu->close();
+}
+
+// Whoever has no mouse reaches the same menu, and gets the list back afterwards.
+TEST_F(MainWindowDrive, KeyboardOpensTheRowMenu) {
+    home().syncNow();
+    home().setFocus();
+    key(home(), Qt::Key_End);
+    const ReportRecordPtr chosen = home().currentRecord();
+    ASSERT_TRUE(chosen);
+    EXPECT_EQ(GetLocationName(*chosen), "Room 3");
+    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
+    QApplication::sendEvent(&home(), &event);
+    QTest::qWait(kSettleMs);
+    CommandMenu* menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    EXPECT_EQ(captions(*menu).first(), "Room 3");
+    QTest::keyClick(menu->focusWidget() != nullptr ? menu->focusWidget() : menu, Qt::Key_Escape);
+    settle();
+    EXPECT_EQ(openMenu(), nullptr);
+    EXPECT_TRUE(home().hasFocus());
+
+    key(home(), Qt::Key_Return);
+    QTest::qWait(kSettleMs);
+    menu = openMenu();
+    ASSERT_NE(menu, nullptr) << "Enter acts on the row";
+    EXPECT_EQ(captions(*menu).first(), "Room 3");
+    menu->close();
+}
+
+TEST_F(MainWindowDrive, StatusByQuickBarAndTurnedOffByItsBar) {
+    MessageBar& own = bar("MyStatusBar");
+    EXPECT_FALSE(own.isVisible());
+    CommandButton* const quick = quickBar().button(201);
+    ASSERT_NE(quick, nullptr);
+    EXPECT_EQ(quick->accessibleName(), "Away");
+    click(*quick);
+    EXPECT_EQ(me().own.status, "Away for a walk");
+    EXPECT_TRUE(quick->isChecked());
+    EXPECT_TRUE(own.isVisible());
+    EXPECT_EQ(own.content().text, "Away for a walk");
+    world.run(1);
+    EXPECT_TRUE(shownTexts(home(), kStatus).contains("Away for a walk"));
+    const ReportRecord* const seen = world[1]->views.rptEndpoints.find(me().own.SID);
+    ASSERT_NE(seen, nullptr);
+    EXPECT_EQ(GetCurrentStatus(*seen), "Away for a walk");
+
+    click(*own.findChild<QPushButton*>());
+    EXPECT_EQ(me().own.status, "");
+    EXPECT_FALSE(own.isVisible());
+    EXPECT_FALSE(quick->isChecked());
+    world.run(1);
+    EXPECT_EQ(GetCurrentStatus(*seen), "");
+}
+
+TEST_F(MainWindowDrive, AlertBarShowsAndCloses) {
+    MessageBar& alert = bar("AlertBar");
+    EXPECT_FALSE(alert.isVisible());
+    world[1]->alerts.sendToOne(QuickAlert::Urgent, me().own.SID, "<b>help</b>");
+    world.run(1);
+    settle();
+    ASSERT_TRUE(alert.isVisible());
+    EXPECT_EQ(alert.content().text, "<b>help</b>");
+    EXPECT_EQ(alert.content().name, "Room 2");
+    click(*alert.findChild<QPushButton*>());
+    EXPECT_FALSE(alert.isVisible());
+    EXPECT_FALSE(me().alertBar.AlertBarShown());
+}
+
+TEST_F(MainWindowDrive, ChangesViewsByKeyboardAndMouse) {
+    home().setFocus();
+    key(home(), Qt::Key_PageDown, Qt::ControlModifier);
+    EXPECT_EQ(me().shell.view(), View::Status);
+    EXPECT_TRUE(form->views()->current().hasFocus()) << "the list can be used at once";
+    EXPECT_EQ(search().prompt(), "Search Status");
+    EXPECT_EQ(ribbon().currentTab(), 351);
+
+    click(*ribbon().button(352));
+    EXPECT_EQ(me().shell.view(), View::Favorites);
+    EXPECT_EQ(search().text(), "Search Favorites");
+    EXPECT_EQ(form->views()->currentWidget(), &form->views()->list(View::Favorites));
+    EXPECT_EQ(ribbon().button(353), nullptr) << "no tab for what cannot be opened";
+}
+
+// A search that outlived its view would hide rows without a word.
+TEST_F(MainWindowDrive, SearchEndsWithTheView) {
+    QTest::keyClick(form.get(), Qt::Key_F, Qt::ControlModifier);
+    settle();
+    ASSERT_TRUE(search().hasFocus());
+    EXPECT_EQ(search().text(), "");
+    QTest::keyClicks(&search(), "oom 3");
+    EXPECT_EQ(shownTexts(home(), kName), QStringList({"Room 3"}));
+    click(*ribbon().button(351));
+    click(*ribbon().button(350));
+    EXPECT_EQ(shownTexts(home(), kName).size(), 3);
+    EXPECT_EQ(search().text(), "Search");
+
+    search().setFocus();
+    QTest::keyClicks(&search(), "Search");
+    EXPECT_EQ(shownTexts(home(), kName).size(), 3) << "the prompt itself is no search";
+    QTest::keyClicks(&search(), "x");
+    EXPECT_EQ(shownTexts(home(), kName).size(), 0);
+    QTest::keyClick(&search(), Qt::Key_Escape);
+    QTest::keyClicks(&search(), "2");
+    key(search(), Qt::Key_Return);
+    EXPECT_TRUE(home().hasFocus()) << "Enter goes on to what was found";
+}
+
+TEST_F(MainWindowDrive, SortsThroughItsMenu) {
+    EXPECT_EQ(shownTexts(home(), kName), QStringList({"Room 1", "Room 2", "Room 3"}));
+    RawPacket packet;
+    packet.code = "XAN";
+    packet.location = "Attic";
+    packet.tagWord = "40:";
+    world.network.inject(packet.bytes());
+    world.run(1);
+    EXPECT_EQ(shownTexts(home(), kName).last(), "Attic") << "by colour";
+
+    click(*panes().button(810));
+    CommandMenu* const menu = openMenu();
+    ASSERT_NE(menu, nullptr);
+    QAction* byName = nullptr;
+    for (QAction* const action : menu->actions()) {
+        if (spokenCaption(action->text()) == "Sort by Name") {
+            byName = action;
+            break; // the first one is Home's
+        }
+    }
+    ASSERT_NE(byName, nullptr);
+    EXPECT_FALSE(byName->isChecked());
+    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(byName).center());
+    settle();
+    EXPECT_EQ(shownTexts(home(), kName), QStringList({"Room 1", "Attic", "Room 2", "Room 3"}))
+        << "the own row stays on top";
+}
+
+TEST_F(MainWindowDrive, PanesChangeFontAndNotes) {
+    click(*panes().button(800));
+    EXPECT_EQ(home().fontSize(), 11);
+    EXPECT_EQ(form->views()->list(View::Favorites).fontSize(), 11) << "all lists alike";
+    click(*panes().button(801));
+    click(*panes().button(801));
+    EXPECT_EQ(home().fontSize(), 9);
+    const bool before = me().shell.previewMode();
+    click(*panes().button(706));
+    EXPECT_NE(me().shell.previewMode(), before);
+    EXPECT_EQ(ribbon().button(301)->isChecked(), !before);
+}
+
+// What the user set up is there again the next morning.
+TEST_F(MainWindowDrive, ComesBackAsItWas) {
+    form->move(form->pos() + QPoint(30, 20));
+    form->resize(520, 500);
+    settle();
+    const QPoint there = form->pos();
+    click(*ribbon().button(352));
+    click(*panes().button(800));
+    form->commands()->find(762)->trigger();
+    form->savePlace();
+    form.reset();
+
+    build();
+    EXPECT_EQ(form->pos(), there);
+    EXPECT_EQ(form->size(), QSize(520, 500));
+    EXPECT_EQ(ribbon().currentTab(), 352);
+    EXPECT_EQ(search().text(), "Search Favorites");
+    EXPECT_EQ(home().fontSize(), 11);
+    EXPECT_TRUE(form->commands()->find(762)->isChecked());
+}
+
+// Staying on top must not make a window that was put away come back, nor lose its place.
+TEST_F(MainWindowDrive, OnTopKeepsTheWindowAsItIs) {
+    const QPoint there = form->pos();
+    click(*ribbon().button(110));
+    EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+    EXPECT_TRUE(form->isVisible());
+    EXPECT_EQ(form->pos(), there);
+    form->hide();
+    me().shell.toggleOnTop();
+    EXPECT_FALSE(form->isVisible());
+    EXPECT_FALSE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
+}
+
+TEST_F(MainWindowDrive, WhatTakesTheFocusHasAName) {
+    me().status.SetCustomStatus("Busy");
+    world[1]->alerts.sendToOne(QuickAlert::DoorBell, me().own.SID, "come");
+    world.run(1);
+    settle();
+    int named = 0;
+    for (QWidget* const widget : form->findChildren<QWidget*>()) {
+        if (!widget->isVisible() || (widget->focusPolicy() & Qt::TabFocus) == 0) {
+            continue;
+        }
+        QAccessibleInterface* const face = QAccessible::queryAccessibleInterface(widget);
+        ASSERT_NE(face, nullptr);
+        const QString name = face->text(QAccessible::Name);
+        EXPECT_FALSE(name.trimmed().isEmpty())
+            << widget->metaObject()->className() << ' ' << widget->objectName().toStdString();
+        ++named;
+    }
+    EXPECT_GT(named, 4);
+}
+
+// Two keys alike reach neither command.
+TEST_F(MainWindowDrive, NoMnemonicTwice) {
+    const auto mnemonic = [](const QString& text) { return QKeySequence::mnemonic(text).toString(); };
+    QMap<QString, QString> onWindow;
+    const auto take = [](QMap<QString, QString>& keys, const QString& key, const QString& text) {
+        if (!key.isEmpty()) {
+            EXPECT_FALSE(keys.contains(key))
+                << key.toStdString() << ": " << keys.value(key).toStdString() << ", " << text.toStdString();
+            keys[key] = text;
+        }
+    };
+    for (const CommandButton* const button : form->findChildren<CommandButton*>()) {
+        if (button->isVisible() && button->action() != nullptr) {
+            take(onWindow, mnemonic(button->action()->text()), button->action()->text());
+        }
+    }
+    EXPECT_TRUE(onWindow.contains("Alt+S")) << "the menu of the program";
+    QMap<QString, QString> inMenu;
+    for (const int id : {102, 110, 120, 121, 100}) {
+        const QAction* const action = form->commands()->find(id);
+        ASSERT_NE(action, nullptr);
+        take(inMenu, mnemonic(action->text()), action->text());
+    }
+}

@@ -1,0 +1,181 @@
+#include "windows/network/frmEndpoints.h"
+
+#include "controls/edit/PromptEdit.h"
+#include "support/gui_forms.h"
+
+#include <QLabel>
+#include <QMenuBar>
+#include <QPushButton>
+#include <QSet>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+class ActiveConnections : public testing::Test {
+protected:
+    ActiveConnections() {
+        world.settle();
+        form = std::make_unique<frmEndpoints>(*world[0].station);
+        form->show();
+        QApplication::processEvents();
+    }
+    QStringList names() { return shownTexts(*form->grid(), 0); }
+    PromptEdit& filter() { return *form->findChild<PromptEdit*>(QStringLiteral("txtFilter")); }
+    QString SIDInFile() { return world[0].get(kUserFile, QStringLiteral("User"), QStringLiteral("SID")); }
+    QMessageBox* askSID() {
+        trigger(*form, "mnuSID");
+        return openBox();
+    }
+
+    World world{3};
+    std::unique_ptr<frmEndpoints> form;
+};
+
+} // namespace
+
+// A search left standing would hide connections from whoever looks next.
+TEST_F(ActiveConnections, TheFilterPromptsWhileUnusedAndComesBackWhenLeftEmpty) {
+    EXPECT_EQ(filter().text(), "Search");
+    EXPECT_EQ(names().size(), 3);
+    filter().setFocus();
+    EXPECT_EQ(filter().text(), "");
+    QTest::keyClicks(&filter(), "host2");
+    EXPECT_EQ(names(), QStringList({"Room 2"}));
+    form->grid()->setFocus();
+    EXPECT_EQ(filter().text(), "host2");
+    filter().setFocus();
+    filter().selectAll();
+    QTest::keyClick(&filter(), Qt::Key_Delete);
+    form->grid()->setFocus();
+    EXPECT_EQ(filter().text(), "Search");
+    EXPECT_EQ(names().size(), 3);
+}
+
+// Each entry is what somebody at the telephone asks a user to press.
+TEST_F(ActiveConnections, MenusAct) {
+    EXPECT_EQ(form->windowTitle(), "Active Connections");
+    trigger(*form, "mnuRefresh");
+    EXPECT_EQ(form->windowTitle(), "Active Connections (3)");
+
+    const auto codesSent = [this] {
+        QStringList codes;
+        for (const QByteArray& packet : world.network.sent) {
+            codes += QString::fromLatin1(packet.split('\x80').value(4)).chopped(1);
+        }
+        world.network.sent.clear();
+        return codes;
+    };
+    codesSent();
+    trigger(*form, "mnuAnnounce");
+    EXPECT_EQ(codesSent(), QStringList({"XAN"}));
+    EXPECT_EQ(names().size(), 3);
+
+    trigger(*form, "mnuRebuildUsers");
+    EXPECT_TRUE(names().isEmpty());
+    world.run(4);
+    EXPECT_EQ(names().size(), 3);
+
+    world.clock.skipWall(10 * 60);
+    world[0]->endpoints.Refresh_Endpoint({}, {}, {}, {}, world[0]->own.SID, {}, {});
+    trigger(*form, "mnuLFD_Connections");
+    EXPECT_EQ(names(), QStringList({"Room 1"}));
+
+    codesSent();
+    trigger(*form, "mnuReset");
+    world.run(6);
+    const QStringList codes = codesSent();
+    EXPECT_TRUE(codes.contains("XD") && codes.contains("XAN"));
+
+    world[0].desktop.calls.clear();
+    trigger(*form, "mnuNetworkSettings");
+    trigger(*form, "mnuInformation");
+    trigger(*form, "mnuShowDataFiles");
+    world[0]->log.LogEvent(QStringLiteral("a"), QStringLiteral("b"), QStringLiteral("c"));
+    trigger(*form, "mnuLog");
+    const QStringList expected = {
+        QStringLiteral("showWindow %1").arg(static_cast<int>(WindowId::Adapters)),
+        QStringLiteral("showWindow %1").arg(static_cast<int>(WindowId::NetworkInfo)),
+        QStringLiteral("openPath "), QStringLiteral("openPath error.txt")};
+    EXPECT_EQ(world[0].desktop.calls, expected);
+
+    trigger(*form, "mnuExit");
+    EXPECT_FALSE(form->isVisible());
+}
+
+// Two entries under one letter: the keyboard reaches neither.
+TEST_F(ActiveConnections, NoMenuHasALetterTwice) {
+    for (const QAction* const top : form->menuBar()->actions()) {
+        QSet<QChar> letters;
+        for (const QAction* const action : top->menu()->actions()) {
+            const qsizetype mark = action->text().indexOf(u'&');
+            if (!action->isSeparator()) {
+                ASSERT_GE(mark, 0) << action->text().toStdString();
+                const QChar letter = action->text().at(mark + 1).toLower();
+                EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
+                letters.insert(letter);
+            }
+        }
+    }
+}
+
+// What a row holds is read out over the telephone; a foreign packet must not forge a line of it.
+TEST_F(ActiveConnections, DoubleClickTellsTheRow) {
+    RawPacket packet;
+    packet.code = QStringLiteral("XAN");
+    packet.location = QStringLiteral("<h1>Big</h1>\nHost: forged ") + QString(200, u'W');
+    packet.note = QStringLiteral("Back soon");
+    packet.tagWord = QStringLiteral("7:0");
+    world.network.inject(packet.bytes());
+    world.run(1);
+    form->grid()->syncNow();
+    ASSERT_TRUE(form->grid()->selectKey(static_cast<int>(EndpointItem::SID), packet.SID));
+    const QModelIndex row = form->grid()->currentIndex();
+    QTest::mouseDClick(form->grid()->viewport(), Qt::LeftButton, {}, form->grid()->visualRect(row).center());
+
+    QMessageBox* const box = openBox();
+    ASSERT_NE(box, nullptr);
+    EXPECT_EQ(box->windowTitle(), "Tessel Status");
+    EXPECT_EQ(box->textFormat(), Qt::PlainText);
+    const QStringList lines = box->text().split(u'\n');
+    ASSERT_EQ(lines.size(), 11);
+    EXPECT_TRUE(lines[0].startsWith("Active: <h1>Big</h1> Host: forged WWW"));
+    EXPECT_LT(lines[0].size(), 120);
+    EXPECT_EQ(lines[1], "Host: outside");
+    EXPECT_EQ(lines[3], "Flags: 7:0");
+    EXPECT_EQ(lines[4], "SessionID: " + packet.SID);
+    EXPECT_EQ(lines[6], "KA: ");
+    EXPECT_EQ(lines[9], "Tag: 7");
+    EXPECT_EQ(lines[10], "Location Note: Back soon");
+    QTest::keyClick(box, Qt::Key_Escape);
+    EXPECT_EQ(openBox(), nullptr);
+}
+
+// A new SID makes this location a stranger to all favorites: nobody may get one by pressing Enter.
+TEST_F(ActiveConnections, TheSIDQuestionIsNoUnlessYesIsChosen) {
+    const QString before = SIDInFile();
+    ASSERT_FALSE(before.isEmpty());
+    for (const auto key : {Qt::Key_Return, Qt::Key_Escape}) {
+        QMessageBox* const box = askSID();
+        ASSERT_NE(box, nullptr);
+        EXPECT_EQ(box->windowTitle(), "Delete SessionID");
+        EXPECT_EQ(box->icon(), QMessageBox::Warning);
+        EXPECT_TRUE(box->text().startsWith("Please confirm SID Deletion.\n\nNote the Following: \n"));
+        EXPECT_TRUE(box->text().endsWith("client has a duplicate SID.\n\n\nThis action cannot be undone."));
+        QTest::keyClick(box, key);
+        EXPECT_EQ(openBox(), nullptr);
+        EXPECT_EQ(SIDInFile(), before);
+    }
+    EXPECT_TRUE(world[0]->own.online);
+
+    QMessageBox* const box = askSID();
+    ASSERT_NE(box, nullptr);
+    QTest::mouseClick(box->button(QMessageBox::Yes), Qt::LeftButton);
+    EXPECT_NE(SIDInFile(), before);
+    EXPECT_EQ(SIDInFile().size(), 12);
+    EXPECT_FALSE(world[0]->own.online);
+    world.run(6);
+    EXPECT_TRUE(world[0]->own.online);
+}
