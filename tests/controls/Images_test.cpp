@@ -22,7 +22,7 @@ constexpr QRgb kNight = 0xFF1B1E24;
 constexpr QRgb kChosen = 0xFF1F6FB2; // behind a selected entry
 
 QDir resources() {
-    return {QFileInfo(QStringLiteral(__FILE__)).dir().filePath(QStringLiteral("../../src/res"))};
+    return {QStringLiteral(TESSEL_RESOURCES)};
 }
 
 // Pictures straight from their files: this program has none of the resources of the real one.
