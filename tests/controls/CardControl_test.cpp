@@ -65,28 +65,6 @@ struct History {
 
 } // namespace
 
-// An answer would go to somebody else when a message comes in just then.
-TEST(CardControl, ShowsTheRecordsAsTheyStandAndKeepsTheSelectedOne) {
-    History history;
-    history.fill(50);
-    history.show();
-    ASSERT_TRUE(history.control.selectRecord(history.records.at(3)));
-    QSignalSpy told(&history.control, &CardControl::currentRecordChanged);
-    history.records.insert(0, card("newest", "text"));
-    history.control.syncNow();
-    EXPECT_EQ(history.nameAt(5), "newest");
-    EXPECT_EQ(history.current(), "3");
-    EXPECT_EQ(told.count(), 0);
-    for (int row = 1; row < 5; ++row) {
-        EXPECT_EQ(history.rect(row).top(), history.rect(row - 1).bottom() + 1);
-    }
-    history.control.setFilterText("FROM 3");
-    EXPECT_EQ(history.current(), "3");
-    history.control.setFilterText("newest 10:15");
-    EXPECT_EQ(history.control.shownCount(), 1) << "heading, name and stamp are searched";
-    EXPECT_EQ(history.current(), "newest");
-}
-
 // While one reads, the cards would jump: above them others come in, or are measured for the first time.
 TEST(CardControl, WhatOneReadsStaysInPlace) {
     History history;
@@ -109,29 +87,6 @@ TEST(CardControl, WhatOneReadsStaysInPlace) {
         bar.setValue(bar.value() - 40);
         ASSERT_EQ(history.rect(seen).top(), before + 40) << step;
     }
-}
-
-TEST(CardControl, TheFirstAndTheLastCardAreReachedOutOfManyUnseen) {
-    History history;
-    history.fill(20'000);
-    history.show();
-    history.control.selectRecord(history.records.at(0));
-    QTest::keyClick(&history.control, Qt::Key_End);
-    EXPECT_EQ(history.current(), "19999");
-    EXPECT_EQ(history.rect(19'999).bottom(), history.control.viewport()->height() - 1);
-    for (int i = 0; i < 5; ++i) {
-        QTest::keyClick(&history.control, i % 2 == 0 ? Qt::Key_PageUp : Qt::Key_Up);
-        EXPECT_TRUE(history.control.viewport()->rect().contains(
-            history.control.visualRect(history.control.currentIndex())));
-    }
-    history.control.selectRecord(history.records.at(9000));
-    EXPECT_TRUE(history.control.viewport()->rect().contains(history.rect(9000)));
-    QTest::keyClick(&history.control, Qt::Key_Home);
-    EXPECT_EQ(history.rect(0).top(), 0);
-    history.control.verticalScrollBar()->setValue(history.control.verticalScrollBar()->maximum());
-    EXPECT_EQ(history.rect(19'999).bottom(), history.control.viewport()->height() - 1);
-    history.control.ensureTopVisible();
-    EXPECT_EQ(history.rect(0).top(), 0);
 }
 
 TEST(CardControl, HeightsFollowTextWidthAndFont) {

@@ -23,21 +23,6 @@ struct Picker {
 
 } // namespace
 
-// A location must get the colour that was pointed at, and can go back to none.
-TEST(ColorTagPicker, TellsWhatIsChosen) {
-    Picker p;
-    EXPECT_EQ(p.picker.chosen(), -1);
-    QTest::mouseClick(p.button(6), Qt::LeftButton);
-    EXPECT_EQ(p.picker.chosen(), 6);
-    p.picker.setChosen(19);
-    EXPECT_EQ(p.picker.chosen(), 19);
-    QTest::mouseClick(p.button(-1), Qt::LeftButton, {}, QPoint(8, p.button(-1)->height() / 2));
-    EXPECT_EQ(p.picker.chosen(), -1);
-    p.picker.setChosen(3);
-    p.picker.setChosen(40); // no colour, and stands for none
-    EXPECT_EQ(p.picker.chosen(), -1);
-}
-
 // By keyboard alone, every colour and the choice of none must be within reach.
 TEST(ColorTagPicker, ArrowsWalkTheGridAndItsEdges) {
     Picker p;

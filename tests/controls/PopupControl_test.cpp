@@ -134,28 +134,6 @@ TEST(PopupControl, ADragMovesAndIsNoClick) {
     EXPECT_EQ(text.count(), 1) << "a press that ends elsewhere is no click either";
 }
 
-// The click meant the popup that was up when the button went down.
-TEST(PopupControl, AReplacementEndsWhatTheMouseBegan) {
-    PopupControl popup;
-    QSignalSpy text(&popup, &PopupControl::textClicked);
-    QSignalSpy moved(&popup, &PopupControl::moved);
-    popup.show(notice(), {100, 100});
-    const QPoint middle = popup.geometry().center();
-    send(popup, QEvent::MouseButtonPress, middle);
-    popup.show(message(), {100, 100});
-    send(popup, QEvent::MouseButtonRelease, middle);
-    EXPECT_EQ(text.count(), 0);
-    EXPECT_EQ(popup.accessibleName().simplified(), "From: Reception Call back.");
-
-    // A popup whose time is over while it is held stays where it was put.
-    send(popup, QEvent::MouseButtonPress, middle);
-    send(popup, QEvent::MouseMove, middle + QPoint(50, 0));
-    popup.hide();
-    send(popup, QEvent::MouseButtonRelease, middle + QPoint(50, 0));
-    ASSERT_EQ(moved.count(), 1);
-    EXPECT_EQ(moved.takeFirst().at(0).toPoint(), QPoint(150, 100));
-}
-
 TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();
     const QString endless(8000, u'W');
@@ -186,38 +164,6 @@ TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
     EXPECT_EQ(popup.sizeFor(plain, screen), QSize(270, 140));
     plain.fontSize = 20;
     EXPECT_GT(popup.sizeFor(plain, screen).width(), 450);
-}
-
-TEST(PopupControl, TheDefaultPlaceIsLowerRightAndNeverOffTheScreen) {
-    const QRect second(1920, 30, 1000, 700);
-    EXPECT_EQ(PopupControl::defaultPlace({300, 120}, second), QPoint(1920 + 1000 - 308, 30 + 700 - 128));
-    EXPECT_EQ(PopupControl::defaultPlace({3000, 1200}, second), second.topLeft());
-}
-
-// White letters on a pale gradient: the name of who calls cannot be read.
-TEST(PopupControl, TextsAreReadableAllOverTheirGradient) {
-    const QColor blue(70, 70, 250);
-    for (const auto& [from, to] : {std::pair{blue, QColor(200, 200, 200)},
-                                   {QColor(250, 16, 85), blue},
-                                   {QColor(Qt::white), QColor(Qt::black)},
-                                   {QColor(255, 0, 0), QColor(0, 255, 255)}}) {
-        PopupLook look = notice();
-        look.frameFrom = look.bodyFrom = from;
-        look.frameTo = look.bodyTo = to;
-        look.label.clear();
-        look.caption = look.time = QString();
-        look.text = QString(8000, QChar(0x2588)); // lines of solid letters
-        PopupControl popup;
-        popup.show(look, {0, 0});
-        const QImage picture = popup.grab().toImage();
-        const QColor text = picture.pixelColor(popup.width() / 2, popup.height() / 2);
-        for (int y = 40; y < popup.height() - 8; ++y) {
-            EXPECT_GE(contrastRatio(text, picture.pixelColor(6, y)), kReadableContrast - 0.1) << y;
-        }
-        for (int y = 2; y < 20; ++y) {
-            EXPECT_GE(contrastRatio(Qt::white, picture.pixelColor(6, y)), kReadableContrast - 0.1) << y;
-        }
-    }
 }
 
 TEST(PopupControl, IsAnAlertForScreenReaders) {

@@ -67,19 +67,3 @@ TEST(PromptEdit, KeysLeadOutOfTheBox) {
     EXPECT_TRUE(box.edit.hasFocus());
     EXPECT_EQ(box.edit.text(), "");
 }
-
-// The prompt is grey and typed text is not, also after the desktop changed between light and dark.
-TEST(PromptEdit, FollowsThePalette) {
-    SearchBox box;
-    QPalette dark;
-    dark.setColor(QPalette::Base, Qt::black);
-    dark.setColor(QPalette::Text, Qt::white);
-    dark.setColor(QPalette::PlaceholderText, Qt::gray);
-    box.window.setPalette(dark);
-    EXPECT_EQ(box.edit.palette().color(QPalette::Base), QColor(Qt::black));
-    box.edit.setFocus();
-    QTest::keyClicks(&box.edit, "x");
-    EXPECT_EQ(box.edit.palette().color(QPalette::Text), QColor(Qt::white));
-    box.edit.clearSearch();
-    EXPECT_EQ(box.edit.palette().color(QPalette::Text), QColor(Qt::gray));
-}

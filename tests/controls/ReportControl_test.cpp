@@ -64,59 +64,6 @@ TEST(ReportControl, SelectionStaysWithItsRecordThroughSortsStormsAndRemovals) {
     EXPECT_EQ(told.count(), 0);
 }
 
-TEST(ReportControl, WhenTheCurrentRecordGoesTheRowAtItsPlaceIsNext) {
-    ReportList list;
-    list.fill(10);
-    list.show();
-    list.control.selectKey(kKey, u"4");
-    QSignalSpy told(&list.control, &ReportControl::currentRecordChanged);
-    const ReportRecordPtr gone = list.control.currentRecord();
-    list.records.remove(4);
-    EXPECT_EQ(list.current(), "none") << "before the list caught up, nobody may act on the removed one";
-    list.control.syncNow();
-    EXPECT_EQ(list.current(), "5");
-    EXPECT_EQ(list.selected(), "Name 5");
-    EXPECT_EQ(told.count(), 1);
-
-    list.control.selectKey(kKey, u"9");
-    list.control.setFilterText("name 7");
-    EXPECT_EQ(list.current(), "7");
-    list.control.setFilterText({});
-    EXPECT_EQ(list.current(), "7");
-    told.clear();
-    list.records.clear();
-    list.control.syncNow();
-    EXPECT_EQ(list.current(), "none");
-    ASSERT_EQ(told.count(), 1);
-    EXPECT_EQ(firstOf(told), nullptr);
-}
-
-// A selection of all rows, and new columns, are the cases in which models and views lose it.
-TEST(ReportControl, TheOnlyRowStaysSelectedWhenOthersCome) {
-    ReportList list;
-    list.fill(1);
-    list.show();
-    list.control.selectKey(kKey, u"0");
-    list.records.insert(0, listRecord("x", "before"));
-    list.records.append(listRecord("y", "after"));
-    list.control.syncNow();
-    EXPECT_EQ(list.selected(), "Name 0");
-    list.control.setColumns({{"Note", 100, kNote}, {"Name", 100, kName}});
-    EXPECT_EQ(list.current(), "0");
-    EXPECT_EQ(list.selected(), "Name 0");
-}
-
-TEST(ReportControl, SelectingTellsWhetherTheRecordIsShown) {
-    ReportList list;
-    list.fill(3);
-    list.control.setFilterText("name 1");
-    EXPECT_TRUE(list.control.selectKey(kKey, u"1"));
-    EXPECT_FALSE(list.control.selectKey(kKey, u"2"));
-    EXPECT_FALSE(list.control.selectRecord(listRecord("1", "Name 1")));
-    EXPECT_FALSE(list.control.selectRecord(nullptr));
-    EXPECT_EQ(list.current(), "1");
-}
-
 // A row one reads would run away while others come in above it.
 TEST(ReportControl, RowsInSightStayInPlaceWhileOthersComeAndGo) {
     ReportList list;
@@ -197,20 +144,6 @@ TEST(ReportControl, ADoubleClickMeansTheRowOfItsFirstClick) {
     EXPECT_EQ(firstOf(activated)->item(kKey).text, "2");
 }
 
-// A click into the list would open the first row's contents before those of the one clicked.
-TEST(ReportControl, FocusAloneSelectsNothing) {
-    ReportList list;
-    list.fill(5);
-    list.show();
-    QSignalSpy told(&list.control, &ReportControl::currentRecordChanged);
-    list.control.clearFocus();
-    list.control.setFocus(Qt::TabFocusReason);
-    list.control.clearFocus();
-    QTest::mouseClick(list.control.viewport(), Qt::LeftButton, {}, list.place(3));
-    ASSERT_EQ(told.count(), 1);
-    EXPECT_EQ(firstOf(told)->item(kKey).text, "3");
-}
-
 TEST(ReportControl, AsksForTheMenuOfTheRowByMouseAndByKey) {
     ReportList list;
     list.fill(50);
@@ -262,15 +195,6 @@ TEST(ReportControl, MovesByKeysAndByTypedLetters) {
     EXPECT_EQ(after(Qt::Key_Z), "z") << "typed letters look in the names, not in the tag column";
 }
 
-TEST(ReportControl, CopiesTheVisibleTextsOfTheRow) {
-    ReportList list;
-    list.records.append(listRecord("secret", "Anna", "two\nlines\tand a tab"));
-    list.show();
-    list.control.selectKey(kKey, u"secret");
-    QTest::keyClick(&list.control, Qt::Key_C, Qt::ControlModifier);
-    EXPECT_EQ(QApplication::clipboard()->text(), "\tAnna\ttwo lines and a tab");
-}
-
 TEST(ReportControl, AHeaderClickSortsWhereItIsAllowed) {
     ReportList list;
     list.fill(3);
@@ -287,73 +211,6 @@ TEST(ReportControl, AHeaderClickSortsWhereItIsAllowed) {
 }
 
 // --- keeping up, drawing -------------------------------------------------------------------------
-
-// A list in a closed window or another tab would go on costing the engine time.
-TEST(ReportControl, AHiddenListDoesNothingUntilItIsShown) {
-    ReportList list;
-    list.show();
-    list.control.hide();
-    QSignalSpy moved(list.control.model(), &QAbstractItemModel::layoutChanged);
-    QSignalSpy counted(&list.control, &ReportControl::shownCountChanged);
-    list.records.append(listRecord("1", "one"));
-    list.control.setSortKeys({{kName}});
-    QTest::qWait(60);
-    EXPECT_EQ(moved.count(), 0);
-    EXPECT_EQ(list.control.shownCount(), 0);
-    list.control.show();
-    EXPECT_EQ(list.control.shownCount(), 1);
-    EXPECT_EQ(counted.count(), 1);
-}
-
-TEST(ReportControl, AStormCostsTheListAFewLooksOnly) {
-    ReportList list;
-    list.fill(100);
-    list.show();
-    QTest::qWait(40);
-    QSignalSpy looked(list.control.model(), &QAbstractItemModel::dataChanged);
-    for (int i = 0; i < 100'000; ++i) {
-        list.records.redraw(*list.records.at(i % 100));
-    }
-    EXPECT_EQ(looked.count(), 0);
-    ASSERT_TRUE(QTest::qWaitFor([&looked] { return looked.count() > 0; }, 1000));
-    EXPECT_EQ(looked.count(), 1);
-}
-
-TEST(ReportControl, OneChangedRowDrawsOneRow) {
-    ReportRecords records(kKey);
-    Watched control;
-    control.setColumns({{"Name", 100, kName}});
-    control.setRecords(&records);
-    for (int i = 0; i < 100; ++i) {
-        records.append(listRecord(QString::number(i), "x"));
-    }
-    control.resize(300, 400);
-    control.show();
-    QTest::qWait(60);
-    control.painted = 0;
-    records.redraw(*records.at(3));
-    QTest::qWait(60);
-    const int row = control.visualRect(control.model()->index(3, 0)).height();
-    EXPECT_EQ(control.painted, row);
-    control.painted = 0;
-    records.redraw(*records.at(90));
-    QTest::qWait(60);
-    EXPECT_EQ(control.painted, 0) << "out of sight";
-}
-
-TEST(ReportControl, OwnerGoneListEmpty) {
-    ReportList list;
-    auto records = std::make_unique<ReportRecords>(kKey);
-    records->append(listRecord("1", "one"));
-    list.control.setRecords(records.get());
-    list.show();
-    list.control.selectKey(kKey, u"1");
-    records.reset();
-    list.control.grab();
-    list.control.syncNow();
-    EXPECT_EQ(list.control.shownCount(), 0);
-    EXPECT_EQ(list.current(), "none");
-}
 
 TEST(ReportControl, APreviewTakesASecondLineOnlyWhereThereIsOne) {
     ReportList list;
@@ -386,21 +243,6 @@ TEST(ReportControl, APreviewTakesASecondLineOnlyWhereThereIsOne) {
     EXPECT_GT(list.control.header()->sectionSize(1), width * 3 / 2);
 }
 
-// A dragged width would be lost with the next font size, or the last column leave a gap.
-TEST(ReportControl, DraggedWidthsScaleAndTheStretchingColumnTakesTheRest) {
-    ReportList list;
-    list.show();
-    ReportHeader& header = *list.control.header();
-    EXPECT_EQ(header.length(), list.control.viewport()->width());
-    header.resizeSection(1, 200);
-    EXPECT_EQ(list.control.columns().at(2).width, 200);
-    EXPECT_EQ(header.length(), list.control.viewport()->width());
-    list.control.setFontSize(15);
-    EXPECT_EQ(list.control.columns().at(2).width, 200);
-    EXPECT_GT(header.sectionSize(1), 250);
-    EXPECT_TRUE(list.control.horizontalScrollBar()->maximum() > 0);
-}
-
 // A patient's note with markup, a megabyte of text or stray characters comes from the network.
 TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
     ReportList list;
@@ -428,41 +270,6 @@ TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
     }
     EXPECT_LT(time.elapsed(), 1000);
     EXPECT_EQ(list.control.grab().toImage(), before);
-}
-
-// The tag colours are what one looks at from across the room.
-TEST(ReportControl, DrawsColoursPicturesAndReadableTexts) {
-    ReportList list;
-    list.records.append(listRecord("1", QString::fromUtf8("\u2588\u2588\u2588\u2588"), "x"));
-    ReportRecord& record = *list.records.at(0);
-    record.item(kTag).backColor = argb(210, 30, 30);
-    record.item(kName).foreColor = argb(0, 255, 0);
-    record.item(kNote).text.clear();
-    record.item(kNote).icon = 5;
-    list.control.setIconProvider([](int icon) {
-        QPixmap picture(64, 64);
-        picture.fill(icon == 5 ? Qt::blue : Qt::black);
-        return QIcon(picture);
-    });
-    QPalette palette;
-    palette.setColor(QPalette::Base, Qt::white);
-    palette.setColor(QPalette::Text, Qt::black);
-    list.control.setPalette(palette);
-    list.show();
-    const auto pixel = [&list](int column, int x) {
-        const QRect cell = list.control.visualRect(list.control.model()->index(0, column));
-        return list.control.viewport()->grab().toImage().pixelColor(cell.left() + x, cell.center().y());
-    };
-    EXPECT_EQ(pixel(0, 16), QColor(210, 30, 30));
-    EXPECT_EQ(pixel(2, 16), QColor(Qt::blue));
-    const QColor unselected = pixel(1, 20);
-    EXPECT_EQ(unselected.hslHue(), 120);
-    EXPECT_GE(contrastRatio(unselected, pixel(1, 2)), kReadableContrast);
-
-    list.control.selectKey(kKey, u"1");
-    EXPECT_NE(pixel(1, 5), QColor(Qt::white)) << "a selected row is seen";
-    EXPECT_GE(contrastRatio(pixel(1, 20), pixel(1, 5)), kReadableContrast);
-    EXPECT_EQ(pixel(0, 16), QColor(210, 30, 30));
 }
 
 TEST(ReportControl, TipsShowTheWholeTextAsPlainText) {

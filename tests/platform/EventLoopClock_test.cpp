@@ -47,20 +47,3 @@ TEST(EventLoopClock, OtherTimersTickWhileATickWaits) {
     ASSERT_TRUE(waitUntil([&] { return waited && !other.enabled(); }));
     EXPECT_TRUE(tickedMeanwhile);
 }
-
-TEST(EventLoopClock, AWaitOfNothingReturns) {
-    EventLoopClock clock;
-    clock.wait(0);
-    clock.wait(-1);
-}
-
-TEST(EventLoopClock, TellsTheTimeOfDayOfTheDesktop) {
-    const QByteArray before = qgetenv("TZ");
-    qputenv("TZ", "TST-5:30");
-    tzset();
-    const EventLoopClock clock;
-    const qint64 utc = QDateTime::currentSecsSinceEpoch();
-    EXPECT_NEAR(static_cast<double>(clock.localSeconds() - utc), 5.5 * 3600, 1.0);
-    before.isNull() ? qunsetenv("TZ") : qputenv("TZ", before);
-    tzset();
-}

@@ -87,15 +87,6 @@ TEST_F(LocalChannelTest, OneStationADataFolderAndTheSecondReachesTheFirst) {
     EXPECT_TRUE(elsewhere.claim()) << "another data folder is another station";
 }
 
-// Clients come before the station is ready: they wait, and are answered.
-TEST_F(LocalChannelTest, ARequestDuringTheStartIsAnsweredOnceItIsServed) {
-    LocalChannel station(facts);
-    ASSERT_TRUE(station.claim());
-    QTimer::singleShot(100, &station,
-                       [&] { station.serve([](const QString&) { return QStringLiteral("late"); }); });
-    EXPECT_EQ(askFromOutside(QStringLiteral("x")), QStringLiteral("late"));
-}
-
 TEST_F(LocalChannelTest, AnAnswerOfMegabytesComesWholeAndOneThatRunsTheLoopToo) {
     LocalChannel station(facts);
     ASSERT_TRUE(station.claim());
@@ -105,14 +96,6 @@ TEST_F(LocalChannelTest, AnAnswerOfMegabytesComesWholeAndOneThatRunsTheLoopToo) 
         return large;
     });
     EXPECT_EQ(askFromOutside(QStringLiteral("all")), large);
-}
-
-TEST_F(LocalChannelTest, WithoutAStationThereIsNoAnswer) {
-    EXPECT_EQ(LocalChannel(facts).ask(QStringLiteral("x"), 2000), std::nullopt);
-    // One that hangs is none either.
-    LocalChannel hanging(facts);
-    ASSERT_TRUE(hanging.claim());
-    EXPECT_EQ(LocalChannel(facts).ask(QStringLiteral("x"), 200), std::nullopt);
 }
 
 // After a crash the user must be able to start the program again, without cleaning up first.

@@ -145,25 +145,6 @@ TEST_F(MulticastLinkTest, DatagramsOfEverySizeComeWholeAndInOrder) {
     EXPECT_EQ(one.heard, sent);
 }
 
-// A message that is too long is lost, but the station stays.
-TEST_F(MulticastLinkTest, WhatIsTooLargeToSendIsLostWithAnError) {
-    Listener one;
-    LinkConfig config = configOf(0);
-    config.maxPacketSize = 8048;
-    ASSERT_TRUE(one.link.open(config));
-    one.link.send(QByteArray(8049, 'x'));
-    EXPECT_THAT(one.errors, ElementsAre(EMSGSIZE));
-    one.link.close();
-
-    config.maxPacketSize = 1000000;
-    ASSERT_TRUE(one.link.open(config));
-    one.link.send(QByteArray(65508, 'x'));
-    EXPECT_THAT(one.errors, ElementsAre(EMSGSIZE, EMSGSIZE));
-    one.link.send("short");
-    ASSERT_TRUE(waitUntil([&] { return !one.heard.empty(); }));
-    EXPECT_THAT(one.heard, ElementsAre("short"));
-}
-
 // A handler may wait, as the goodbye does: others are handled in the meantime, and it goes on reading
 // the datagram that it was given.
 TEST_F(MulticastLinkTest, AHandlerThatWaitsLosesNothingAndKeepsItsBytes) {

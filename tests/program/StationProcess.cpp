@@ -85,7 +85,6 @@ void StationProcess::start(const QStringList& arguments) {
     m_process.setProcessEnvironment(environment(true));
     m_process.setChildProcessModifier(beforeProgram);
     m_process.setProcessChannelMode(QProcess::ForwardedChannels);
-    m_startedAt = std::chrono::steady_clock::now();
     m_process.start(QStringLiteral(TESSEL_PROGRAM), arguments);
     m_process.waitForStarted(kRunMs);
 }

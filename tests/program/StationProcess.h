@@ -35,7 +35,6 @@ public:
     int waitEnd(double seconds);
     bool isRunning() const { return m_process.state() == QProcess::Running; }
     qint64 pid() const { return m_process.processId(); }
-    Moment startedAt() const { return m_startedAt; }
 
     QString folder() const;
     QString read(const QString& section, const QString& key) const;
@@ -50,7 +49,6 @@ private:
 
     QTemporaryDir m_home;
     QProcess m_process;
-    Moment m_startedAt;
 };
 
 } // namespace tessel

@@ -104,28 +104,6 @@ std::unique_ptr<Office> Stations::office;
 
 } // namespace
 
-// A neighbour that cannot read the announcement does not know the location at all.
-TEST_F(Stations, AnnounceThemselvesFiveSecondsAfterTheStart) {
-    for (const Which which : {Alpha, Beta, Gamma, Junk, Locked, Far}) {
-        Peer& peer = which == Far ? office->far : office->air;
-        const auto heard = peer.of("XAN", kSIDs[which]);
-        ASSERT_EQ(heard.size(), 1U) << which;
-        EXPECT_GE(secondsBetween((*office)[which].startedAt(), heard[0].at), kNetworkUp) << which;
-        EXPECT_TRUE((*office)[which].isRunning());
-    }
-    const HeardPacket packet = office->air.of("XAN", kSIDs[Alpha]).at(0);
-    ASSERT_EQ(packet.fields.size(), 9);
-    EXPECT_EQ(packet.field(0), "TSL2");
-    EXPECT_EQ(packet.field(2), QSysInfo::machineHostName().toLatin1());
-    EXPECT_EQ(packet.field(3), "Alpha");
-    EXPECT_EQ(packet.field(5), ".\x80..\x80.0.\x80..\x80.0.\x80..\x80..\x80.0.\x80.");
-    EXPECT_EQ(packet.field(6), "");
-    EXPECT_EQ(packet.field(7), "5:0");
-    EXPECT_TRUE(QRegularExpression(QStringLiteral("^\\d+\\.\\d+\\.\\d+$"))
-                    .match(QString::fromLatin1(packet.field(8)))
-                    .hasMatch());
-}
-
 // A morning in which everybody starts at once must not become a storm of answers.
 TEST_F(Stations, AnswerABurstOnceAndKeepAlive) {
     // The announcements of the start are to be answered and done with.
@@ -206,24 +184,6 @@ TEST_F(Stations, ObeyOrdersFromOutside) {
     EXPECT_TRUE(office->air.of("XAS", kSIDs[Beta], clearing)[0].field(5).startsWith(".\x80."));
     EXPECT_TRUE(office->air.of("XALNU", kSIDs[Beta], start).empty());
     EXPECT_TRUE(office->air.of("XAS", kSIDs[Alpha], start).empty());
-}
-
-// Window rules, task lists and those who help by telephone go by the title.
-TEST_F(Stations, BearTheirTitles) {
-    ASSERT_NE(office->mainWindow(Alpha), xcb_window_t{XCB_NONE});
-    const qint64 pid = (*office)[Alpha].pid();
-    office->screen.press(office->mainWindow(Alpha), "ctrl+shift+a");
-    ASSERT_TRUE(
-        office->wait(kSlow, [&] { return office->screen.find(pid, "Active Connections") != XCB_NONE; }));
-    const xcb_window_t connections = office->screen.find(pid, "Active Connections");
-    office->screen.press(connections, "F5");
-    EXPECT_TRUE(
-        office->wait(kSlow, [&] { return office->screen.find(pid, "Active Connections (10)") != XCB_NONE; }));
-    // Only hidden, and the station goes on.
-    office->screen.close(connections);
-    EXPECT_TRUE(
-        office->wait(kSlow, [&] { return office->screen.find(pid, "Active Connections (10)") == XCB_NONE; }));
-    EXPECT_TRUE((*office)[Alpha].isRunning());
 }
 
 // The name and colour are asked for before anybody hears of the location.

@@ -40,21 +40,3 @@ TEST(KeyIndex, FindsWhatASearchOfAllRowsFindsThroughManyChanges) {
     records.clear();
     EXPECT_EQ(records.find(key(1)), nullptr);
 }
-
-// Items beyond those that a record keeps inside, and a key that is empty.
-TEST(KeyIndex, RowsOfAnyWidthAndKeyOfAnyLength) {
-    ReportRecords records(12);
-    for (const QString& key : {QString(), QStringLiteral("123AB456CDE7"), QStringLiteral("123AB456CDE78")}) {
-        auto row = std::make_shared<ReportRecord>(15);
-        for (int item = 0; item < row->itemCount(); ++item) {
-            row->item(item).value = item;
-        }
-        row->item(12).text = key;
-        records.append(row);
-        ASSERT_EQ(records.find(key), row.get());
-        EXPECT_EQ(row->item(9).value, 9);
-        EXPECT_EQ(row->item(10).value, 10);
-        EXPECT_EQ(row->item(14).value, 14);
-    }
-    EXPECT_EQ(records.find(u"123AB456CDE"), nullptr);
-}

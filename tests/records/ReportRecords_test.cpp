@@ -52,16 +52,6 @@ TEST(ReportRecords, FindsTheFirstOfDoubleKeysThroughInsertsAndRemovals) {
     expectRowsInStep(records);
 }
 
-TEST(ReportRecords, ADoubleThatGoesLeavesTheFirstInPlace) {
-    ReportRecords records(kKey);
-    records.append(record("a", "first"));
-    records.append(record("a", "second"));
-    records.remove(1);
-    EXPECT_EQ(found(records, u"a"), "first");
-    records.remove(0);
-    EXPECT_EQ(found(records, u"a"), "none");
-}
-
 // Old history rows would come back as hits of a search, or what remains be lost to it.
 TEST(ReportRecords, RemovesManyInOneSweepAndKeepsOrderAndIndex) {
     ReportRecords records(kKey);
@@ -114,24 +104,4 @@ TEST(ReportRecords, RevisionsTellWhatChanged) {
     const auto inserted = records.structureRevision();
     records.remove(0);
     EXPECT_GT(records.structureRevision(), inserted);
-}
-
-TEST(ReportRecords, AListWithoutKeysFindsNothingAndStillWorks) {
-    ReportRecords records(-1);
-    records.append(record("a", "x"));
-    records.append(record("a", "y"));
-    EXPECT_EQ(records.find(u"a"), nullptr);
-    records.remove(0);
-    EXPECT_EQ(records.count(), 1);
-    expectRowsInStep(records);
-}
-
-TEST(ReportRecord, ATipIsReplacedAndTakenAway) {
-    ReportRecord row(2);
-    row.setTip(kText, QStringLiteral("one"));
-    row.setTip(kText, QStringLiteral("two"));
-    EXPECT_EQ(row.tip(kText), "two");
-    EXPECT_TRUE(row.tip(kKey).isEmpty());
-    row.setTip(kText, {});
-    EXPECT_TRUE(row.tip(kText).isEmpty());
 }

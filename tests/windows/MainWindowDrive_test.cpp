@@ -148,30 +148,6 @@ TEST_F(MainWindowDrive, MenuStaysWithItsRow) {
     EXPECT_FALSE(world[1].desktop.popups[1]);
 }
 
-TEST_F(MainWindowDrive, OwnAndVirtualRowsHaveMenusOfTheirOwn) {
-    CommandMenu* menu = menuOf("Room 1");
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->textBox(), nullptr);
-    EXPECT_TRUE(captions(*menu).contains("Seat Patient")) << captions(*menu).join('|').toStdString();
-    EXPECT_FALSE(captions(*menu).contains("DoorBell"));
-    choose(*menu, "Seat Patient");
-    EXPECT_TRUE(me().own.occupied);
-
-    RawPacket packet;
-    packet.code = "XAN";
-    packet.location = "Virtual";
-    QByteArray bytes = packet.bytes();
-    bytes.replace("TSL2", "TSL2V");
-    world.network.inject(bytes);
-    world.run(1);
-    menu = menuOf("Virtual");
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(menu->textBox(), nullptr);
-    EXPECT_FALSE(captions(*menu).contains("DoorBell"));
-    EXPECT_TRUE(captions(*menu).contains("Clear Status"));
-    menu->close();
-}
-
 // Whoever has no mouse reaches the same menu, and gets the list back afterwards.
 TEST_F(MainWindowDrive, KeyboardOpensTheRowMenu) {
     home().syncNow();
@@ -277,47 +253,6 @@ TEST_F(MainWindowDrive, SearchEndsWithTheView) {
     EXPECT_TRUE(home().hasFocus()) << "Enter goes on to what was found";
 }
 
-TEST_F(MainWindowDrive, SortsThroughItsMenu) {
-    EXPECT_EQ(shownTexts(home(), kName), QStringList({"Room 1", "Room 2", "Room 3"}));
-    RawPacket packet;
-    packet.code = "XAN";
-    packet.location = "Attic";
-    packet.tagWord = "40:";
-    world.network.inject(packet.bytes());
-    world.run(1);
-    EXPECT_EQ(shownTexts(home(), kName).last(), "Attic") << "by colour";
-
-    click(*panes().button(810));
-    CommandMenu* const menu = openMenu();
-    ASSERT_NE(menu, nullptr);
-    QAction* byName = nullptr;
-    for (QAction* const action : menu->actions()) {
-        if (spokenCaption(action->text()) == "Sort by Name") {
-            byName = action;
-            break; // the first one is Home's
-        }
-    }
-    ASSERT_NE(byName, nullptr);
-    EXPECT_FALSE(byName->isChecked());
-    QTest::mouseClick(menu, Qt::LeftButton, {}, menu->actionGeometry(byName).center());
-    settle();
-    EXPECT_EQ(shownTexts(home(), kName), QStringList({"Room 1", "Attic", "Room 2", "Room 3"}))
-        << "the own row stays on top";
-}
-
-TEST_F(MainWindowDrive, PanesChangeFontAndNotes) {
-    click(*panes().button(800));
-    EXPECT_EQ(home().fontSize(), 11);
-    EXPECT_EQ(form->views()->list(View::Favorites).fontSize(), 11) << "all lists alike";
-    click(*panes().button(801));
-    click(*panes().button(801));
-    EXPECT_EQ(home().fontSize(), 9);
-    const bool before = me().shell.previewMode();
-    click(*panes().button(706));
-    EXPECT_NE(me().shell.previewMode(), before);
-    EXPECT_EQ(ribbon().button(301)->isChecked(), !before);
-}
-
 // What the user set up is there again the next morning.
 TEST_F(MainWindowDrive, ComesBackAsItWas) {
     form->move(form->pos() + QPoint(30, 20));
@@ -337,19 +272,6 @@ TEST_F(MainWindowDrive, ComesBackAsItWas) {
     EXPECT_EQ(search().text(), "Search Favorites");
     EXPECT_EQ(home().fontSize(), 11);
     EXPECT_TRUE(form->commands()->find(762)->isChecked());
-}
-
-// Staying on top must not make a window that was put away come back, nor lose its place.
-TEST_F(MainWindowDrive, OnTopKeepsTheWindowAsItIs) {
-    const QPoint there = form->pos();
-    click(*ribbon().button(110));
-    EXPECT_TRUE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(form->pos(), there);
-    form->hide();
-    me().shell.toggleOnTop();
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_FALSE(form->windowFlags().testFlag(Qt::WindowStaysOnTopHint));
 }
 
 TEST_F(MainWindowDrive, WhatTakesTheFocusHasAName) {

@@ -97,24 +97,3 @@ TEST_F(AdapterDialog, ResetForgetsTheAdapterAndEndsTheProgram) {
     world.run(3);
     EXPECT_TRUE(world[0].desktop.calls.contains("unloadMain"));
 }
-
-// The program may be ended from outside while the notice stands there.
-TEST_F(AdapterDialog, TheNoticeOfResetOutlivesNothing) {
-    click("cmdReset");
-    ASSERT_NE(openBox(), nullptr);
-    form.reset();
-    EXPECT_EQ(openBox(), nullptr);
-    EXPECT_FALSE(world[0]->tmrExit.enabled());
-}
-
-TEST_F(AdapterDialog, CancelAndEscapeChangeNothing) {
-    list().setCurrentIndex(2);
-    click("cmdCancel");
-    EXPECT_FALSE(form->isVisible());
-    open();
-    list().setCurrentIndex(2);
-    QTest::keyClick(form.get(), Qt::Key_Escape);
-    EXPECT_FALSE(form->isVisible());
-    EXPECT_EQ(stored("adapter"), "");
-    EXPECT_TRUE(world[0]->own.online);
-}

@@ -105,22 +105,6 @@ TEST_F(ActiveConnections, MenusAct) {
     EXPECT_FALSE(form->isVisible());
 }
 
-// Two entries under one letter: the keyboard reaches neither.
-TEST_F(ActiveConnections, NoMenuHasALetterTwice) {
-    for (const QAction* const top : form->menuBar()->actions()) {
-        QSet<QChar> letters;
-        for (const QAction* const action : top->menu()->actions()) {
-            const qsizetype mark = action->text().indexOf(u'&');
-            if (!action->isSeparator()) {
-                ASSERT_GE(mark, 0) << action->text().toStdString();
-                const QChar letter = action->text().at(mark + 1).toLower();
-                EXPECT_FALSE(letters.contains(letter)) << action->text().toStdString();
-                letters.insert(letter);
-            }
-        }
-    }
-}
-
 // What a row holds is read out over the telephone; a foreign packet must not forge a line of it.
 TEST_F(ActiveConnections, DoubleClickTellsTheRow) {
     RawPacket packet;

@@ -52,46 +52,6 @@ TEST_F(MainWindow, ListsWhatIsHeardAndFindsIt) {
     EXPECT_EQ(shownTexts(*form->homeList(), kName).size(), 3);
 }
 
-// A note or name with markup in it would otherwise load pictures or pass for a part of the program.
-TEST_F(MainWindow, ShowsHostileTextAsItStands) {
-    open();
-    world.run(10);
-    RawPacket packet;
-    packet.code = QStringLiteral("XAN");
-    packet.location = QStringLiteral("<b>bold</b><img src=x>");
-    packet.note = QStringLiteral("<a href='x'>click</a>");
-    world.network.inject(packet.bytes());
-    world.run(1);
-    EXPECT_TRUE(shownTexts(*form->homeList(), kName).contains("<b>bold</b><img src=x>"));
-
-    world[0]->footer.SetFooter(QStringLiteral("<b>state</b>"), QStringLiteral("<img src=x>"), false);
-    EXPECT_EQ(form->findChild<PaneBar*>()->footer().trimmed(), "<b>state</b>");
-}
-
-// A click on the cross must not take the location off the others' screens, unless the user said so.
-TEST_F(MainWindow, ClosingMinimisesOrEndsByEOC) {
-    open();
-    world.run(10);
-    EXPECT_FALSE(form->close());
-    EXPECT_TRUE(form->isMinimized());
-    EXPECT_FALSE(world[0]->own.exiting);
-    EXPECT_EQ(world.locations(1), 3);
-
-    world[0]->settings.Settings_EOC.set(true);
-    EXPECT_TRUE(form->close());
-    EXPECT_TRUE(world[0]->own.exiting);
-    EXPECT_TRUE(world[0].desktop.calls.contains("unloadMain"));
-    EXPECT_EQ(world.locations(1), 2);
-}
-
-// Once the program ends, the window must not refuse.
-TEST_F(MainWindow, ClosesWhenTheProgramEnds) {
-    open();
-    world[0]->own.exiting = true;
-    EXPECT_TRUE(form->close());
-    EXPECT_FALSE(form->isMinimized());
-}
-
 // A window left on a screen that is gone would be out of reach.
 TEST_F(MainWindow, ComesBackWhereItWasOrOntoAScreen) {
     const QRect screen = QGuiApplication::primaryScreen()->availableGeometry();

@@ -32,7 +32,6 @@ protected:
         return world[0].get(kUserFile, QLatin1String(section), QLatin1String(key));
     }
     KeyFilterEdit& name() { return *form->findChild<KeyFilterEdit*>(); }
-    QPushButton& ok() { return *form->findChild<QPushButton*>(QStringLiteral("cmdOk")); }
 
     World world{1};
     QPointer<frmWelcome> form;
@@ -61,18 +60,6 @@ TEST_F(Welcome, WritesItsKeysAndHandsOver) {
     world.run(6);
     EXPECT_EQ(world[0]->own.location, "FrontDesk 1");
     EXPECT_TRUE(world[0]->own.online);
-}
-
-// A location without a name is a blank row on every screen.
-TEST_F(Welcome, WantsAName) {
-    name().setText(QStringLiteral("  "));
-    EXPECT_FALSE(ok().isEnabled());
-    QTest::keyClick(&name(), Qt::Key_Return);
-    EXPECT_TRUE(form->isVisible());
-    EXPECT_EQ(stored("User", "FirstRun"), "");
-    name().setText(QString(40, u'x'));
-    EXPECT_EQ(name().text().size(), 25);
-    EXPECT_TRUE(ok().isEnabled());
 }
 
 // A process without a window would be left behind, and the second start would bring up nothing.

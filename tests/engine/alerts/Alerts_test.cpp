@@ -151,29 +151,6 @@ TEST_F(Alerts, SwitchesTakeAwayOneThingEach) {
     EXPECT_THAT(me.sounds.played, ElementsAre("beep 850 650"));
 }
 
-TEST_F(Alerts, AlertsForOthersLeaveNoTrace) {
-    for (const char* const code : {"XAD1", "XAP", "XAUM"}) {
-        hear(code, body({kOther, "text"}));
-        hear(code, body({{}, "text"}));
-        hear(code, body({kMe.toLower(), "text"}));
-        hear(code, "text");
-        hear(code, body({kMe, "text"}), kMe);
-    }
-    for (const char* const code : {"XAD1T", "XAPT", "XAUMT"}) {
-        for (const char* const tag : {"2", "", "one", "11", "1.5", "0x1"}) {
-            hear(code, body({tag, "text"}));
-        }
-        hear(code, body({"1", "text"}), kMe);
-    }
-    hear("XAD0", "text", kMe);
-    EXPECT_THAT(me.desktop.calls, IsEmpty());
-    EXPECT_THAT(me.sounds.played, IsEmpty());
-    EXPECT_FALSE(me->alertBar.AlertBarShown());
-    EXPECT_EQ(entries(), 0);
-    hear("XAUMT", body({"1.0", "text"}));
-    EXPECT_EQ(entries(), 1) << "tags are numbers";
-}
-
 TEST_F(Alerts, BarStaysForItsMinutesFromTheLatestAlert) {
     ring(kKinds[0], "first");
     world.run(4 * 60);
@@ -225,40 +202,6 @@ TEST_F(Alerts, ShakeMovesTheWindowAndPutsItBack) {
     world.run(30);
     EXPECT_EQ(me.desktop.shakenTo, QPoint());
     EXPECT_FALSE(me->alerts.tmrShake.enabled());
-}
-
-TEST_F(Alerts, InABurstTheLatestWinsAndNoneIsForgotten) {
-    for (int i = 0; i < 500; ++i) {
-        ring(kKinds[i % 4], QString::number(i));
-    }
-    EXPECT_EQ(popup()->text, "499");
-    EXPECT_EQ(popup()->caption, "Tessel Urgent");
-    EXPECT_EQ(me->alertBar.content().text, "499");
-    EXPECT_EQ(me.sounds.played.last(), "Urgent.wav");
-    ASSERT_EQ(entries(), 500);
-    for (int i = 0; i < 500; ++i) {
-        EXPECT_EQ(newest(499 - i)[4], QString::number(i));
-    }
-    EXPECT_EQ(world.clock.monotonicMs(), 6000) << "no alert waits inside";
-}
-
-TEST_F(Alerts, HostileTextsAreCutAndStayPlain) {
-    const QString flood = QString(60000, u'w');
-    const QString markup = "<img src='/etc/passwd'/>" + QString(QChar(0)) + "\r\n\"R" + ValueMark + "<b>";
-    for (const Kind& kind : kKinds) {
-        ring(kind, flood);
-        EXPECT_LE(popup()->text.size(), 1000);
-        EXPECT_LE(me->alertBar.content().text.size(), 1000);
-        EXPECT_LE(newest()[4].size(), 8000);
-        ring(kind, markup);
-        EXPECT_TRUE(popup()->text.startsWith("<img src='/etc/passwd'/>"));
-        EXPECT_EQ(newest().size(), 8) << "a separator inside a text does not make another value";
-        hear({.location = flood,
-              .code = kind.code,
-              .body = kind.targeted ? body({kMe, "text"}) : QStringLiteral("text")});
-        EXPECT_LT(me->alertBar.content().name.size(), 1000);
-        EXPECT_LT(newest().join(QString()).size(), 2000);
-    }
 }
 
 TEST_F(Alerts, QuickAlertsGoToOneOrToAGroup) {

@@ -91,34 +91,6 @@ TEST_F(History, CardsTellWhoAndWhat) {
     EXPECT_EQ(record()[7].size(), 151) << "the whole text stays in the record";
 }
 
-TEST_F(History, RoundTrip) {
-    begin();
-    ring("say \"now\"\r\nor \"\"never\"");
-    HistoryEntry marked = event(HistoryCode::DoorBellEveryone);
-    marked.text = "a mark " + ValueMark + " inside, and half of one at its end .\u20AC";
-    add(marked);
-    ring(QString("caf\u00e9 \u0160 \u20AC"));
-    me->history.AddMessage({1, MessageLog::ReplySent, true, "id", "Ann;Bob", "SID",
-                            "line\r\n" + ListMark + "quoted \"text\"", "1:00:00 PM", "2/28/2026"});
-    const QStringList before = records();
-    QStringList cards;
-    for (int row = 0; row < count(); ++row) {
-        cards += text(CardItem::Heading, row) + text(CardItem::Text, row) + text(CardItem::Stamp, row);
-    }
-    me->history.SaveRecents();
-    reload();
-    EXPECT_EQ(records(), before);
-    for (const int row : {0, 1, 3}) { // the marks inside the other one have become blanks
-        EXPECT_EQ(text(CardItem::Heading, row) + text(CardItem::Text, row) + text(CardItem::Stamp, row),
-                  cards[row]);
-    }
-    EXPECT_EQ(record(2)[5], "9:00:00 AM") << "a text does not reach into the time behind it";
-    EXPECT_EQ(record(2).size(), 8);
-    const QByteArray once = file();
-    me->history.SaveRecents();
-    EXPECT_EQ(file(), once);
-}
-
 TEST_F(History, DamagedFilesGiveWhatCanBeRead) {
     begin();
     for (int i = 0; i < 6; ++i) {
@@ -214,19 +186,6 @@ TEST_F(History, AKilledProgramLeavesAWholeFile) {
     ring("last");
     me->ExitProc();
     EXPECT_TRUE(file().startsWith("3\r\n")) << "an orderly end saves what came since";
-}
-
-TEST_F(History, SaveOffKeepsTheOldFile) {
-    store("1\r\n\"old content\"\r\n");
-    user("Recents", "SAVE", "0");
-    begin();
-    for (int i = 0; i < 3; ++i) {
-        ring();
-        world.run(60);
-    }
-    EXPECT_EQ(count(), 3);
-    me->ExitProc();
-    EXPECT_EQ(file(), "1\r\n\"old content\"\r\n");
 }
 
 TEST_F(History, TheFileKeepsTheNewest) {

@@ -67,20 +67,6 @@ TEST_F(PopupTest, EachStaysItsTime) {
     }
 }
 
-TEST_F(PopupTest, ANewOneReplacesTheOldOfItsKind) {
-    status("first");
-    world.run(40);
-    status("second");
-    EXPECT_EQ(me.desktop.calls, QStringList({"showPopup 0", "closePopup 0", "showPopup 0"}));
-    EXPECT_TRUE(goesAfter(PopupId::Status, 45)) << "with a time of its own";
-    alert(NoticeKind::DoorBell);
-    status();
-    message();
-    alert(NoticeKind::PhoneCall);
-    EXPECT_EQ(popup(PopupId::Alert)->icon, 19);
-    EXPECT_TRUE(popup(PopupId::Status) && popup(PopupId::Message)) << "kinds do not replace each other";
-}
-
 TEST_F(PopupTest, DoNotDisturbShowsNothingAndClosesNothing) {
     status("before");
     message("before");
@@ -193,13 +179,4 @@ TEST_F(PopupTest, ClicksOpenMessagesTurnOffTheBarAndClose) {
     me->popups.clicked(PopupId::Message, PopupItem::Close);
     me->popups.clicked(PopupId::Message, PopupItem::Text);
     EXPECT_THAT(asked, IsEmpty()) << "the message id went with the popup";
-}
-
-TEST_F(PopupTest, NoneOutlivesTheProgram) {
-    status();
-    alert();
-    me->ExitProc();
-    const auto calls = me.desktop.calls.size();
-    world.run(3600);
-    EXPECT_EQ(me.desktop.calls.size(), calls) << "the windows are gone: nobody closes them again";
 }

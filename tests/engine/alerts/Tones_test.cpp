@@ -69,19 +69,6 @@ TEST_F(TonesTest, FileOfTheNameOrSilence) {
     EXPECT_THAT(heard(), IsEmpty());
 }
 
-TEST_F(TonesTest, OtherSpellingOfTheFavoritesFolder) {
-    setting("SC", "1");
-    MakeFolder(folder + "favorites/");
-    file("favorites/3A.wav");
-    file("Favorites/4A.wav");
-    file("favorites/notify.dat", "[Load]\nA=1\n[Alerts]\n1=Frog\n");
-    tones.PlayFavoriteTone("3A");
-    tones.PlayFavoriteTone("4A");
-    tones.LoadToneList();
-    EXPECT_THAT(heard(), ElementsAre("favorites/3A.wav", "Favorites/4A.wav"));
-    EXPECT_THAT(tones.toneList(), ElementsAre("Frog"));
-}
-
 TEST_F(TonesTest, WithoutSoundCardEveryToneIsTheBeep) {
     setting("SC", "0");
     setting("BT", "440");
@@ -106,24 +93,6 @@ TEST_F(TonesTest, WithoutSoundCardEveryToneIsTheBeep) {
         EXPECT_LE(beep.section(u' ', 2).toInt(), 10000);
         EXPECT_GE(beep.section(u' ', 2).toInt(), 0);
     }
-}
-
-TEST_F(TonesTest, DoNotDisturbIsSilentAltogether) {
-    file("Urgent.wav");
-    file("Favorites/1A.wav");
-    me->own.doNotDisturb = true;
-    for (const char* soundCard : {"1", "0"}) {
-        setting("SC", soundCard);
-        tones.PlayTone("Urgent");
-        tones.PlayFavoriteTone("1A");
-        tones.PlaySentTone();
-        tones.PlayBeep();
-    }
-    EXPECT_THAT(heard(), IsEmpty());
-    me->own.doNotDisturb = false;
-    setting("SC", "1");
-    tones.PlayTone("Urgent");
-    EXPECT_THAT(heard(), ElementsAre("Urgent.wav"));
 }
 
 TEST_F(TonesTest, NamesFromTheNetworkStayInTheFolder) {

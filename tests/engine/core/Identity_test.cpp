@@ -39,20 +39,6 @@ TEST_F(Identity, FollowsItsMask) {
     EXPECT_EQ(me->identity.MakeRandomID("#X"), "") << "no id of another length";
 }
 
-TEST_F(Identity, IsMadeOnceAndKept) {
-    user("User", "SID", QString());
-    world.start(0);
-    const QString made = me->own.SID;
-    EXPECT_EQ(made.size(), 12);
-    EXPECT_EQ(me.get(kUserFile, "User", "SID"), made);
-    EXPECT_EQ(loggedWith("New SID ," + made + " ,SID Created"), 1);
-    me->identity.LoadSID();
-    EXPECT_EQ(me->own.SID, made);
-    user("User", "SID", "made by hand; no mask");
-    me->identity.LoadSID();
-    EXPECT_EQ(me->own.SID, "made by hand; no mask") << "a user's own id is taken as it is";
-}
-
 TEST_F(Identity, ResetHoldsFromTheNextStart) {
     begin();
     sentCodes();
@@ -96,12 +82,6 @@ TEST(TimeText, EveryMinuteOfTheDayComesBack) {
     }
     EXPECT_EQ(dateText(QDate(2026, 3, 2)), "3/2/2026");
     EXPECT_EQ(dateText({}), "");
-}
-
-TEST(TimeText, AgesGoNegativeAfterMidnight) {
-    EXPECT_EQ(minutesSince(u"11:59:30 PM", 60), -1438);
-    EXPECT_EQ(minutesSince(u"9:00:00 AM", 9 * 3600 + 119), 1);
-    EXPECT_EQ(minutesSince(u"junk", 5000), 0);
 }
 
 TEST(Timers, OneShotRepeatingAndOff) {

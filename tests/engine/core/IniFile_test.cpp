@@ -131,15 +131,6 @@ TEST(IniDocument, NothingWrittenCanBecomeALineOfItsOwn) {
     }
 }
 
-TEST_F(IniFile, EmptyAndMissingAreTwoThings) {
-    put("[a]\nempty=\n");
-    EXPECT_EQ(read("a", "empty"), "");
-    EXPECT_TRUE(ini.Success);
-    EXPECT_EQ(read("a", "none"), "default");
-    EXPECT_FALSE(ini.Success);
-    EXPECT_EQ(ini.LastReturnCode, 7);
-}
-
 TEST_F(IniFile, OthersMayChangeTheFileWhileTheProgramRuns) {
     ASSERT_TRUE(write("a", "k", "1"));
     EXPECT_EQ(read("a", "k"), "1");
@@ -194,15 +185,6 @@ TEST_F(IniFile, WhatCannotBeReadIsNeverOverwritten) {
     EXPECT_FALSE(write("a", "k", "2")) << "a folder stands where the file should be";
 }
 
-TEST_F(IniFile, AWriteThatCannotSucceedSaysSo) {
-    put("a file, not a folder");
-    path += QStringLiteral("/user.cfg");
-    EXPECT_FALSE(write("a", "k", "1"));
-    EXPECT_FALSE(ini.Success);
-    EXPECT_EQ(read("a", "k"), "default");
-    EXPECT_FALSE(write("a", "k", "1"));
-}
-
 TEST_F(IniFile, SeveralKeysAndWholeSections) {
     put("[a]\n; keep\nx=1\ny=2\n[b]\nz=3\n");
     aim("a", {});
@@ -222,12 +204,4 @@ TEST_F(IniFile, SeveralKeysAndWholeSections) {
     EXPECT_EQ(cInifile::CLngDefault(" 12 ", 5), 12);
     EXPECT_EQ(cInifile::CLngDefault("12x", 5), 5);
     EXPECT_EQ(cInifile::CLngDefault("99999999999", 5), 5);
-}
-
-TEST_F(IniFile, DeletingInAFileThatIsNotThereMakesNone) {
-    aim("a", "k");
-    EXPECT_TRUE(ini.DeleteKey());
-    EXPECT_TRUE(ini.DeleteSection());
-    EXPECT_FALSE(write("a", "not=a key", "1"));
-    EXPECT_FALSE(QFile::exists(path));
 }

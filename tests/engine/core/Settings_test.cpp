@@ -18,45 +18,6 @@ protected:
 };
 } // namespace
 
-TEST_F(SettingsFile, FreshAccount) {
-    Settings& settings = load();
-    const std::pair<bool, bool> booleans[] = {
-        {settings.Settings_SHOWUSER(), true},    {settings.Settings_SNP(), true},
-        {settings.Settings_SNT(), true},         {settings.Settings_SNF(), false},
-        {settings.Settings_MPP(), false},        {settings.Settings_MNP(), true},
-        {settings.Settings_EOC(), false},        {settings.Settings_DBB(), false},
-        {settings.Settings_OSPV(), true},        {settings.Settings_PV(), false},
-        {settings.Settings_TestMode(), false},   {settings.Sound_SC(), true},
-        {settings.Advanced_FRAME(), true},       {settings.Recents_LU(), true},
-        {settings.Recents_LUC(), false},         {settings.Recents_STF(), false},
-        {settings.QuickMenu_AlertUrgent(), true}};
-    for (std::size_t i = 0; i < std::size(booleans); ++i) {
-        EXPECT_EQ(booleans[i].first, booleans[i].second) << i;
-    }
-    const std::pair<int, int> numbers[] = {{settings.NAV_1(), 350},
-                                           {settings.MSGNAV_1(), 103},
-                                           {settings.Settings_SNPT(), 45},
-                                           {settings.Settings_SNPTP(), 255},
-                                           {settings.Settings_STIMER(), 1},
-                                           {settings.Settings_ABPT(), 5},
-                                           {settings.Settings_ANPTM(), 1},
-                                           {settings.Settings_DBBL(), 75},
-                                           {settings.Fonts_EVFS(), 10},
-                                           {settings.Messages_SAVE_CNT(), 500},
-                                           {settings.Recents_SAVE_CNT(), 1200}};
-    for (std::size_t i = 0; i < std::size(numbers); ++i) {
-        EXPECT_EQ(numbers[i].first, numbers[i].second) << i;
-    }
-    EXPECT_EQ(settings.Fonts_EVF(), "Tahoma");
-    EXPECT_EQ(settings.QuickMenu_AlertGroupCommand(), "g:");
-    EXPECT_EQ(settings.Sound_BT(), "850");
-    EXPECT_EQ(settings.Color_LSTB(), argb(255, 247, 229));
-    EXPECT_EQ(settings.Messages_MSG_B(), argb(0x76, 0x76, 0x76));
-    EXPECT_EQ(settings.Recents_DB_B(), argb(0, 128, 0));
-    EXPECT_EQ(settings.Advanced_FilterColor(), argb(255, 255, 0xC0));
-    EXPECT_EQ(settings.Advanced_FilterColorIdle(), argb(0xE0, 0xE0, 0xE0));
-}
-
 TEST_F(SettingsFile, WhatStandsInTheFile) {
     user("settings", "snp", "0");
     user("Settings", "SHOWUSER", QString());

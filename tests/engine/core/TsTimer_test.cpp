@@ -40,37 +40,6 @@ TEST_F(LongTimer, CountsHoursMinutesAndMillisecondsAgainAndAgain) {
     EXPECT_EQ(ticks.size(), 2U);
 }
 
-TEST_F(LongTimer, EnablingStartsTheCountAnew) {
-    timer.MinuteInterval = 5;
-    timer.setEnabled(true);
-    runMinutes(4);
-    timer.MinuteInterval = 2;
-    timer.setEnabled(true);
-    runMinutes(1);
-    EXPECT_THAT(ticks, IsEmpty());
-    timer.MinuteInterval = 10; // for the next round
-    runMinutes(1);
-    EXPECT_THAT(ticks, ElementsAre(360));
-    onTick = [this] { timer.setEnabled(false); };
-    runMinutes(60);
-    EXPECT_THAT(ticks, ElementsAre(360, 960)) << "disabled by its own tick it rests";
-    EXPECT_FALSE(timer.Enabled());
-}
-
-TEST_F(LongTimer, SenselessIntervalsNeverTick) {
-    for (const int minutes : {0, -1, -2147483647}) {
-        timer.MinuteInterval = minutes;
-        timer.HourInterval = minutes;
-        timer.setEnabled(true);
-        runMinutes(600);
-    }
-    timer.MinuteInterval = 2147483647;
-    timer.HourInterval = 2147483647;
-    timer.setEnabled(true);
-    runMinutes(600);
-    EXPECT_THAT(ticks, IsEmpty());
-}
-
 TEST(Waiting, JoinsARunningWaitOfTheSameLength) {
     VirtualClock clock;
     Wait wait(clock);

@@ -45,22 +45,6 @@ private:
 
 } // namespace
 
-// Numbers come from menus and hot keys; one that no command bears must never end in another's act.
-TEST_F(CommandTable, UnknownNumbersDoNothing) {
-    std::set<int> known;
-    for (const CommandRow* row = firstCommand(); row != endOfCommands(); ++row) {
-        known.insert(row->id);
-    }
-    const QByteArray before = me.fileBytes(kUserFile);
-    for (int id = -5; id < 1000; ++id) {
-        if (!known.contains(id)) {
-            EXPECT_EQ(does(id, lab(), "text"), QStringList()) << id;
-        }
-    }
-    EXPECT_EQ(me.fileBytes(kUserFile), before);
-    EXPECT_EQ(me->shell.view(), View::Home);
-}
-
 TEST_F(CommandTable, AlertsGoToTheRowTheyStartFrom) {
     hear({.SID = "888XX888XXX8", .location = "X-Ray", .code = "XAN", .tagWord = "3:"});
     EXPECT_EQ(does(404, lab(), "  come "), QStringList({"XAD1 999XX999XXX9/come"}));
@@ -70,12 +54,6 @@ TEST_F(CommandTable, AlertsGoToTheRowTheyStartFrom) {
     for (const int id : {404, 405, 406, 407, 410}) {
         EXPECT_EQ(does(id, nullptr, "come"), QStringList()) << id;
     }
-}
-
-TEST_F(CommandTable, PrefixSendsToTheGroupOfTheRow) {
-    EXPECT_EQ(does(404, lab(), "g:come"), QStringList({"XAD1T 7/come"}));
-    EXPECT_EQ(does(405, lab(), "G:line 2"), QStringList({"XAPT 7/line 2"}));
-    EXPECT_EQ(does(406, lab(), "g:"), QStringList({"XAUMT 7/"}));
 }
 
 TEST_F(CommandTable, ClearsWhatOthersHaveSet) {
@@ -151,67 +129,6 @@ TEST_F(CommandTable, OfflineAndSwitchesGreyOut) {
     EXPECT_TRUE(enabled(100, nullptr));
 }
 
-TEST_F(CommandTable, FontCommandsStopAtTheLimits) {
-    EXPECT_EQ(me->menu.tip(800), "Increase Font Size (10)");
-    for (int press = 0; press < 20; ++press) {
-        does(800);
-    }
-    EXPECT_FALSE(enabled(800));
-    EXPECT_TRUE(enabled(801));
-    EXPECT_EQ(me->menu.tip(801), "Decrease Font Size (20)");
-    for (int press = 0; press < 20; ++press) {
-        does(801);
-    }
-    EXPECT_EQ(me->shell.reportFont(), 8);
-    EXPECT_FALSE(enabled(801));
-}
-
-TEST_F(CommandTable, SortsEachListByItsOwnNumbers) {
-    const int numbers[] = {761, 762, 766, 767, 768, 771, 772};
-    const auto checked = [&] {
-        QStringList on;
-        for (const int id : numbers) {
-            if (me->menu.checked(id)) {
-                on += QString::number(id);
-            }
-        }
-        return on.join(u' ');
-    };
-    EXPECT_EQ(checked(), "761 766 771");
-    does(762);
-    does(768);
-    EXPECT_EQ(checked(), "762 768 771");
-    does(767);
-    does(772);
-    EXPECT_EQ(checked(), "762 767 772");
-    EXPECT_EQ(me->settings.Settings_SORTEV(), 1);
-    EXPECT_EQ(me->settings.Settings_SORTSV(), 1);
-    EXPECT_EQ(me->settings.Settings_SORTFV(), 1);
-    // The headings between them are no orders.
-    for (const int id : {760, 765, 770}) {
-        does(id);
-    }
-    EXPECT_EQ(checked(), "762 767 772");
-}
-
-TEST_F(CommandTable, ChecksFollowTheState) {
-    EXPECT_TRUE(me->menu.checked(350));
-    does(351);
-    EXPECT_FALSE(me->menu.checked(350));
-    EXPECT_TRUE(me->menu.checked(351));
-
-    does(110);
-    EXPECT_TRUE(me->menu.checked(110));
-    does(706);
-    EXPECT_TRUE(me->menu.checked(301));
-    does(301);
-    EXPECT_FALSE(me->menu.checked(706));
-
-    does(300);
-    EXPECT_TRUE(me->own.doNotDisturb);
-    EXPECT_TRUE(me->menu.checked(300));
-}
-
 TEST_F(CommandTable, RoomSaysWhoIsInIt) {
     EXPECT_EQ(me->menu.caption(205), "Seat Patient");
     EXPECT_FALSE(me->menu.checked(205));
@@ -225,36 +142,4 @@ TEST_F(CommandTable, RoomSaysWhoIsInIt) {
     // Names come from other stations: none may set a key, or pass for a line or shortcut of its own.
     hear("XALSN", body({kMe, "A&B\tCtrl+Q\nExit"}));
     EXPECT_EQ(me->menu.caption(205), "Remove Patient (A&&B Ctrl+Q Exit)");
-}
-
-TEST_F(CommandTable, DoNotDisturbShowsInTheHeading) {
-    EXPECT_EQ(me->menu.quickMenuHeading(*lab()), "Lab");
-    hear({.code = "XALU", .presence = presence({}, {}, false, {}, 0, {}, true)});
-    EXPECT_EQ(me->menu.quickMenuHeading(*lab()), "Lab -  (Do Not Disturb)");
-    // It stops no alert.
-    EXPECT_TRUE(enabled(404, lab()));
-}
-
-TEST_F(CommandTable, QuickStatusesBearTheirNames) {
-    EXPECT_EQ(me->menu.caption(201), "Quick 1");
-    EXPECT_EQ(does(201), QStringList({shows(WindowId::StatusOptions)}));
-    EXPECT_FALSE(me->menu.checked(201));
-
-    me.set(kStatusFile, "status", "N0", "R&D");
-    me.set(kStatusFile, "status", "M0", "In the lab");
-    me.set(kStatusFile, "status", "M1", "Lunch");
-    me->status.LoadStatusSettings();
-    EXPECT_EQ(me->menu.caption(201), "R&&D");
-    EXPECT_EQ(me->menu.tip(201), "In the lab");
-    EXPECT_EQ(me->menu.caption(202), "Lunch") << "without a name the text tells";
-    EXPECT_EQ(does(201), QStringList({"XAS"}));
-    EXPECT_EQ(me->own.status, "In the lab");
-    EXPECT_TRUE(me->menu.checked(201));
-    EXPECT_FALSE(me->menu.checked(202));
-    world.run(3);
-    does(202);
-    EXPECT_EQ(me->own.status, "Lunch");
-    EXPECT_FALSE(me->menu.checked(201));
-    does(202);
-    EXPECT_EQ(me->own.status, "");
 }

@@ -58,14 +58,6 @@ TEST_F(ShellState, OpensOnTheLastViewButNeverOnTheInbox) {
     EXPECT_EQ(shell().storedView(), 351);
 }
 
-TEST_F(ShellState, JunkInTheFileOpensHome) {
-    for (const char* const junk : {"353", "354", "-1", "Home", "99999999999999999999", ""}) {
-        user("NAV", "1", QLatin1String(junk));
-        me->settings.LoadSettings(false);
-        EXPECT_EQ(shell().storedView(), 350) << junk;
-    }
-}
-
 TEST_F(ShellState, FontStaysWithinItsLimits) {
     begin();
     const Count changed(shell(), &Shell::reportFontChanged);
@@ -81,55 +73,6 @@ TEST_F(ShellState, FontStaysWithinItsLimits) {
     EXPECT_EQ(stored("Fonts", "EVFS"), "8");
     EXPECT_EQ(shell().decreaseTip(), "Decrease Font Size (8)");
     EXPECT_EQ(changed.times, 22);
-}
-
-// A file from another program or a typing error must not make a list that nobody can read.
-TEST_F(ShellState, FontOfTheFileIsBroughtWithinTheLimits) {
-    user("Fonts", "EVFS", "72");
-    begin();
-    EXPECT_EQ(shell().reportFont(), 20);
-    shell().DecreaseReportFont();
-    EXPECT_EQ(stored("Fonts", "EVFS"), "19");
-    me->settings.Fonts_EVFS.set(-5);
-    EXPECT_EQ(shell().reportFont(), 8);
-    shell().IncreaseReportFont();
-    EXPECT_EQ(stored("Fonts", "EVFS"), "9");
-}
-
-TEST_F(ShellState, LooksSurviveTheNextStart) {
-    begin();
-    shell().SetPreviewMode();
-    shell().toggleOnTop();
-    shell().SetSort_EndpointView(1);
-    shell().SetSort_StatusView(2);
-    shell().SetSort_FavoriteView(1);
-    // What the next start reads, not what this one remembers.
-    me->settings.LoadSettings(false);
-    EXPECT_TRUE(shell().previewMode());
-    EXPECT_TRUE(me->settings.Settings_ONTOP());
-    EXPECT_EQ(stored("Settings", "SORTEV"), "1");
-    EXPECT_EQ(stored("Settings", "SORTSV"), "2");
-    EXPECT_EQ(stored("Settings", "SORTFV"), "1");
-
-    shell().SetPreviewMode();
-    shell().toggleOnTop();
-    me->settings.LoadSettings(false);
-    EXPECT_FALSE(shell().previewMode());
-    EXPECT_FALSE(me->settings.Settings_ONTOP());
-}
-
-TEST_F(ShellState, OrdersBeyondTheListsCountChangeNothing) {
-    begin();
-    const Count changed(shell(), &Shell::sortChanged);
-    for (const int order : {-1, 3, 99}) {
-        shell().SetSort_EndpointView(order);
-        shell().SetSort_StatusView(order);
-        shell().SetSort_FavoriteView(order);
-    }
-    shell().SetSort_EndpointView(2);
-    shell().SetSort_FavoriteView(2);
-    EXPECT_EQ(changed.times, 0);
-    EXPECT_EQ(stored("Settings", "SORTEV") + stored("Settings", "SORTSV") + stored("Settings", "SORTFV"), "");
 }
 
 // A hidden Status list costs nothing; the current one shows what changes at once.
@@ -163,16 +106,4 @@ TEST_F(ShellState, FooterGivesWayToTheName) {
     world.run(30);
     EXPECT_EQ(me->footer.text(), "  Disconnecting");
     EXPECT_EQ(me->footer.tip(), "Offline");
-}
-
-TEST_F(ShellState, DayBeginsOnceAtMidnight) {
-    world.clock.setLocal(QDateTime(QDate(2026, 3, 2), QTime(23, 59, 40)));
-    const Count began(shell(), &Shell::dayBegan);
-    begin();
-    EXPECT_EQ(began.times, 0);
-    world.run(60);
-    EXPECT_EQ(began.times, 1);
-    world.clock.setLocal(QDateTime(QDate(2026, 3, 3), QTime(23, 59, 50)));
-    world.run(20);
-    EXPECT_EQ(began.times, 2);
 }

@@ -126,19 +126,6 @@ TEST_F(EndpointTable, MinutesOfSilenceAreTheAdministratorsChoice) {
     EXPECT_EQ(row(kOther), nullptr);
 }
 
-TEST_F(EndpointTable, OnlyEverySecondKeepAliveAges) {
-    begin();
-    hear("XAN");
-    world.clock.advance(44000);
-    EXPECT_EQ(cell(EndpointItem::LastRefresh, kMe), "9:00:05 AM");
-    world.clock.advance(45000);
-    EXPECT_EQ(cell(EndpointItem::LastRefresh, kMe), "9:01:35 AM");
-    world.run(90);
-    EXPECT_EQ(age(), kYellow);
-    world.run(90);
-    EXPECT_EQ(row(kOther), nullptr) << "gone at the pass after four minutes";
-}
-
 TEST_F(EndpointTable, AJumpOfTheClockResetsTheNetworkOnce) {
     begin();
     for (const int minutes : {4, -3, 600}) {
@@ -243,33 +230,6 @@ TEST_F(EndpointTable, OccupiedTagsAndNotesAndTheirHistory) {
     EXPECT_EQ(cell(EndpointItem::Note), "");
 }
 
-TEST_F(EndpointTable, HistorySwitchesAreTheUsers) {
-    for (const char* const key : {"ST", "STC", "LU", "STAG", "STAGC"}) {
-        user("Recents", key, "0");
-    }
-    begin();
-    record();
-    hear({.code = "XAN"});
-    for (const char* const code : {"XAS", "XALU", "XAST"}) {
-        hear({.code = code, .presence = kBlock});
-        hear({.code = code});
-    }
-    EXPECT_TRUE(history.empty());
-}
-
-TEST_F(EndpointTable, OwnLocationIsListedButNotShownWhenTheUserHidesIt) {
-    user("Settings", "SHOWUSER", "0");
-    begin();
-    EXPECT_EQ(world.locations(0), 1);
-    EXPECT_EQ(me->views.rptEndpoints.count(), 0);
-    me->status.SetCustomStatus("Away");
-    world.run(100);
-    EXPECT_EQ(cell(EndpointItem::Status, kMe), "Away");
-    EXPECT_EQ(me->views.rptEndpoints.count(), 0);
-    hear("XAN");
-    EXPECT_EQ(me->views.rptEndpoints.count(), 1);
-}
-
 TEST_F(EndpointTable, TheOwnTagFollowsTheOwnPacket) {
     begin();
     me->presence.Set_StaffTag(33);
@@ -280,16 +240,4 @@ TEST_F(EndpointTable, TheOwnTagFollowsTheOwnPacket) {
     EXPECT_EQ(me->own.staffTagTime, "7:00:00 AM");
     hear({.code = "XAST", .presence = kBlock});
     EXPECT_EQ(me->own.staffTag, 36) << "another location's tag is not ours";
-}
-
-TEST_F(EndpointTable, RebuildAsksEveryoneAnew) {
-    begin();
-    hear("XAN");
-    sentCodes();
-    me->endpoints.RefreshAllEndpoints();
-    EXPECT_EQ(world.locations(0), 0);
-    world.run(1);
-    EXPECT_EQ(sentCodes(), QStringList("XAN"));
-    EXPECT_EQ(world.locations(0), 1);
-    EXPECT_EQ(me->views.tagCount(1), 1) << "counted once, not once for each rebuild";
 }

@@ -117,15 +117,6 @@ TEST_F(NetworkLayer, ComesUpFiveSecondsAfterTheStartAndKeepsItselfAlive) {
     EXPECT_EQ(sentCodes(), QStringList());
 }
 
-TEST_F(NetworkLayer, KeepAliveIntervalIsTheUsers) {
-    net("ka", "2000");
-    begin();
-    sentCodes();
-    world.run(10);
-    EXPECT_EQ(sentCodes().count("XRKA"), 5);
-    EXPECT_NE(me.get(kUserFile, "Metrics", "NETS"), "") << "each tick saves the meters";
-}
-
 TEST_F(NetworkLayer, FailureShowsAndARestartMends) {
     me.link.refuse = true;
     world.start(0);
@@ -187,19 +178,6 @@ TEST_F(NetworkLayer, ManyAnnouncementsBringOneReply) {
     hear("XAN", {}, "0");
     world.run(4);
     EXPECT_EQ(sentCodes(), QStringList("XANR")) << "one that is listed already may not know us";
-}
-
-TEST_F(NetworkLayer, AnotherTransportIsNeverOnline) {
-    net("Protocol", "1");
-    world.start(0);
-    world.run(100);
-    EXPECT_FALSE(me->own.online);
-    EXPECT_EQ(footer(), "");
-    EXPECT_EQ(me.link.opened, 0);
-    const auto before = world.clock.monotonicMs();
-    me->ExitProc();
-    EXPECT_EQ(world.clock.monotonicMs(), before) << "there is no goodbye to wait for";
-    EXPECT_TRUE(world.network.sent.empty());
 }
 
 TEST_F(NetworkLayer, ErrorsOfTheSocketAreLoggedAndDoNotFloodTheLog) {

@@ -103,29 +103,6 @@ TEST_F(Packets, ByteForByte) {
                                  kMark));
 }
 
-TEST_F(Packets, OnlyTheBodyIsScrambled) {
-    user("Advanced", "ENCODE", "1");
-    begin();
-    me->own.note = "note";
-    me->protocol.send(Code::XAD0, u"the door");
-    EXPECT_TRUE(lastSent().contains("note"));
-    EXPECT_FALSE(lastSent().contains("the door"));
-    EXPECT_TRUE(lastSent().endsWith(EncodeBody("the door") + kMark + kEnd));
-    me->protocol.send(Code::XD);
-    EXPECT_TRUE(lastSent().endsWith("1:" + kMark + kMark + kEnd)) << "an empty body stays empty";
-}
-
-TEST_F(Packets, OfflineAndOtherTransportsSendNothing) {
-    world.start(0);
-    me->protocol.send(Code::XAD0, u"x");
-    EXPECT_EQ(me->protocol.bytesSent(), 0);
-    me->own.online = true;
-    me->protocol.setProtocol(1);
-    me->protocol.send(Code::XAD0, u"x");
-    EXPECT_GT(me->protocol.bytesSent(), 60) << "the meter counts what another transport would have sent";
-    EXPECT_TRUE(world.network.sent.empty());
-}
-
 TEST_F(Packets, SeveralInOneDatagram) {
     begin();
     const double before = me->protocol.bytesReceived();
@@ -163,24 +140,6 @@ TEST_F(Packets, MarksInsideTheBodySurviveAndInTheHeaderShift) {
     hear({.SID = "D", .code = "XAN", .note = QStringLiteral("a<\u20ACp>b")});
     EXPECT_EQ(cell(EndpointItem::Note, "D"), "a");
     EXPECT_EQ(world.locations(0), 3);
-}
-
-TEST_F(Packets, TooFewFieldsLeaveTheRestEmpty) {
-    begin();
-    me->protocol.receive("TSL2" + kMark + "S");
-    me->protocol.receive("TSL2" + kMark + "S" + kMark + "h" + kMark + "Room 9" + kMark + "XAN");
-    EXPECT_EQ(cell(EndpointItem::Active, "S"), "Room 9");
-    EXPECT_EQ(cell(EndpointItem::Version, "S"), "");
-    EXPECT_EQ(cell(EndpointItem::Tag, "S"), "0");
-    EXPECT_EQ(shown(LocationItem::Status, "S"), " ");
-    const auto whole = cPacket::parse(joined({"0", "1", "2", "3", "4", "5", "6", "7", "b"}, kMark), false);
-    EXPECT_EQ(whole->bodyText(), "")
-        << "without the closing mark the last two characters are cut all the same";
-    EXPECT_EQ(cPacket::parse(joined({"0", "1", "2", "3", "4", "5", "6", "7", "body", ""}, kMark), false)
-                  ->bodyText(),
-              "body");
-    EXPECT_FALSE(cPacket::parse("TSL2", false).has_value());
-    EXPECT_FALSE(cPacket::parse({}, false).has_value());
 }
 
 // Whatever arrives: the station takes the next good packet as if nothing had been.

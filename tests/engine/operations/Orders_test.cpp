@@ -38,16 +38,6 @@ TEST_F(Orders, SettingsOfTheUserAreWrittenAndNothingElse) {
     EXPECT_EQ(me.fileBytes(kUserFile), written);
 }
 
-TEST_F(Orders, EndReachesTheSenderToo) {
-    begin();
-    hear("ZA00", {}, kMe);
-    world.clock.advance(299);
-    EXPECT_FALSE(me->own.exiting);
-    world.clock.advance(1);
-    EXPECT_TRUE(me->own.exiting);
-    EXPECT_EQ(me.desktop.calls.last(), "unloadMain");
-}
-
 TEST_F(Orders, MetersGoOnFromTheLastRun) {
     user("Metrics", "NETS", "1000000000000");
     user("Metrics", "NETR", "500");

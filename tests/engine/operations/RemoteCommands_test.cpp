@@ -42,65 +42,6 @@ protected:
 
 } // namespace
 
-TEST_F(RemoteTest, EveryVerb) {
-    const QString window = QStringLiteral("showWindow %1").arg(static_cast<int>(WindowId::GlobalDoorBell));
-    const struct {
-        const char* command;
-        QString online;
-        QString offline; // what is asked of the desktop; nothing is ever sent
-    } rows[] = {
-        {"/min", "minimiseMain accepted", "minimiseMain accepted"},
-        {"/max", "restoreMain accepted", "restoreMain accepted"},
-        {"/dnd",
-         "showBalloon Tessel Status|Do Not Disturb has been activated\r\nAll incoming sounds and popups have "
-         "been muted XALU",
-         ""},
-        {"/show", "bringUp", "bringUp"},
-        {"/wakeup", "restoreMain", "restoreMain"},
-        {"/resetscreen", "ResetScreenPosition", "ResetScreenPosition"},
-        {"/refresh", "XAN", ""},
-        {"/remove", "SetAutoStart 0", "SetAutoStart 0"},
-        {"/s1", "XAS", ""},
-        {"/s2", "XAS", ""},
-        {"/s3", "XAS", ""},
-        {"/s:8", "XAS", ""},
-        {"/s:9", "", ""},
-        {"/s:x", "", ""},
-        {"/s", "", ""},
-        {"/off", "XAS", ""},
-        {"/db:ring", "showBalloon Tessel Status|Doorbell Sent XAD0", ""},
-        {"/db", "showBalloon Tessel Status|Doorbell Sent XAD0", ""},
-        {"/dbw", "bringUp " + window, ""},
-        {"/busy", "XALU", ""},
-        {"/status:Out", "XAS", ""},
-        {"/status:O", "", ""},
-        {"/status", "", ""},
-        {"/ss:12", "XAS", ""},
-        {"/ss:13", "", ""},
-        {"/ss:99", "", ""},
-        {"/note:here", "XALNU", ""},
-        {"/staff:3", "XAST", ""},
-        {"/staff:11", "", ""},
-        {"/nostaff", "XAST", ""},
-        {"/announce", "XAN", ""},
-    };
-    std::set<QString> verbs;
-    for (const auto& row : rows) {
-        SCOPED_TRACE(row.command);
-        verbs.insert(QString(row.command).section(u':', 0, 0));
-        world.run(3); // past the limiter of the buttons
-        sentCodes();
-        EXPECT_EQ(outcome(row.command), row.online);
-        world.run(3);
-        sentCodes();
-        me->own.online = false;
-        EXPECT_EQ(outcome(row.command), row.offline);
-        me->own.online = true;
-    }
-    EXPECT_EQ(verbs.size() + 2, static_cast<std::size_t>(RemoteCommands::help().size()))
-        << "but the two ends";
-}
-
 TEST_F(RemoteTest, WhatTheyLeaveBehind) {
     const auto after = [this](const QString& command) {
         world.run(3);
@@ -142,17 +83,6 @@ TEST_F(RemoteTest, WhatTheyLeaveBehind) {
     EXPECT_EQ(lastBody(), QString(25, u'd'));
 }
 
-TEST_F(RemoteTest, UnknownOnesDoNothing) {
-    const QString before = state();
-    for (const QString& text :
-         {QString(), QString(":"), QString("/S1"), QString("/MIN"), QString("/s4"), QString(" /s1"),
-          QString("/s1 "), QString("s1"), QString("/status Out"), QString("/note;x"), QString(100000, u':'),
-          QString(1000000, u'/'), QString(QChar(0)), "/s1" + QString(QChar(0))}) {
-        EXPECT_EQ(outcome(text), "") << text.left(20).toStdString();
-    }
-    EXPECT_EQ(state(), before);
-}
-
 TEST_F(RemoteTest, EndsSoonOrAtOnceAndListensNoMore) {
     EXPECT_EQ(outcome("/shutdown"), "");
     world.clock.advance(299);
@@ -166,11 +96,4 @@ TEST_F(RemoteTest, EndsSoonOrAtOnceAndListensNoMore) {
         EXPECT_EQ(outcome(command), "") << command;
     }
     EXPECT_EQ(state(), before);
-}
-
-TEST_F(RemoteTest, EndIsInsideTheCommand) {
-    me->commands.execute("/end");
-    EXPECT_TRUE(me->own.exiting);
-    EXPECT_EQ(me.desktop.calls.last(), "unloadMain");
-    EXPECT_EQ(me.desktop.calls.count("unloadMain"), 1);
 }

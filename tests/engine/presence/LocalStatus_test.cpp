@@ -49,9 +49,6 @@ protected:
         return toText(packet->presenceValue(PresenceValue::Status)) + u'@' +
                toText(packet->presenceValue(PresenceValue::StatusTime));
     }
-    QString openedOptions() {
-        return QStringLiteral("showWindow %1").arg(static_cast<int>(WindowId::StatusOptions));
-    }
 };
 
 } // namespace
@@ -77,49 +74,6 @@ TEST_F(OwnStatus, SecondPressClearsAndALaterOneSetsAnew) {
     EXPECT_EQ(item(*viewRow(kMe), LocationItem::Status).text, "Out");
 }
 
-TEST_F(OwnStatus, RefusedPressMovesTheTimeAlone) {
-    me->status.SetStatus(0);
-    world.run(1);
-    me->status.SetStatus(1);
-    EXPECT_EQ(me->own.status, "Out") << "one change in two seconds";
-    EXPECT_THAT(latched(), ElementsAre(0));
-    EXPECT_EQ(sentCodes().size(), 1);
-    me->protocol.send(Code::XALU);
-    EXPECT_EQ(told(), "Out@9:00:07 AM");
-    world.run(1);
-    me->status.SetStatus(1);
-    EXPECT_EQ(told(), "Lunch@9:00:08 AM");
-    EXPECT_THAT(latched(), ElementsAre(1));
-}
-
-TEST_F(OwnStatus, NothingChangesWhileOffline) {
-    me->status.SetCustomStatus("Here");
-    me->own.online = false;
-    world.run(3);
-    for (const int index : {0, 7, -1, 9}) {
-        me->status.SetStatus(index);
-    }
-    EXPECT_EQ(me->own.status + me->own.statusTime, "Here9:00:06 AM");
-    EXPECT_THAT(me.desktop.calls, IsEmpty());
-    EXPECT_THAT(latched(), IsEmpty());
-}
-
-TEST_F(OwnStatus, ButtonWithoutMessageAsksForOne) {
-    for (const int index : {5, 7, 8}) { // 5 has one character
-        me->status.SetStatus(index);
-        EXPECT_EQ(me.desktop.calls.takeLast(), openedOptions()) << index;
-        EXPECT_EQ(me->status.pressed(index), LocalStatus::Press::OpensOptions);
-    }
-    for (const int index : {-1, 9, 10, 32767, -32768}) {
-        me->status.SetStatus(index);
-    }
-    EXPECT_THAT(me.desktop.calls, IsEmpty());
-    EXPECT_EQ(me->own.status, "");
-    EXPECT_THAT(sentCodes(), IsEmpty());
-    me->status.SetStatus(0);
-    EXPECT_EQ(me->own.status, "Out") << "none of these used up the two seconds";
-}
-
 TEST_F(OwnStatus, TypedTextThatAButtonSetsLatchesIt) {
     me->status.SetCustomStatus("Meeting");
     EXPECT_THAT(latched(), ElementsAre(2));
@@ -136,21 +90,6 @@ TEST_F(OwnStatus, TypedTextThatAButtonSetsLatchesIt) {
     EXPECT_EQ(me->own.status, QString(25, u'w'));
     EXPECT_TRUE(me->status.choose("Surgery", 4));
     EXPECT_EQ(me->own.statusTone, "3");
-}
-
-TEST_F(OwnStatus, ToneOfASharedStatusStaysUntilItIsTurnedOff) {
-    EXPECT_TRUE(me->status.SetStatusIDX(4));
-    EXPECT_EQ(told(), "Surgery@9:00:06 AM");
-    me->status.SetCustomStatus("Out");
-    const auto packet = cPacket::parse(world.network.sent.back(), false);
-    EXPECT_EQ(toText(packet->presenceValue(PresenceValue::StatusTone)), "3");
-    me->status.TurnOffStatus();
-    me->status.SetCustomStatus("Out");
-    EXPECT_EQ(me->own.statusTone, "");
-    for (const int index : {-1, 0, 25, 1000}) {
-        EXPECT_FALSE(me->status.SetStatusIDX(index)) << index;
-    }
-    EXPECT_EQ(me->own.status, "Out") << "an empty entry is no status";
 }
 
 TEST_F(OwnStatus, SharedButtons) {

@@ -94,22 +94,6 @@ TEST_F(HomeList, FollowsEachChange) {
     EXPECT_EQ(name(kMe).foreColor, kBlue) << "the own row keeps its colour";
 }
 
-TEST_F(HomeList, AgesOfStatusesGrowWithEachKeepAlive) {
-    begin();
-    const RawPacket alive{.code = "XRKA", .presence = presence("Out", "9:00:00 AM")};
-    hear("XAN");
-    world.run(60 * 10);
-    hear(alive);
-    hear(alive);
-    EXPECT_EQ(shown(LocationItem::Status), "Out: 10min");
-    EXPECT_EQ(viewRow()->tip(static_cast<int>(LocationItem::Status)), "Out: 10min");
-    hear({.code = "XRKA", .presence = presence("Out")});
-    EXPECT_EQ(shown(LocationItem::Status), "Out: 10min") << "without a time there is no age";
-    me->status.SetCustomStatus("Mine");
-    world.run(60 * 10);
-    EXPECT_EQ(shown(LocationItem::Status, kMe), "Mine: 9min") << "the own row at each pass";
-}
-
 TEST_F(HomeList, CountsTheColoursShown) {
     begin();
     for (int i = 0; i < 12; ++i) {

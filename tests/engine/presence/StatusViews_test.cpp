@@ -72,7 +72,6 @@ protected:
         noticed();
     }
     const ReportRecord* favoriteRow() { return views.rptFavorites.find(kOther); }
-    const std::optional<PopupContent>& popup() { return desktop.popups[0]; }
 
     FakeFavorites favorites;
     RecordingDesktop desktop;
@@ -86,29 +85,6 @@ protected:
 const QString kShown = QStringLiteral("showPopup 0");
 
 } // namespace
-
-TEST_F(OthersStatus, OnePopupAndOneTone) {
-    status(" Out & about ");
-    EXPECT_THAT(noticed(), ElementsAre(kShown, "Status.wav"));
-    EXPECT_EQ(popup()->caption, kProductName);
-    EXPECT_EQ(popup()->label, "Outside");
-    EXPECT_EQ(popup()->text, "Out and about");
-    EXPECT_EQ(popup()->time, "8:58:00 AM");
-    EXPECT_EQ(item(*views.rptEndpoints.find(kOther), LocationItem::Status).text, "Out & about");
-    status("Shared", "3");
-    EXPECT_THAT(noticed(), ElementsAre(kShown, "3A.wav"));
-    status("Shared", "../../etc/3");
-    EXPECT_THAT(noticed(), ElementsAre(kShown));
-    me->settings.Settings_SNP.set(false);
-    status("Out");
-    EXPECT_THAT(noticed(), ElementsAre("Status.wav"));
-    me->settings.Sound_SC.set(false);
-    status("Out");
-    EXPECT_THAT(noticed(), ElementsAre("beep 850 650"));
-    me->settings.Settings_SNT.set(false);
-    status("Out");
-    EXPECT_THAT(noticed(), IsEmpty());
-}
 
 TEST_F(OthersStatus, NoNoticeOfOwnChangesUnderDoNotDisturbOrWithFavoritesOnly) {
     me->status.SetCustomStatus("Mine");
@@ -157,24 +133,6 @@ TEST_F(OthersStatus, AFavoriteIsToldOfOnceByItsOwnSwitches) {
     me->settings.Settings_SNF.set(false);
     status("Left the favorites");
     EXPECT_THAT(noticed(), ElementsAre(kShown, "Status.wav")) << "a row that is still there adds nothing";
-}
-
-TEST_F(OthersStatus, PopupGoesWithTheStatusThatItShows) {
-    hear("XAN", {}, "third");
-    for (const bool asFavorite : {false, true}) {
-        if (asFavorite) {
-            favorite(0);
-        }
-        status("Out");
-        status({}, {}, "third");
-        EXPECT_TRUE(popup()) << "another location's";
-        status({});
-        EXPECT_FALSE(popup()) << "nobody is out any more";
-    }
-    status("Out");
-    me->settings.Settings_SNP.set(false);
-    status({});
-    EXPECT_TRUE(popup());
 }
 
 TEST_F(OthersStatus, RowsOfFavorites) {

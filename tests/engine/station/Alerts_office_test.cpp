@@ -44,60 +44,11 @@ protected:
         return stations;
     }
     QString SID(std::size_t station) { return world[station]->own.SID; }
-    AlertEngine& from(std::size_t station) { return world[station]->alerts; }
 
     World world{5};
 };
 
 } // namespace
-
-TEST_F(AlertOffice, TargetsAloneAct) {
-    from(0).sendDoorBellToAll("tea");
-    EXPECT_THAT(reached(), ElementsAre(1, 2, 3, 4)) << "all but the sender";
-    for (const QuickAlert kind : {QuickAlert::DoorBell, QuickAlert::PhoneCall, QuickAlert::Urgent}) {
-        from(0).SendQuickAlert(kind, {SID(3), 6}, "come");
-        EXPECT_THAT(reached(), ElementsAre(3));
-        from(0).SendQuickAlert(kind, {SID(1), 5}, "g:come");
-        EXPECT_THAT(reached(), ElementsAre(1, 2)) << "not the sender, who has the tag too";
-        from(0).SendQuickAlert(kind, {SID(4), 6}, "g:come");
-        EXPECT_THAT(reached(), ElementsAre(3, 4));
-        from(0).SendQuickAlert(kind, {"gone", 17}, "g:come");
-        from(0).SendQuickAlert(kind, {SID(0), 5}, "to myself");
-        EXPECT_THAT(reached(), IsEmpty());
-    }
-    from(2).SendDoorBell_Group(
-        "Me:" + SID(2) + ListMark + "A:" + SID(0) + ListMark + "B:" + SID(4) + ListMark, "lunch");
-    EXPECT_THAT(reached(), ElementsAre(0, 4));
-}
-
-TEST_F(AlertOffice, DoNotDisturbMutesTheReceiverAlone) {
-    world[1]->status.SetDND();
-    world.run(1);
-    EXPECT_TRUE(isLocationDND(*world[0]->views.rptEndpoints.find(SID(1))));
-    world[1].sounds.played.clear();
-    from(0).SendQuickAlert(QuickAlert::Urgent, {SID(1), 5}, "help");
-    from(1).sendDoorBellToAll("from under it");
-    world.run(1);
-    EXPECT_TRUE(world[1]->alertBar.AlertBarShown());
-    EXPECT_FALSE(world[1].desktop.popups[1]);
-    EXPECT_THAT(world[1].sounds.played, IsEmpty());
-    EXPECT_EQ(world[1]->history.rptNotifications.count(), 1);
-    EXPECT_EQ(world[0].sounds.played, QStringList({"Sent.wav", "DoorbellAll.wav"}));
-}
-
-TEST_F(AlertOffice, ACrowdRingingAtOnceIsHeardByAll) {
-    for (std::size_t i = 0; i < world.size(); ++i) {
-        for (int alert = 0; alert < 20; ++alert) {
-            from(i).SendQuickAlert(QuickAlert::DoorBell, {SID((i + 1) % world.size()), 5},
-                                   QString::number(alert));
-        }
-    }
-    world.run(1);
-    for (std::size_t i = 0; i < world.size(); ++i) {
-        EXPECT_EQ(world[i]->history.rptNotifications.count(), 20);
-        EXPECT_EQ(world[i]->alertBar.content().text, "19");
-    }
-}
 
 TEST_F(AlertOffice, StatusReachesEveryListAndIsToldOnce) {
     world[0]->status.SetCustomStatus("Out");

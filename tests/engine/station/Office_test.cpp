@@ -86,36 +86,6 @@ TEST(Office, EveryStationListsEveryOther) {
     EXPECT_EQ(world.locations(1), 3);
 }
 
-TEST(Office, AllComeBackAfterMidnight) {
-    World world(4);
-    world.clock.setLocal(QDateTime(QDate(2026, 3, 2), QTime(23, 40)));
-    for (std::size_t i = 0; i < world.size(); ++i) {
-        world.start(i);
-        world.run(7);
-    }
-    world.run(19 * 60);
-    expectComplete(world);
-    world.network.sent.clear();
-    world.run(20 * 60);
-    EXPECT_EQ(world.clock.date(), QDate(2026, 3, 3));
-    expectComplete(world);
-    for (std::size_t i = 0; i < world.size(); ++i) {
-        EXPECT_EQ(world[i].link.opened, 2) << "one reset of the network, not one after the other";
-        EXPECT_TRUE(world[i]->own.online);
-    }
-}
-
-TEST(Office, TwoStationsWithACopiedFileAreOneLocation) {
-    World world(2);
-    for (std::size_t i = 0; i < 2; ++i) {
-        world[i].set(kUserFile, "User", "SID", "same");
-    }
-    world.settle();
-    world.run(600);
-    EXPECT_EQ(world.locations(0), 1);
-    EXPECT_EQ(world.locations(1), 1);
-}
-
 // Loss, doubles and overtaking: rows may be late or old, but never doubled, torn or ghosts.
 TEST(Office, StormsLeaveEveryListSound) {
     for (unsigned seed = 1; seed <= 6; ++seed) {

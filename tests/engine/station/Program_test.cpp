@@ -166,12 +166,3 @@ TEST_F(Program, ClosingTheWindowIsNotAlwaysTheEnd) {
     EXPECT_TRUE(me->own.exiting);
     EXPECT_EQ(sentCodes().last(), "XD") << "the others must hear it, whatever the user's setting";
 }
-
-TEST_F(Program, ExitOnCloseIsTheUsersChoice) {
-    user("Settings", "EOC", "1");
-    begin();
-    EXPECT_EQ(me->closing(CloseReason::User), CloseAction::Close);
-    EXPECT_TRUE(me->own.exiting);
-    EXPECT_EQ(me->closing(CloseReason::TaskManager), CloseAction::Close);
-    EXPECT_EQ(sentCodes().count("XD"), 1);
-}
