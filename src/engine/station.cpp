@@ -23,10 +23,10 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
       protocol(own, settings, link), network(own, data, log, clock, link, protocol),
       usage(data, settings, clock, log, protocol),
       endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
-      status(own, data, clock, protocol, desktop), presence(own, data, clock, protocol),
-      tones(own, settings, folders, ini, sounds), popups(own, settings, data, clock, desktop),
-      notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
-      history(settings, folders, clock, views),
+      sharedStatus(data, folders), status(own, data, clock, protocol, desktop, sharedStatus),
+      presence(own, data, clock, protocol), tones(own, settings, folders, ini, sounds),
+      popups(own, settings, data, clock, desktop), notices(own, settings, favorites, popups, tones),
+      alertBar(settings, clock), history(settings, folders, clock, views),
       alerts(own, settings, clock, protocol, popups, alertBar, tones, history, desktop),
       messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
       menu({own, settings, desktop, shell, network, status, presence, alerts,
@@ -116,6 +116,7 @@ void Station::start() {
 }
 
 void Station::loadMain() {
+    sharedStatus.LoadSharedStatus();
     status.LoadStatusSettings();
     tones.LoadToneList();
     shell.tmrTime.setEnabled(true);

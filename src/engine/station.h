@@ -33,6 +33,7 @@
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_OwnPresence.h"
+#include "engine/presence/mod_SharedStatus.h"
 
 #include <QObject>
 
@@ -114,6 +115,7 @@ public:
     Endpoints endpoints;
     FavoriteLookup favorites;
     LocationViews views;
+    SharedStatus sharedStatus;
     LocalStatus status;
     OwnPresence presence;
     Tones tones;

@@ -38,6 +38,7 @@ inline const QString kUserFile = QStringLiteral("user.cfg");
 inline const QString kNetFile = QStringLiteral("net.cfg");
 inline const QString kAdminFile = QStringLiteral("tsa.dat");
 inline const QString kStatusFile = QStringLiteral("status.dat");
+inline const QString kSharedFile = QStringLiteral("shared.dat");
 inline const QString kSnippetFile = QStringLiteral("snippet.dat");
 inline const QString kErrorFile = QStringLiteral("error.txt");
 

@@ -6,6 +6,7 @@
 #include "engine/core/mod_Limits.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cDesktop.h"
+#include "engine/presence/mod_SharedStatus.h"
 
 #include <algorithm>
 
@@ -26,9 +27,9 @@ int indexOf(const QString& text) {
 } // namespace
 
 LocalStatus::LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol,
-                         Desktop& desktop)
+                         Desktop& desktop, const SharedStatus& shared)
     : tmrChangeLimiter(clock, "tmrChangeLimiter", 2000, Timer::Kind::OneShot, [this] { m_limiter = false; }),
-      m_own(own), m_data(data), m_clock(clock), m_protocol(protocol), m_desktop(desktop) {
+      m_own(own), m_data(data), m_clock(clock), m_protocol(protocol), m_desktop(desktop), m_shared(shared) {
     protocol.attach(Code::XAS0, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS1, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
@@ -71,9 +72,7 @@ void LocalStatus::SetStatus(int Index) {
         return;
     }
     const int entry = indexOf(button.Shared);
-    const bool active =
-        entry >= 0 && entry < kSharedCount && m_shared[static_cast<std::size_t>(entry)].Active;
-    if (Index >= kHotKeyCount && !active) {
+    if (Index >= kHotKeyCount && !m_shared.entry(entry).Active) {
         return;
     }
     SetStatusIDX(entry);
@@ -107,10 +106,7 @@ void LocalStatus::SetCustomStatus(const QString& Text) {
 }
 
 bool LocalStatus::SetStatusIDX(int Index) {
-    if (Index < 0 || Index >= kSharedCount) {
-        return false;
-    }
-    const SharedStatusEntry& entry = m_shared[static_cast<std::size_t>(Index)];
+    const SharedStatusEntry& entry = m_shared.entry(Index);
     if (entry.Label.size() < kShortestStatus) {
         return false;
     }
@@ -166,9 +162,7 @@ LocalStatus::Press LocalStatus::pressed(int Index) const {
     if (button.Message.size() < kShortestStatus) {
         return Press::OpensOptions;
     }
-    const int entry = indexOf(button.Shared);
-    const bool gone = !button.Shared.isEmpty() && (entry < 0 || entry >= kSharedCount ||
-                                                   !m_shared[static_cast<std::size_t>(entry)].Active);
+    const bool gone = !button.Shared.isEmpty() && !m_shared.entry(indexOf(button.Shared)).Active;
     return gone ? Press::AsksToEdit : Press::Sets;
 }
 
@@ -180,7 +174,7 @@ void LocalStatus::setStatusFrom(const cPacket& packet) {
         return;
     }
     const int entry = indexOf(index);
-    if (entry < 0 || entry >= kSharedCount || m_shared[static_cast<std::size_t>(entry)].Label != text) {
+    if (m_shared.entry(entry).Label != text) {
         return;
     }
     if (!SetStatusIDX(entry)) {

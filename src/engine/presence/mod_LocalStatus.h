@@ -14,6 +14,7 @@ class cPacket;
 class Desktop;
 class INIData;
 class NetworkProtocol;
+class SharedStatus;
 struct OwnState;
 
 // One button of the quick statuses. Without a message of at least 2 characters it is not configured.
@@ -24,22 +25,15 @@ struct QuickStatus {
     QString Shared; // index into the shared statuses, empty for a plain one
 };
 
-// One entry of the statuses that an office shares.
-struct SharedStatusEntry {
-    bool Active = false;
-    QString Label;
-    QString Tone;
-};
-
 class LocalStatus : public QObject {
     Q_OBJECT
 public:
     static constexpr int kQuickCount = 9;
-    static constexpr int kSharedCount = 25;
     static constexpr int kShortestStatus = 2;
     static constexpr int kLongestStatus = 25;
 
-    LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol, Desktop& desktop);
+    LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol, Desktop& desktop,
+                const SharedStatus& shared);
 
     // The action of quick button `Index`, 0 to 8. While offline nothing changes.
     void SetStatus(int Index);
@@ -66,7 +60,7 @@ public:
     void LoadStatusSettings();
     const QuickStatus& quick(int Index) const { return m_quick[static_cast<std::size_t>(Index)]; }
     bool latched(int Index) const { return m_latches[static_cast<std::size_t>(Index)]; }
-    std::array<SharedStatusEntry, kSharedCount>& shared() { return m_shared; }
+    const SharedStatus& shared() const { return m_shared; }
 
     // Text of the bar "My Status:", empty while there is none.
     const QString& messageBar() const { return m_messageBar; }
@@ -97,7 +91,7 @@ private:
     Desktop& m_desktop;
     std::array<QuickStatus, kQuickCount> m_quick;
     std::array<bool, kQuickCount + 1> m_latches{};
-    std::array<SharedStatusEntry, kSharedCount> m_shared;
+    const SharedStatus& m_shared;
     QString m_messageBar;
     bool m_limiter = false;
 };

@@ -70,11 +70,8 @@ void frmSetStatus::createChoice() {
     m_edit->setAllowedCharacters(kTypedCharacters);
     m_edit->setMaximumLength(LocalStatus::kLongestStatus);
     m_edit->setPlaceholderText(tr("What are you doing?"));
-    const auto& shared = m_station.status.shared();
-    for (std::size_t index = 0; index < shared.size(); ++index) {
-        if (shared[index].Active) {
-            m_choice->addItem(shared[index].Label, static_cast<int>(index));
-        }
+    for (const SharedStatusChoice& choice : m_station.sharedStatus.FillSharedStatusList()) {
+        m_choice->addItem(choice.label, choice.index);
     }
     m_choice->setCurrentIndex(-1);
     connect(m_edit, &KeyFilterEdit::enterPressed, this, &frmSetStatus::set);

@@ -18,8 +18,8 @@ protected:
             me.set(kStatusFile, "status", QStringLiteral("M%1").arg(index),
                    QStringLiteral("Quick %1").arg(index));
         }
+        me.set(kSharedFile, "SharedStatus", "12", "Shared 12:|:3");
         begin();
-        me->status.shared()[12] = {true, "Shared 12", "3"};
         outcome("/unknown");
     }
     // What came of a command: what was asked of the desktop, what was sent, whether it reported back.

@@ -21,9 +21,12 @@ protected:
         button("S", 3, "4");
         button("S", 4, "5");
         me.addTones();
+        me.set(kSharedFile, "SharedStatus", "4", "Surgery:|:3");
+        me.set(kSharedFile, "SharedStatus", "5", "Late:|:2");
         begin();
-        me->status.shared()[4] = {true, "Surgery", "3"};
-        me->status.shared()[5] = {false, "Late", "2"};
+        // An entry that was active before.
+        me->data.DeleteSetting(kSharedFile, "SharedStatus", "5");
+        me->sharedStatus.LoadSharedStatus();
         sentCodes();
         me.desktop.calls.clear();
         me.sounds.played.clear();
