@@ -9,6 +9,7 @@
 #include <QStandardPaths>
 #include <QSysInfo>
 
+#include <fcntl.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -68,6 +69,14 @@ void askSession(SystemFacts& facts) {
     facts.clientLoginName = record.value(QStringLiteral("USER"), facts.userName);
 }
 
+void syncFile(const QString& path) {
+    const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
+    if (file >= 0) {
+        ::fdatasync(file);
+        ::close(file);
+    }
+}
+
 } // namespace
 
 SystemFacts systemFacts() {
@@ -81,6 +90,7 @@ SystemFacts systemFacts() {
     facts.hostName = QSysInfo::machineHostName();
     facts.userName = userName();
     facts.osName = QSysInfo::prettyProductName();
+    facts.syncFile = syncFile;
     askSession(facts);
     return facts;
 }

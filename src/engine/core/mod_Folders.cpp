@@ -65,6 +65,12 @@ void Folders::SetupFolders(const std::function<bool(const QString&)>& loadRestri
     copyFirst(kSnippetFile);
 }
 
+void Folders::syncFile(const QString& path) const {
+    if (m_facts.syncFile) {
+        m_facts.syncFile(path);
+    }
+}
+
 void Folders::copyFirst(const QString& name) const {
     QByteArray bytes;
     if (!QFile::exists(dataFile(name)) && readWholeFile(program() + name, kMaxFirstCopyBytes, bytes)) {

@@ -36,6 +36,9 @@ public:
     // The path of a file of the data folder.
     QString dataFile(const QString& name) const { return m_data + name; }
 
+    // Returns when what was written to the file stands on the disk, if the system can tell.
+    void syncFile(const QString& path) const;
+
 private:
     void copyFirst(const QString& name) const;
 

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <functional>
+
 namespace tessel {
 
 // Folders end in a slash; an empty one is unknown.
@@ -19,6 +21,9 @@ struct SystemFacts {
     QString osName;
     bool remoteSession = false;
     QString clientLoginName; // of a remote session
+
+    // Returns when what was written to the file stands on the disk. None: the system takes its time.
+    std::function<void(const QString& path)> syncFile;
 };
 
 } // namespace tessel
