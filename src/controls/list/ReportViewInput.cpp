@@ -127,7 +127,7 @@ void ReportView::focusInEvent(QFocusEvent* event) {
     if (currentIndex().isValid()) {
         QAbstractItemView::focusInEvent(event);
     } else {
-        QAbstractScrollArea::focusInEvent(event);
+        QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call): on purpose
     }
     viewport()->update();
 }

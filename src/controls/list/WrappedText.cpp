@@ -35,7 +35,7 @@ WrappedText::WrappedText(const QString& text, const QFont& font, int width, int 
     m_cut = text.size() > worthwhile;
     const QStringList paragraphs = shown.split(u'\n');
     for (auto at = paragraphs.cbegin(); at != paragraphs.cend() && lineCount() < mostLines; ++at) {
-        const QString paragraph = *at;
+        const QString& paragraph = *at;
         const Qt::LayoutDirection direction = paragraph.isRightToLeft() ? Qt::RightToLeft : Qt::LeftToRight;
         if (paragraph.isEmpty()) {
             add({}, direction, width);
