@@ -180,10 +180,13 @@ void MulticastLink::drain() {
         if (count % kDatagramsALook == 0 && turn.hasExpired(kTurnMs)) {
             break;
         }
-        const ssize_t size = ::recv(socket, buffer.data(), buffer.size(), 0);
+        sockaddr_in from{};
+        socklen_t fromSize = sizeof from;
+        const ssize_t size = ::recvfrom(socket, buffer.data(), buffer.size(), 0,
+                                        reinterpret_cast<sockaddr*>(&from), &fromSize);
         if (size >= 0) {
             failures = 0;
-            emit dataIn(QByteArrayView(buffer.data(), size));
+            emit dataIn(QByteArrayView(buffer.data(), size), ntohl(from.sin_addr.s_addr));
         } else if (errno == EAGAIN || errno == EWOULDBLOCK || !readFailed(errno, failures)) {
             break;
         }
@@ -208,6 +211,19 @@ std::vector<Adapter> MulticastLink::adapters() const {
         }
     }
     return found;
+}
+
+bool MulticastLink::isOwnAddress(quint32 address) const {
+    if (m_ownAddresses.contains(address)) {
+        return true;
+    }
+    m_ownAddresses.clear();
+    for (const QHostAddress& own : QNetworkInterface::allAddresses()) {
+        if (own.protocol() == QAbstractSocket::IPv4Protocol) {
+            m_ownAddresses.insert(own.toIPv4Address());
+        }
+    }
+    return m_ownAddresses.contains(address);
 }
 
 int MulticastLink::receiveQueueBytes() const {

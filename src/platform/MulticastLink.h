@@ -3,6 +3,7 @@
 
 #include "engine/ports/cLink.h"
 
+#include <QSet>
 #include <QSocketNotifier>
 
 #include <netinet/in.h>
@@ -24,6 +25,7 @@ public:
     bool isActive() const override { return m_socket >= 0; }
     void send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override;
+    bool isOwnAddress(quint32 address) const override;
 
     // Size of the kernel's receive queue as it was granted, in bytes; 0 when not open.
     int receiveQueueBytes() const;
@@ -45,6 +47,7 @@ private:
     // One buffer for each drain under way: a handler that waits lets the next drain in.
     std::vector<std::unique_ptr<Buffer>> m_buffers;
     std::size_t m_depth = 0;
+    mutable QSet<quint32> m_ownAddresses; // as last read
 };
 
 } // namespace tessel

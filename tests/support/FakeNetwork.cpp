@@ -1,5 +1,7 @@
 #include "FakeNetwork.h"
 
+#include "engine/network/mod_NetworkGroups.h"
+
 #include <algorithm>
 
 namespace tessel {
@@ -9,11 +11,13 @@ FakeNetwork::FakeNetwork(VirtualClock& clock) : m_clock(clock) {
     clock.atStep = [this] { deliverDue(); };
 }
 
-void FakeNetwork::inject(const QByteArray& datagram, int port, const QString& group) {
-    m_inFlight.emplace(m_clock.monotonicMs(), InFlight{datagram, port, group});
+void FakeNetwork::inject(const QByteArray& datagram, quint32 source) {
+    const NetworkGroup& group = kNetworkGroups.front();
+    m_inFlight.emplace(m_clock.monotonicMs(),
+                       InFlight{datagram, group.port, QString::fromLatin1(group.address), source});
 }
 
-void FakeNetwork::send(const QByteArray& bytes, int port, const QString& group) {
+void FakeNetwork::send(const QByteArray& bytes, int port, const QString& group, quint32 source) {
     if (keepSent) {
         sent.push_back(bytes);
     }
@@ -25,7 +29,7 @@ void FakeNetwork::send(const QByteArray& bytes, int port, const QString& group) 
         }
         const int delay =
             longestDelayMs > 0 ? std::uniform_int_distribution<int>(0, longestDelayMs)(m_random) : 0;
-        m_inFlight.emplace(m_clock.monotonicMs() + delay, InFlight{bytes, port, group});
+        m_inFlight.emplace(m_clock.monotonicMs() + delay, InFlight{bytes, port, group, source});
     }
 }
 
@@ -43,7 +47,7 @@ void FakeNetwork::deliverDue() {
                 m_gone == goneBefore || std::find(m_links.begin(), m_links.end(), link) != m_links.end();
             if (there && link->m_active && link->config.localPort == datagram.port &&
                 link->config.group == datagram.group) {
-                emit link->dataIn(datagram.bytes);
+                emit link->dataIn(datagram.bytes, datagram.source);
             }
         }
     }
@@ -51,6 +55,8 @@ void FakeNetwork::deliverDue() {
 
 FakeLink::FakeLink(FakeNetwork& network) : m_network(network) {
     network.m_links.push_back(this);
+    constexpr quint32 kFirstAddress = 0x0A000001; // 10.0.0.1
+    address = kFirstAddress + static_cast<quint32>(network.m_links.size()) - 1;
 }
 
 FakeLink::~FakeLink() {
@@ -67,7 +73,7 @@ bool FakeLink::open(const LinkConfig& wanted) {
 
 void FakeLink::send(QByteArrayView datagram) {
     if (m_active) {
-        m_network.send(datagram.toByteArray(), config.remotePort, config.remoteHost);
+        m_network.send(datagram.toByteArray(), config.remotePort, config.remoteHost, address);
     }
 }
 

@@ -28,9 +28,8 @@ public:
     bool keepSent = true;
     std::vector<QByteArray> sent;
 
-    // Sends from outside, to all links of the default group.
-    void inject(const QByteArray& datagram, int port = 5748,
-                const QString& group = QStringLiteral("232.36.32.36"));
+    // Sends from outside, to all links of the default group. `source`: as in `Link::dataIn`.
+    void inject(const QByteArray& datagram, quint32 source = 0);
 
 private:
     friend class FakeLink;
@@ -38,8 +37,9 @@ private:
         QByteArray bytes;
         int port;
         QString group;
+        quint32 source;
     };
-    void send(const QByteArray& bytes, int port, const QString& group);
+    void send(const QByteArray& bytes, int port, const QString& group, quint32 source);
     void deliverDue();
 
     VirtualClock& m_clock;
@@ -60,12 +60,14 @@ public:
     bool isActive() const override { return m_active; }
     void send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override { return adapterList; }
+    bool isOwnAddress(quint32 asked) const override { return asked == address; }
 
     // What the test wants of the next `open`, and what the last one was given.
     bool refuse = false;
     LinkConfig config;
     int opened = 0;
     std::vector<Adapter> adapterList;
+    quint32 address = 0; // of the machine; by default each link has one
     // The socket breaks.
     void breakDown(int number);
 

@@ -44,10 +44,13 @@ public:
     virtual void send(QByteArrayView datagram) = 0;
     // The machine's network adapters in a lasting order.
     virtual std::vector<Adapter> adapters() const = 0;
+    // Whether an IPv4 address, as a number, is one of this machine's.
+    virtual bool isOwnAddress(quint32 address) const = 0;
 
 signals:
-    // A datagram arrived. The bytes hold until the slot returns, also if it waits.
-    void dataIn(QByteArrayView datagram);
+    // A datagram arrived. The bytes hold until the slot returns, also if it waits. `source`: the IPv4
+    // address that it came from as a number, 0 when that is not known.
+    void dataIn(QByteArrayView datagram, quint32 source = 0);
     // A failure of the open socket. It may have closed itself: see `isActive`.
     void error(int number, const QString& description);
 };
