@@ -27,7 +27,7 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
       presence(own, data, clock, protocol), tones(own, settings, folders, ini, sounds),
       popups(own, settings, data, clock, desktop), notices(own, settings, favorites, popups, tones),
       alertBar(settings, clock), history(settings, folders, clock, views),
-      alerts(own, settings, clock, protocol, popups, alertBar, tones, history, desktop),
+      alerts(settings, clock, protocol, network, popups, alertBar, tones, history, desktop),
       messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
       menu({own, settings, desktop, shell, network, status, presence, alerts,
             [this] { tmrExit.setEnabled(true); }}),
@@ -46,6 +46,7 @@ void Station::wire() {
     connect(&m_link, &Link::dataIn, this, [this](QByteArrayView datagram) { protocol.receive(datagram); });
 
     connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
+    connect(&network, &NetworkMC::remark, &footer, &Footer::Remark);
     connect(&network, &NetworkMC::startingNetwork, &views, &LocationViews::ClearLocationsTabsCount);
     connect(&network, &NetworkMC::resetUserLists, &endpoints, &Endpoints::ResetUserLists);
     connect(&network, &NetworkMC::keepAliveSent, this, [this] { usage.SaveNetworkUsage(false); });

@@ -4,9 +4,9 @@
 #include "engine/alerts/mod_NotificationHistory.h"
 #include "engine/alerts/mod_Popups.h"
 #include "engine/alerts/mod_Tones.h"
-#include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
+#include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cDesktop.h"
 
@@ -46,12 +46,12 @@ Code codeToTag(QuickAlert alert) {
 
 } // namespace
 
-AlertEngine::AlertEngine(OwnState& own, const Settings& settings, Clock& clock, NetworkProtocol& protocol,
-                         Popups& popups, AlertBar& bar, Tones& tones, NotificationHistory& history,
-                         Desktop& desktop)
-    : tmrShake(clock, "tmrShake", kShakeStepMs, Timer::Kind::Repeating, [this] { shakeOnce(); }), m_own(own),
-      m_settings(settings), m_clock(clock), m_protocol(protocol), m_popups(popups), m_bar(bar),
-      m_tones(tones), m_history(history), m_desktop(desktop) {
+AlertEngine::AlertEngine(const Settings& settings, Clock& clock, NetworkProtocol& protocol,
+                         NetworkMC& network, Popups& popups, AlertBar& bar, Tones& tones,
+                         NotificationHistory& history, Desktop& desktop)
+    : tmrShake(clock, "tmrShake", kShakeStepMs, Timer::Kind::Repeating, [this] { shakeOnce(); }),
+      m_settings(settings), m_clock(clock), m_protocol(protocol), m_network(network), m_popups(popups),
+      m_bar(bar), m_tones(tones), m_history(history), m_desktop(desktop) {
     protocol.attach(Code::XAD0, [this](const cPacket& packet) {
         PlayDoorBell_Global(QLatin1String(kDoorBellEveryone), packet.text(Field::Location),
                             packet.text(Field::SID), packet.bodyText());
@@ -119,7 +119,7 @@ void AlertEngine::PlayUrgent(const QString& senderName, const QString& text, con
 }
 
 void AlertEngine::sendDoorBellToAll(const QString& text) {
-    if (!m_own.online) {
+    if (!m_network.CanSend()) {
         return;
     }
     m_protocol.send(Code::XAD0, text);
@@ -148,6 +148,9 @@ QString AlertEngine::withoutPrefix(const QString& text, bool* stripped) const {
 }
 
 void AlertEngine::SendQuickAlert(QuickAlert command, const AlertTarget& target, const QString& text) {
+    if (!m_network.CanSend()) {
+        return;
+    }
     bool toGroup = false;
     const QString rest = withoutPrefix(text, &toGroup);
     switch (command) {
@@ -169,17 +172,25 @@ void AlertEngine::SendQuickAlert(QuickAlert command, const AlertTarget& target, 
     m_tones.PlaySentTone();
 }
 
-void AlertEngine::SendDoorBell(const QString& text) {
+bool AlertEngine::SendDoorBell(const QString& text) {
+    if (!m_network.CanSend()) {
+        return false;
+    }
     sendDoorBellToAll(withoutPrefix(text).left(kLongestDoorBell));
     m_tones.PlaySentTone();
+    return true;
 }
 
-void AlertEngine::SendDoorBell_Group(const QString& members, const QString& text) {
+bool AlertEngine::SendDoorBell_Group(const QString& members, const QString& text) {
+    if (!m_network.CanSend()) {
+        return false;
+    }
     const QString rest = withoutPrefix(text).left(kLongestDoorBell);
     for (const QString& member : members.split(ListMark)) {
         sendToOne(QuickAlert::DoorBell, member.section(u':', 1, 1), rest);
     }
     m_tones.PlaySentTone();
+    return true;
 }
 
 void AlertEngine::BuzzFunc() {

@@ -12,6 +12,7 @@ namespace tessel {
 
 class AlertBar;
 class Desktop;
+class NetworkMC;
 class NetworkProtocol;
 class NotificationHistory;
 class Popups;
@@ -20,7 +21,6 @@ class Tones;
 enum class Code : std::uint8_t;
 enum class HistoryCode;
 enum class NoticeKind;
-struct OwnState;
 
 // Commands of the quick menu of a location's row.
 enum class QuickAlert { Message = 402, DoorBell = 404, PhoneCall = 405, Urgent = 406 };
@@ -38,7 +38,7 @@ public:
     static constexpr int kLongestQuickMessage = 5100;
     static constexpr int kLongestDoorBell = 25;
 
-    AlertEngine(OwnState& own, const Settings& settings, Clock& clock, NetworkProtocol& protocol,
+    AlertEngine(const Settings& settings, Clock& clock, NetworkProtocol& protocol, NetworkMC& network,
                 Popups& popups, AlertBar& bar, Tones& tones, NotificationHistory& history, Desktop& desktop);
 
     // An alert for this location arrived. Whatever is switched off, the alert bar shows.
@@ -48,7 +48,7 @@ public:
     void PlayPhoneCall(const QString& senderName, const QString& text, const QString& senderSid);
     void PlayUrgent(const QString& senderName, const QString& text, const QString& senderSid);
 
-    // The builders. Nothing is sent to an empty target, and nothing while offline.
+    // The builders. Nothing is sent to an empty target, and nothing while offline: the footer says so.
     void sendDoorBellToAll(const QString& text);
     void sendToOne(QuickAlert alert, const QString& SID, const QString& text);
     void sendToTag(QuickAlert alert, const QString& SID, int tag, const QString& text);
@@ -57,9 +57,9 @@ public:
     // locations of the row's group.
     void SendQuickAlert(QuickAlert command, const AlertTarget& target, const QString& text);
     // The doorbell window: to everyone, or to the members of a group, each a name, ":" and a SID,
-    // joined by `ListMark`.
-    void SendDoorBell(const QString& text);
-    void SendDoorBell_Group(const QString& members, const QString& text);
+    // joined by `ListMark`. False: offline, nothing was sent.
+    bool SendDoorBell(const QString& text);
+    bool SendDoorBell_Group(const QString& members, const QString& text);
 
     // Shakes the main window for a moment and puts it back; a minimised one stays as it is. Another
     // alert meanwhile begins the shake anew.
@@ -78,10 +78,10 @@ private:
     void shakeOnce();
     QString withoutPrefix(const QString& text, bool* stripped = nullptr) const;
 
-    OwnState& m_own;
     const Settings& m_settings;
     Clock& m_clock;
     NetworkProtocol& m_protocol;
+    NetworkMC& m_network;
     Popups& m_popups;
     AlertBar& m_bar;
     Tones& m_tones;

@@ -32,6 +32,9 @@ struct OwnState {
     QString startDate;
     QString startTime;
     bool online = false;
+    bool leaving = false; // the goodbye is on its way, and nothing may follow it
+    // Whether what is sent now can reach anybody. Whatever sends asks this, and nothing else.
+    bool canSend() const { return online && !leaving; }
     bool exiting = false; // never cleared again
     bool inboxDirty = false;
     bool remoteSession = false;

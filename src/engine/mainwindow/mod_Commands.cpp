@@ -148,7 +148,11 @@ const CommandRow* findCommand(int id) {
 
 void Commands::Execute(int id, const ReportRecord* row, const QString& text) {
     const CommandRow* const command = findCommand(id);
-    if (command == nullptr || !command->exists || !enabled(id, row)) {
+    if (command == nullptr || !command->exists) {
+        return;
+    }
+    // A menu may have been opened while the station was on line.
+    if ((sends(id) && !m_targets.network.CanSend()) || !enabled(id, row)) {
         return;
     }
     if (between(id, kFirstRowCommand, kLastRowCommand)) {
@@ -276,24 +280,24 @@ void Commands::sort(int id) {
     }
 }
 
+bool Commands::sends(int id) {
+    constexpr std::array kSending{106, 107, 112, 201, 202, 203, 205, 404, 405, 406, 433};
+    static_assert(std::is_sorted(kSending.begin(), kSending.end()));
+    return std::binary_search(kSending.begin(), kSending.end(), id);
+}
+
 bool Commands::enabled(int id, const ReportRecord* row) const {
     const Targets& t = m_targets;
+    if (sends(id) && !t.own.canSend()) {
+        return false;
+    }
     switch (id) {
-    case 106:
-    case 107:
-    case 112:
-    case 201:
-    case 202:
-    case 203:
-    case 205:
-    case 433:
-        return t.own.online;
     case 404:
-        return t.own.online && row != nullptr && t.settings.QuickMenu_AlertDoorBell();
+        return row != nullptr && t.settings.QuickMenu_AlertDoorBell();
     case 405:
-        return t.own.online && row != nullptr && t.settings.QuickMenu_AlertPhone();
+        return row != nullptr && t.settings.QuickMenu_AlertPhone();
     case 406:
-        return t.own.online && row != nullptr && t.settings.QuickMenu_AlertUrgent();
+        return row != nullptr && t.settings.QuickMenu_AlertUrgent();
     case 407:
         return row != nullptr && GetStatusActive(*row);
     case 410:

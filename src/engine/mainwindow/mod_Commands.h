@@ -66,6 +66,8 @@ public:
     QString quickMenuHeading(const ReportRecord& row) const;
 
 private:
+    // Whether it sends, so that it is of no use offline.
+    static bool sends(int id);
     void general(int id);
     void onRow(int id, const ReportRecord& row, const QString& text);
     void onOwn(int id);

@@ -6,6 +6,8 @@
 #include <QObject>
 #include <QString>
 
+#include <optional>
+
 namespace tessel {
 
 struct OwnState;
@@ -15,8 +17,12 @@ class Footer : public QObject {
 public:
     Footer(const OwnState& own, Clock& clock);
 
-    // A timed text gives way to the location's name after `tmrFooter`.
+    // A timed text gives way to the location's name after `tmrFooter`; any other stands.
     void SetFooter(const QString& text, const QString& tip, bool timed);
+    // A word in passing: after `tmrFooter` the text that stood is back.
+    void Remark(const QString& text, const QString& tip);
+    // Takes a standing text away, if this is the one.
+    void EndText(const QString& text);
 
     // As shown: the text stands behind two blanks.
     const QString& text() const { return m_text; }
@@ -28,7 +34,14 @@ signals:
     void changed();
 
 private:
+    struct Text {
+        QString text;
+        QString tip;
+    };
+    void show(const Text& text, bool timed);
+
     const OwnState& m_own;
+    std::optional<Text> m_standing; // none: the location's name
     QString m_text;
     QString m_tip;
 };

@@ -9,6 +9,7 @@
 #include "engine/network/mod_Network_Protocol.h"
 
 #include <limits>
+#include <utility>
 
 namespace tessel {
 
@@ -42,10 +43,7 @@ NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock,
                   }),
       tmrKA(clock, "tmrKA", 30000, Timer::Kind::Repeating,
             [this] {
-                // After the goodbye a keep-alive would bring this station back into everybody's table.
-                if (!m_stopping) {
-                    m_protocolLayer.send(Code::XRKA, version());
-                }
+                m_protocolLayer.send(Code::XRKA, version());
                 emit keepAliveSent();
             }),
       tmrAnnounce(clock, "tmrAnnounce", 3000, Timer::Kind::OneShot,
@@ -143,6 +141,8 @@ void NetworkMC::Network_Start() {
         return;
     }
     m_own.online = true;
+    m_own.leaving = false;
+    emit canSendChanged();
     tmrKA.setInterval(m_ka);
     tmrKA.setEnabled(true);
     Announce();
@@ -156,28 +156,62 @@ void NetworkMC::Announce() {
     m_protocolLayer.send(Code::XAN, version());
 }
 
+bool NetworkMC::CanSend() {
+    if (!m_own.canSend()) {
+        emit remark(QStringLiteral("Not sent: offline"), QStringLiteral("No Connection to network"));
+    }
+    return m_own.canSend();
+}
+
 void NetworkMC::goOffline() {
     m_own.online = false;
     m_link.close();
+    emit canSendChanged();
     emit footer(QStringLiteral("Offline"), QStringLiteral("No Connection to network"), false);
 }
 
 void NetworkMC::Network_Stop() {
     // A second request during the wait is already being carried out.
-    if (m_stopping) {
+    if (m_own.leaving) {
         return;
     }
-    m_stopping = true;
+    // Before anybody hears of it: whoever draws the commands must find them disabled.
+    m_own.leaving = true;
     emit footer(QStringLiteral("Disconnecting"), QStringLiteral("Offline"), false);
-    m_protocolLayer.send(Code::XD);
-    m_wait.WaitSeconds(kGoodbyeSeconds);
+    sayGoodbye();
     m_own.online = false;
     m_link.close();
-    m_stopping = false;
+    m_own.leaving = m_own.exiting;
+    m_restartWanted = false;
+}
+
+void NetworkMC::sayGoodbye() {
+    m_own.leaving = true;
+    emit canSendChanged();
+    m_protocolLayer.sendGoodbye();
+    m_wait.WaitSeconds(kGoodbyeSeconds);
+}
+
+void NetworkMC::AnnounceAnew() {
+    if (!m_own.canSend()) {
+        return;
+    }
+    sayGoodbye();
+    if (m_own.exiting) {
+        return;
+    }
+    m_own.leaving = false;
+    emit canSendChanged();
+    if (std::exchange(m_restartWanted, false)) {
+        RestartNetwork();
+    } else {
+        Announce();
+    }
 }
 
 void NetworkMC::RestartNetwork() {
-    if (m_stopping) {
+    if (m_own.leaving) {
+        m_restartWanted = true;
         return;
     }
     if (m_link.isActive()) {

@@ -29,8 +29,15 @@ public:
     // Says goodbye, waits a second so that it leaves the socket, and goes off line. Datagrams are
     // handled during the wait.
     void Network_Stop();
+    // Takes leave and announces the station anew: a changed name reaches the others in no other way.
+    // Datagrams are handled during the second between. Nothing happens while offline.
+    void AnnounceAnew();
     // The network layer reset: off line, all locations forgotten, and back in five seconds.
     void RestartNetwork();
+
+    // Whether what the user sends now can reach anybody. If not, the footer says so: every act that
+    // sends asks here first, and does nothing on false.
+    bool CanSend();
 
     // Tells everyone of this station, and asks for their reply.
     void Announce();
@@ -55,6 +62,10 @@ public:
 
 signals:
     void footer(const QString& text, const QString& tip, bool timed);
+    // A word for the footer that gives way to what stood there.
+    void remark(const QString& text, const QString& tip);
+    // Going on line, taking leave, going off line.
+    void canSendChanged();
     // Before every start of the network.
     void startingNetwork();
     // All locations are to be forgotten.
@@ -67,6 +78,7 @@ private:
     bool chooseInterfaces();
     bool bringUp();
     void goOffline();
+    void sayGoodbye();
     void socketError(int number, const QString& description);
     QString netSetting(const char* key, const QString& fallback) const;
     int netNumber(const char* key, int fallback) const;
@@ -82,7 +94,7 @@ private:
     int m_protocol = 0;
     int m_epkm = 0;
     int m_ka = 0;
-    bool m_stopping = false;
+    bool m_restartWanted = false; // asked for while the station took leave
     int m_lastError = 0;
     std::int64_t m_lastErrorAt = -1; // before the first error
 };

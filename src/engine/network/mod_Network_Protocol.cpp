@@ -18,6 +18,10 @@ QLatin1String wireBoolean(bool value) {
     return value ? QLatin1String("-1") : QLatin1String("0");
 }
 
+QString latin1(std::string_view text) {
+    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+}
+
 const CatalogueRow* findRow(QByteArrayView name) {
     if (name.size() > 8) {
         return nullptr;
@@ -50,9 +54,19 @@ QString NetworkProtocol::ownPresence() const {
 }
 
 void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView third) {
-    if (!m_own.online) {
-        return;
+    if (m_own.canSend()) {
+        transmit(code, body, third);
     }
+}
+
+void NetworkProtocol::sendGoodbye() {
+    m_own.leaving = true;
+    if (m_own.online) {
+        transmit(latin1(rowOf(Code::XD).name), {}, {});
+    }
+}
+
+void NetworkProtocol::transmit(QStringView code, QStringView body, QStringView third) {
     const QString tagWord = QString::number(m_own.TAG) + u':' + third.trimmed().toString();
     const QString presence = ownPresence(); // named: a view of it goes into the list below
     const QByteArray mark(kFieldMark.data(), static_cast<qsizetype>(kFieldMark.size()));
@@ -75,8 +89,7 @@ void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView
 
 void NetworkProtocol::send(Code code, QStringView body) {
     const CatalogueRow& row = rowOf(code);
-    SendPacket(QString::fromLatin1(row.name.data(), static_cast<qsizetype>(row.name.size())), body,
-               QString::fromLatin1(row.third.data(), static_cast<qsizetype>(row.third.size())));
+    SendPacket(latin1(row.name), body, latin1(row.third));
 }
 
 void NetworkProtocol::attach(Code code, Handler handler) {

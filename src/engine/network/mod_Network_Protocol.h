@@ -29,10 +29,13 @@ public:
     // Only 0 exists; with any other value nothing is sent.
     void setProtocol(int protocol) { m_protocol = protocol; }
 
-    // Builds one packet with the own presence and sends it. Nothing at all happens while offline.
+    // Builds one packet with the own presence and sends it. Nothing at all happens while offline, or
+    // behind the goodbye.
     void SendPacket(QStringView code, QStringView body, QStringView third);
     // The same with the third argument that the catalogue gives.
     void send(Code code, QStringView body = {});
+    // Sends the goodbye, which is the last that leaves as long as `leaving` is set.
+    void sendGoodbye();
 
     // Lets `handler` act on packets of this code that pass the code's filter. The last one set holds.
     void attach(Code code, Handler handler);
@@ -64,6 +67,7 @@ public:
     bool isOwn(const cPacket& packet) const { return isOwnSID(packet.bytes(Field::SID)); }
 
 private:
+    void transmit(QStringView code, QStringView body, QStringView third);
     void expectSender(QByteArrayView packet) const;
     bool passes(Filter filter, const cPacket& packet) const;
     bool isTarget(QByteArrayView bytes) const;

@@ -133,7 +133,7 @@ bool RemoteCommands::execute(const QString& command) {
         if (name != QLatin1String(verb.name)) {
             continue;
         }
-        if (!verb.needsOnline || m_targets.own.online) {
+        if (!verb.needsOnline || m_targets.network.CanSend()) {
             verb.act(m_targets, argument.left(verb.argumentLength));
         }
         return verb.accepted;

@@ -42,7 +42,7 @@ LocalStatus::LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProt
 }
 
 void LocalStatus::SetStatus(int Index) {
-    if (!m_own.online) {
+    if (!m_own.canSend()) {
         return;
     }
     // A press that is refused below still moves the time.

@@ -21,7 +21,8 @@ constexpr int kMaxSnippets = 500;
 } // namespace
 
 frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
-    : QDialog(parent), m_station(station), m_snippet(new QComboBox(this)), m_text(new KeyFilterEdit(this)) {
+    : QDialog(parent), m_station(station), m_snippet(new QComboBox(this)), m_text(new KeyFilterEdit(this)),
+      m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)) {
     setObjectName(QStringLiteral("frmGlobalDoorBell"));
     setWindowTitle(tr("DoorBell Alert"));
     setMinimumWidth(kLeastWidth);
@@ -42,6 +43,10 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     everyone->setDefault(true);
     m_groups.push_back(everyone);
 
+    m_offline->setObjectName(QStringLiteral("lblOffline"));
+    m_offline->setTextFormat(Qt::PlainText);
+    m_offline->setWordWrap(true);
+
     auto* const label = new QLabel(tr("&Text:"), this);
     label->setBuddy(m_snippet);
     auto* const layout = new QVBoxLayout(this);
@@ -49,6 +54,7 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     layout->setSpacing(kGrid);
     layout->addWidget(label);
     layout->addWidget(m_snippet);
+    layout->addWidget(m_offline);
     layout->addSpacing(kGrid);
     layout->addWidget(everyone);
     layout->addStretch(1);
@@ -56,7 +62,17 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     connect(everyone, &QPushButton::clicked, this, &frmGlobalDoorBell::SendDoorBell);
     connect(m_text, &KeyFilterEdit::enterPressed, this, &frmGlobalDoorBell::SendDoorBell);
     connect(m_text, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
+    connect(&station.network, &NetworkMC::canSendChanged, this, &frmGlobalDoorBell::showCanSend);
+    showCanSend();
     m_snippet->setFocus();
+}
+
+void frmGlobalDoorBell::showCanSend() {
+    const bool canSend = m_station.own.canSend();
+    m_offline->setVisible(!canSend);
+    for (QPushButton* const group : m_groups) {
+        group->setEnabled(canSend);
+    }
 }
 
 void frmGlobalDoorBell::LoadSnippetDB() {
@@ -77,8 +93,10 @@ void frmGlobalDoorBell::keyPressEvent(QKeyEvent* event) {
 }
 
 void frmGlobalDoorBell::SendDoorBell() {
-    m_station.alerts.SendDoorBell(m_text->text());
-    accept();
+    // What was not sent stays in the box, to be sent when the network is back.
+    if (m_station.alerts.SendDoorBell(m_text->text())) {
+        accept();
+    }
 }
 
 } // namespace tessel

@@ -6,6 +6,7 @@
 #include <vector>
 
 class QComboBox;
+class QLabel;
 class QPushButton;
 
 namespace tessel {
@@ -24,10 +25,12 @@ protected:
 private:
     void LoadSnippetDB();
     void SendDoorBell();
+    void showCanSend();
 
     Station& m_station;
     QComboBox* m_snippet; // cmbSnippet
     KeyFilterEdit* m_text;
+    QLabel* m_offline;
     std::vector<QPushButton*> m_groups; // cmdGroup; 0 is everyone
 };
 

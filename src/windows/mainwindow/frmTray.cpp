@@ -45,7 +45,7 @@ bool Tray::Set_TrayPopup(const QString& title, const QString& text) {
 void Tray::SetIcon() {
     const OwnState& own = m_station.own;
     const Image picture = own.doNotDisturb        ? Image::TrayDoNotDisturb
-                          : !own.online           ? Image::TrayOffline
+                          : !own.canSend()        ? Image::TrayOffline
                           : !own.status.isEmpty() ? Image::TrayStatus
                                                   : Image::TrayNormal;
     if (m_shown != static_cast<int>(picture)) {

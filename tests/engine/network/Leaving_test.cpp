@@ -1,0 +1,105 @@
+// Taking leave: nothing rings by half while the network restarts, and nothing leaves a station behind its
+// goodbye.
+#include "support/LoneStation.h"
+
+using namespace tessel;
+
+namespace {
+
+class Leaving : public LoneStation {
+protected:
+    void SetUp() override {
+        me.addTones();
+        begin();
+        hear("XAN");
+        sentCodes();
+    }
+    // Everything that a user may press to send an alert.
+    void pressAll() {
+        me->menu.Execute(404, viewRow(), "tea");
+        me->alerts.SendQuickAlert(QuickAlert::Urgent, {kOther, 0}, "help");
+        EXPECT_FALSE(me->alerts.SendDoorBell("text"));
+        EXPECT_FALSE(me->alerts.SendDoorBell_Group("Room:" + kOther + ListMark, "text"));
+        me->commands.execute("/db:text");
+    }
+    void expectOffline() {
+        me.sounds.played.clear();
+        me.desktop.calls.clear();
+        for (const int id : {106, 107, 112, 404, 405, 406}) {
+            EXPECT_FALSE(me->menu.enabled(id, viewRow())) << id;
+        }
+        pressAll();
+        EXPECT_EQ(me->footer.text(), "  Not sent: offline");
+        EXPECT_EQ(me.sounds.played, QStringList()) << "a tone says that it went out";
+        EXPECT_EQ(me.desktop.calls, QStringList());
+    }
+};
+
+} // namespace
+
+TEST_F(Leaving, FromTheGoodbyeToTheNextStartNothingIsSentAndEverybodyIsTold) {
+    QStringList whenDrawn;
+    QObject::connect(&me->footer, &Footer::changed, [&] {
+        whenDrawn += me->footer.text() + (me->menu.enabled(106, nullptr) ? " on" : " off");
+    });
+    Timer inTheGoodbye(world.clock, "probe", 500, Timer::Kind::OneShot, [this] {
+        EXPECT_TRUE(me->own.online);
+        hear("XAN"); // would be answered in three seconds, or in half a second if one came before
+        hear({.code = "XALN", .body = body({kMe, "note from afar"})});
+        expectOffline();
+    });
+    me->network.tmrAnnounce.setEnabled(true);
+    world.clock.advance(2800);
+    inTheGoodbye.setEnabled(true);
+    me->network.RestartNetwork();
+    EXPECT_EQ(sentCodes(), QStringList("XD"));
+    EXPECT_EQ(whenDrawn.front(), "  Disconnecting off");
+    hear("XAN");
+    expectOffline();
+    world.run(5);
+    EXPECT_EQ(sentCodes(), QStringList("XAN"));
+    EXPECT_EQ(whenDrawn.back(), "  Online on");
+    EXPECT_EQ(me->own.note, "note from afar");
+    me->menu.Execute(404, viewRow(), "tea");
+    EXPECT_EQ(sentCodes(), QStringList("XAD1"));
+}
+
+TEST_F(Leaving, AnEndSaysGoodbyeLast) {
+    hear("XAN", {}, "another");
+    world.clock.advance(2500);
+    me->ExitProc();
+    world.run(60);
+    EXPECT_EQ(sentCodes(), QStringList("XD"));
+}
+
+TEST_F(Leaving, ANewNameTakesLeaveOnceAndARestartMeanwhileIsNotForgotten) {
+    Timer inTheGoodbye(world.clock, "probe", 500, Timer::Kind::OneShot, [this] {
+        me->network.AnnounceAnew();
+        me->menu.Execute(107, nullptr, {});
+    });
+    inTheGoodbye.setEnabled(true);
+    me->network.AnnounceAnew();
+    EXPECT_EQ(sentCodes(), QStringList({"XD", "XAN"}));
+    EXPECT_EQ(me.link.opened, 1);
+    Timer order(world.clock, "order", 500, Timer::Kind::OneShot, [this] { me->network.RestartNetwork(); });
+    order.setEnabled(true);
+    me->network.AnnounceAnew();
+    world.run(6);
+    EXPECT_EQ(me.link.opened, 2);
+    EXPECT_TRUE(me->own.canSend());
+}
+
+TEST_F(Leaving, AStandingWordComesBackBehindARemark) {
+    me.link.refuse = true;
+    me->network.RestartNetwork();
+    world.run(6);
+    EXPECT_EQ(me->footer.text(), "  Offline");
+    pressAll();
+    EXPECT_EQ(me->footer.text(), "  Not sent: offline");
+    world.run(20);
+    EXPECT_EQ(me->footer.text(), "  Offline");
+    me.link.refuse = false;
+    me->network.RestartNetwork();
+    world.run(26);
+    EXPECT_EQ(me->footer.text(), "  Room 1");
+}
