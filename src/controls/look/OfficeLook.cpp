@@ -1,5 +1,7 @@
 #include "controls/look/OfficeLook.h"
 
+#include "controls/list/ReportColors.h"
+
 #include <QApplication>
 #include <QPainter>
 #include <QPalette>
@@ -11,6 +13,7 @@ namespace tessel {
 namespace {
 
 constexpr int kMiddleLightness = 128;
+constexpr double kMenuTint = 0.22; // of the accent colour on the row that is chosen
 
 struct Shades {
     QRgb window, base, alternate, text, dimmed, button, border, accent, accentText, link, tip;
@@ -62,6 +65,23 @@ public:
         return hint == SH_DialogButtonBox_ButtonsHaveIcons
                    ? 0
                    : QProxyStyle::styleHint(hint, option, widget, returned);
+    }
+
+    // A row of a menu under the mouse is tinted like one of a list: on the full accent colour the
+    // pictures before the captions would be lost.
+    void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
+                     const QWidget* widget) const override {
+        const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
+        if (element != CE_MenuItem || item == nullptr) {
+            QProxyStyle::drawControl(element, option, painter, widget);
+            return;
+        }
+        QStyleOptionMenuItem tinted = *item;
+        QPalette& palette = tinted.palette;
+        palette.setColor(QPalette::Highlight, blend(palette.color(QPalette::Window),
+                                                    palette.color(QPalette::Highlight), kMenuTint));
+        palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
+        QProxyStyle::drawControl(element, &tinted, painter, widget);
     }
 
     // The style draws frames darker than the window, which nobody sees on a dark one.
