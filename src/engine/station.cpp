@@ -165,7 +165,7 @@ void Station::SaveUserName(const WelcomeChoices& choices) {
         settings.User_TAG.set(choices.tag);
         own.TAG = choices.tag;
     }
-    settings.Settings_DBNAV.set(choices.doorBell);
+    shell.setDoorbellOffered(choices.doorBell);
     const QString name = choices.location.trimmed();
     data.WriteSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"),
                       name.isEmpty() ? own.windowsUserName : name);

@@ -110,6 +110,28 @@ TEST(CommandMenu, TypedTextGoesWithWhateverIsChosen) {
     }
 }
 
+// The key that opened the menu, still held, must not choose; a prefix takes no room from the text.
+TEST(CommandMenu, AnEmptyLineChoosesNothingAndAPrefixDoesNotCount) {
+    Menu m;
+    QTest::keyClicks(m.menu.focusWidget(), "  ");
+    m.key(Qt::Key_Return);
+    EXPECT_EQ(m.told.count(), 0);
+    EXPECT_TRUE(m.menu.isVisible());
+    m.entry("Doorbell")->trigger();
+    EXPECT_EQ(m.last().trimmed(), "404") << "an entry sends no text as well";
+
+    m.menu.setEntries({MenuEntry::textBox(kSend, "Message", 5, "g:")});
+    QLineEdit& box = *m.menu.textBox();
+    QTest::keyClicks(&box, "1234567");
+    EXPECT_EQ(box.text(), "12345");
+    box.clear();
+    QTest::keyClicks(&box, "G:1234567");
+    EXPECT_EQ(box.text(), "G:12345");
+    QTest::keyClick(&box, Qt::Key_Home);
+    QTest::keyClick(&box, Qt::Key_Delete);
+    EXPECT_EQ(box.text(), ":1234");
+}
+
 TEST(CommandMenu, KeysGoBetweenTheBoxAndTheEntries) {
     Menu m;
     m.key(Qt::Key_Tab);

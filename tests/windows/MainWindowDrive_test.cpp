@@ -229,6 +229,22 @@ TEST_F(MainWindowDrive, ChangesViewsByKeyboardAndMouse) {
     EXPECT_EQ(ribbon().button(353), nullptr) << "no tab for what cannot be opened";
 }
 
+// F5 sets a status, so it must not announce; the bell stands at the foot as soon as it is wanted.
+TEST_F(MainWindowDrive, KeysPanesAndTabsAreAsTheUserSetThem) {
+    world.network.sent.clear();
+    key(home(), Qt::Key_F5);
+    EXPECT_TRUE(world.network.sent.empty());
+    key(home(), Qt::Key_R, Qt::ControlModifier);
+    EXPECT_FALSE(world.network.sent.empty());
+
+    const QAction* const bell = form->commands()->find(112);
+    EXPECT_FALSE(bell->isVisible());
+    me().shell.setDoorbellOffered(true);
+    EXPECT_TRUE(bell->isVisible());
+    QTest::qWait(kSettleMs);
+    EXPECT_EQ(form->commands()->find(350)->text(), "Home (3)");
+}
+
 // A search that outlived its view would hide rows without a word.
 TEST_F(MainWindowDrive, SearchEndsWithTheView) {
     QTest::keyClick(form.get(), Qt::Key_F, Qt::ControlModifier);

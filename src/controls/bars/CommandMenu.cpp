@@ -8,8 +8,6 @@
 #include <QLineEdit>
 #include <QWidgetAction>
 
-#include <utility>
-
 namespace tessel {
 
 namespace {
@@ -19,40 +17,6 @@ constexpr int kCaptionChars = 60;
 constexpr int kBoxWidth = 200;
 
 } // namespace
-
-MenuEntry MenuEntry::command(int id, const QString& text, std::optional<QString> says) {
-    MenuEntry entry;
-    entry.kind = Kind::Command;
-    entry.id = id;
-    entry.text = text;
-    entry.says = std::move(says);
-    return entry;
-}
-
-MenuEntry MenuEntry::heading(const QString& text) {
-    MenuEntry entry;
-    entry.kind = Kind::Heading;
-    entry.text = text;
-    return entry;
-}
-
-MenuEntry MenuEntry::subMenu(const QString& text, std::vector<MenuEntry> entries, int icon) {
-    MenuEntry entry;
-    entry.kind = Kind::SubMenu;
-    entry.text = text;
-    entry.entries = std::move(entries);
-    entry.icon = icon;
-    return entry;
-}
-
-MenuEntry MenuEntry::textBox(int id, const QString& prompt, int maxLength) {
-    MenuEntry entry;
-    entry.kind = Kind::TextBox;
-    entry.id = id;
-    entry.text = prompt;
-    entry.maxLength = maxLength;
-    return entry;
-}
 
 CommandMenu::CommandMenu(CommandSet& commands, QWidget* parent) : QMenu(parent), m_commands(commands) {}
 
@@ -96,12 +60,9 @@ void CommandMenu::addCommand(QMenu& menu, const MenuEntry& entry) {
     if (model == nullptr && entry.text.isEmpty()) {
         return;
     }
-    auto* const action = new QAction(&menu);
-    const QString own =
-        entry.text.isEmpty() ? QString() : plainCaption(singleLine(entry.text, kCaptionChars));
-    action->setText(own);
+    QAction* const action = menu.addAction(plainCaption(singleLine(entry.text, kCaptionChars)));
     if (model != nullptr) {
-        const auto follow = [action, model, own] {
+        const auto follow = [action, model, own = action->text()] {
             action->setText(own.isEmpty() ? model->text() : own);
             action->setIcon(model->icon());
             action->setCheckable(model->isCheckable());
@@ -117,7 +78,6 @@ void CommandMenu::addCommand(QMenu& menu, const MenuEntry& entry) {
         action->setChecked(model != nullptr && model->isChecked());
         choose(id, says);
     });
-    menu.addAction(action);
 }
 
 void CommandMenu::addTextBox(QMenu& menu, const MenuEntry& entry) {
@@ -127,7 +87,17 @@ void CommandMenu::addTextBox(QMenu& menu, const MenuEntry& entry) {
     auto* const layout = new QHBoxLayout(line);
     layout->setContentsMargins(6, 4, 6, 4);
     m_box = new QLineEdit(line);
-    m_box->setMaxLength(entry.maxLength);
+    const QString prefix = entry.says.value_or(QString());
+    m_box->setMaxLength(entry.maxLength + static_cast<int>(prefix.size()));
+    connect(m_box, &QLineEdit::textEdited, m_box, [box = m_box, most = entry.maxLength, prefix] {
+        const bool prefixed = box->text().startsWith(prefix, Qt::CaseInsensitive);
+        const qsizetype room = most + (prefixed ? prefix.size() : 0);
+        if (box->text().size() > room) {
+            const int cursor = box->cursorPosition();
+            box->setText(box->text().left(room));
+            box->setCursorPosition(cursor);
+        }
+    });
     m_box->setPlaceholderText(entry.text);
     m_box->setAccessibleName(entry.text);
     m_box->setMinimumWidth(kBoxWidth);
@@ -168,7 +138,8 @@ bool CommandMenu::keyInBox(int key) {
     case Qt::Key_Return:
     case Qt::Key_Enter: {
         const QAction* const command = m_commands.find(m_boxCommand);
-        if (command == nullptr || (command->isEnabled() && command->isVisible())) {
+        const bool usable = command == nullptr || (command->isEnabled() && command->isVisible());
+        if (usable && !m_box->text().trimmed().isEmpty()) {
             close();
             choose(m_boxCommand, std::nullopt);
         }

@@ -362,6 +362,9 @@ QString Commands::caption(int id) const {
         return patient.isEmpty() ? QStringLiteral("Remove Patient")
                                  : QLatin1String("Remove Patient (") + shown(patient) + u')';
     }
+    if (const QString tab = m_targets.shell.tabCaption(id); !tab.isEmpty()) {
+        return tab;
+    }
     const CommandRow* const row = findCommand(id);
     return row == nullptr ? QString() : QString::fromLatin1(row->caption);
 }
@@ -382,6 +385,10 @@ QString Commands::tip(int id) const {
 
 bool Commands::isOwn(const ReportRecord& row) const {
     return GetSID(row) == m_targets.own.SID;
+}
+
+const QString& Commands::quickAlertPrefix() const {
+    return m_targets.settings.QuickMenu_AlertGroupCommand();
 }
 
 QString Commands::quickMenuHeading(const ReportRecord& row) const {

@@ -62,6 +62,8 @@ public:
     QString tip(int id) const;
 
     bool isOwn(const ReportRecord& row) const;
+    // What makes a quick alert's text one for a colour tag.
+    const QString& quickAlertPrefix() const;
     // Heading of a row's quick menu.
     QString quickMenuHeading(const ReportRecord& row) const;
 

@@ -47,6 +47,20 @@ const ViewRow& Shell::viewRow() const {
     return *findView(static_cast<int>(m_view));
 }
 
+QString Shell::tabCaption(int id) const {
+    const ViewRow* const row = findView(id);
+    if (row == nullptr) {
+        return {};
+    }
+    const int rows = m_rows[static_cast<std::size_t>(row - kViews.data())];
+    const QString caption = QLatin1String(row->caption);
+    return rows > 0 ? caption + QStringLiteral("(%1)").arg(rows) : caption;
+}
+
+void Shell::countRows() {
+    m_rows = {m_views.rptEndpoints.count(), m_views.statusCount(), m_views.rptFavorites.count(), 0};
+}
+
 int Shell::storedView() const {
     const ViewRow* const row = findView(m_settings.NAV_1());
     return row != nullptr && row->stored ? m_settings.NAV_1() : static_cast<int>(View::Home);
@@ -107,6 +121,11 @@ void Shell::SetSort_FavoriteView(int order) {
         m_settings.Settings_SORTFV.set(order);
         emit sortChanged();
     }
+}
+
+void Shell::setDoorbellOffered(bool offered) {
+    m_settings.Settings_DBNAV.set(offered);
+    emit doorbellOfferChanged();
 }
 
 void Shell::toggleOnTop() {

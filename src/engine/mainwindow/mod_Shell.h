@@ -44,6 +44,11 @@ public:
     void SetTabView(int id);
     View view() const { return m_view; }
     const ViewRow& viewRow() const;
+    // The caption of a view's tab, with the number of its list's rows as last counted, if there are any.
+    // Empty for a number that is no view.
+    QString tabCaption(int id) const;
+    // Counts the rows of all views, those that a search hides too. It walks through the Home list.
+    void countRows();
     // The view to open on.
     int storedView() const;
 
@@ -66,6 +71,9 @@ public:
     // Toggles whether the windows stay on top.
     void toggleOnTop();
 
+    // Whether the status bar offers the doorbell, setting `DBNAV`.
+    void setDoorbellOffered(bool offered);
+
     Timer tmrTime;
 
 signals:
@@ -76,6 +84,7 @@ signals:
     void reportFontChanged();
     void sortChanged();
     void onTopChanged();
+    void doorbellOfferChanged();
     // Midnight has come.
     void dayBegan();
 
@@ -86,6 +95,7 @@ private:
     LocationViews& m_views;
     Clock& m_clock;
     View m_view = View::Home;
+    std::array<int, kViews.size()> m_rows{}; // by the order of kViews
 };
 
 } // namespace tessel

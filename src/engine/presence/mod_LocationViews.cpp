@@ -9,6 +9,8 @@
 
 #include <QSet>
 
+#include <algorithm>
+
 namespace tessel {
 
 namespace {
@@ -302,10 +304,15 @@ void LocationViews::ProcessStatusView() {
     }
 }
 
+int LocationViews::statusCount() const {
+    return static_cast<int>(std::ranges::count_if(
+        rptEndpoints.rows(), [](const ReportRecordPtr& home) { return GetStatusActive(*home); }));
+}
+
 void LocationViews::refillStatusView() {
     std::vector<ReportRecordPtr> rows;
     for (const auto& home : rptEndpoints.rows()) {
-        if (item(*home, LocationItem::Status).text.size() < kShortestStatus) {
+        if (!GetStatusActive(*home)) {
             continue;
         }
         const ReportRecord* const known = rptStatusView.find(item(*home, LocationItem::SID).text);

@@ -65,6 +65,9 @@ public:
     // nothing.
     void setStatusTabCurrent(bool current);
 
+    // How many rows the Status list has, or will have once it is looked at.
+    int statusCount() const;
+
     // Index of the row with that SID, -1 when there is none.
     int Active_FindSID(const QString& SID) const;
     int Active_FindSIDFav(const QString& SID) const;

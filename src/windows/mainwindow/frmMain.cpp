@@ -17,7 +17,6 @@
 
 #include <QCloseEvent>
 #include <QShortcut>
-#include <QTimer>
 #include <QVBoxLayout>
 
 namespace tessel {
@@ -33,6 +32,8 @@ constexpr int kSetStatus = 102;
 constexpr int kNotifications = 104;
 constexpr int kRingDoorbell = 106;
 constexpr int kRefresh = 107;
+constexpr int kSendDoorbell = 112;
+constexpr int kCountMs = 100; // between a change of a list and its count in the caption of its tab
 } // namespace
 
 frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station), m_registry(registry) {
@@ -51,6 +52,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     restorePlace();
     connectStation();
     m_station.shell.SetTabView(m_station.shell.storedView());
+    m_station.shell.countRows();
     refreshCommands();
     search({});
     showFooter();
@@ -96,7 +98,8 @@ void frmMain::createShortcuts() {
     };
     add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
     add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
-    add(QKeySequence::Refresh, [this] { execute(kRefresh, {}); });
+    // Not F5, which is the key of a quick status.
+    add(Qt::CTRL | Qt::Key_R, [this] { execute(kRefresh, {}); });
     add(Qt::CTRL | Qt::Key_M, [this] { execute(kSetStatus, {}); });
     add(Qt::CTRL | Qt::Key_D, [this] { execute(kRingDoorbell, {}); });
     add(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { execute(kNotifications, {}); });
@@ -134,6 +137,18 @@ void frmMain::connectStation() {
     for (const auto signal : {&Shell::viewChanged, &Shell::previewModeChanged, &Shell::reportFontChanged,
                               &Shell::sortChanged, &Shell::onTopChanged}) {
         connect(&shell, signal, this, &frmMain::refreshCommands);
+    }
+    connect(&shell, &Shell::doorbellOfferChanged, this, &frmMain::refreshCommands);
+    // A storm of packets is counted once.
+    m_counts.setSingleShot(true);
+    m_counts.setInterval(kCountMs);
+    connect(&m_counts, &QTimer::timeout, this, &frmMain::SetTabCaptions);
+    for (const ReportRecords* list : {&m_station.views.rptEndpoints, &m_station.views.rptFavorites}) {
+        connect(list, &ReportRecords::changed, this, [this] {
+            if (!m_counts.isActive()) {
+                m_counts.start();
+            }
+        });
     }
     connect(&m_station.status, &LocalStatus::changed, this, &frmMain::refreshCommands);
     connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showMessageBars);
@@ -189,6 +204,7 @@ void frmMain::refreshCommands() {
         m_commands->setIcon(static_cast<int>(Image::QuickOccupied), static_cast<int>(room));
         m_commands->setIcon(static_cast<int>(Image::OwnOccupied), static_cast<int>(room));
     }
+    m_commands->setVisible(kSendDoorbell, m_station.settings.Settings_DBNAV());
     for (const CommandRow* command = firstCommand(); command != endOfCommands(); ++command) {
         const int id = command->id;
         m_commands->setCaption(id, m_station.menu.caption(id));
@@ -197,6 +213,14 @@ void frmMain::refreshCommands() {
         if (command->checkable) {
             m_commands->setChecked(id, m_station.menu.checked(id));
         }
+    }
+}
+
+void frmMain::SetTabCaptions() {
+    m_station.shell.countRows();
+    for (const ViewRow& view : kViews) {
+        const int id = static_cast<int>(view.view);
+        m_commands->setCaption(id, m_station.menu.caption(id));
     }
 }
 

@@ -5,6 +5,7 @@
 #include "records/cReportRecords.h"
 
 #include <QMainWindow>
+#include <QTimer>
 
 #include <memory>
 #include <optional>
@@ -62,6 +63,7 @@ private:
 
     void execute(int id, const QString& text = {});
     void refreshCommands();
+    void SetTabCaptions();
     void showView();
     void showFooter();
     void showMessageBars();
@@ -85,6 +87,7 @@ private:
     std::unique_ptr<Tray> m_tray;
     std::optional<QPoint> m_rest;             // place during a shake
     Image m_roomShown = Image::QuickOccupied; // picture of the command that seats and removes
+    QTimer m_counts;
     bool m_loaded = false;
 };
 

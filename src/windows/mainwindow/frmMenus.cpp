@@ -74,7 +74,7 @@ std::vector<int> quickBarIds() {
 }
 
 std::vector<int> paneIds() {
-    return {706, 801, 800, kSortMenu};
+    return {112, 706, 801, 800, kSortMenu};
 }
 
 std::vector<MenuEntry> rowMenu(const Commands& commands, const ReportRecord& row) {
@@ -88,11 +88,12 @@ std::vector<MenuEntry> rowMenu(const Commands& commands, const ReportRecord& row
         return existing(
             {heading, at(407), at(418), at(410), at(408), at(409), line, at(416), at(417), line, at(412)});
     }
-    return existing(
-        {heading,
-         MenuEntry::textBox(404, QStringLiteral("Text of an alert"), AlertEngine::kLongestQuickAlert),
-         at(402), MenuEntry::heading(QStringLiteral("     Alerts")), at(404), at(405), at(406), line, at(407),
-         at(418), at(410), at(408), at(409), line, at(416), at(417), line, at(412)});
+    return existing({heading,
+                     MenuEntry::textBox(404, QStringLiteral("Text of an alert"),
+                                        AlertEngine::kLongestQuickAlert, commands.quickAlertPrefix()),
+                     at(402), MenuEntry::heading(QStringLiteral("     Alerts")), at(404), at(405), at(406),
+                     line, at(407), at(418), at(410), at(408), at(409), line, at(416), at(417), line,
+                     at(412)});
 }
 
 std::vector<MenuEntry> sortMenu() {

@@ -47,6 +47,20 @@ TEST_F(ShellState, SearchEndsInTheViewThatIsLeft) {
     EXPECT_EQ(shell().view(), View::Favorites);
 }
 
+TEST_F(ShellState, TabsSayHowManyRowsTheirListsHave) {
+    begin();
+    EXPECT_EQ(shell().tabCaption(350), "Home ");
+    hear({.SID = "222AA222AAA2", .code = "XAN"});
+    hear({.SID = "333AA333AAA3", .code = "XAN", .presence = presence("Busy", "8:30:00 AM")});
+    shell().countRows();
+    EXPECT_EQ(shell().tabCaption(350), "Home (3)") << "the own row counts";
+    EXPECT_EQ(shell().tabCaption(351), "Status (1)") << "the list is made when it is looked at";
+    shell().SetTabView(351);
+    EXPECT_EQ(shell().tabCaption(350), "Home (3)");
+    EXPECT_EQ(shell().tabCaption(352), "Favorites ");
+    EXPECT_EQ(shell().tabCaption(354), "");
+}
+
 TEST_F(ShellState, OpensOnTheLastViewButNeverOnTheInbox) {
     begin();
     EXPECT_EQ(shell().storedView(), 350);
