@@ -1,5 +1,6 @@
 // What alerts, the history and status changes cost with real windows: from a packet's bytes to the
 // handler's return, to the painted popup, and through the lists. The socket and the clock are stand-ins.
+#include "support/RecordingHotKeys.h"
 #include "support/RecordingSounds.h"
 #include "support/World.h"
 #include "windows/frmDesktop.h"
@@ -60,6 +61,7 @@ struct Office {
     FakeLink link{network};
     NoRegistry registry;
     RecordingSounds sounds;
+    RecordingHotKeys keys;
     FormDesktop desktop{registry};
     SystemFacts facts;
     std::unique_ptr<Station> station;
@@ -74,7 +76,7 @@ struct Office {
         network.keepSent = false;
         replaceFile(facts.appData + QStringLiteral("Tessel Status/user.cfg"),
                     "[User]\nFirstRun=0\nLOCATION=Front Desk\nTAG=2\n[Settings]\nUPD=0\n");
-        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, 1);
+        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, keys, 1);
         desktop.setStation(*station);
         station->start();
         QApplication::processEvents();

@@ -6,6 +6,7 @@
 #include "platform/EventLoopClock.h"
 #include "platform/MulticastLink.h"
 #include "support/RecordingDesktop.h"
+#include "support/RecordingHotKeys.h"
 #include "support/RecordingSounds.h"
 #include "support/World.h"
 
@@ -232,7 +233,7 @@ public:
         m_facts.desktop = home;
         m_facts.hostName = QStringLiteral("bench");
         m_facts.userName = QStringLiteral("bench");
-        station = std::make_unique<Station>(m_facts, m_clock, link, m_desktop, m_sounds, 1);
+        station = std::make_unique<Station>(m_facts, m_clock, link, m_desktop, m_sounds, m_keys, 1);
         station->start();
         station->loadMain();
         station->network.Network_Start();
@@ -297,6 +298,7 @@ private:
     EventLoopClock m_clock;
     RecordingDesktop m_desktop;
     RecordingSounds m_sounds;
+    RecordingHotKeys m_keys;
 
 public:
     MulticastLink link;

@@ -17,14 +17,15 @@ const QString kUpdateHelper = QStringLiteral("update.exe");
 } // namespace
 
 Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
-                 std::uint64_t seed)
+                 HotKeys& keys, std::uint64_t seed)
     : m_facts(facts), m_clock(clock), m_link(link), m_desktop(desktop), folders(m_facts), data(ini, folders),
       log(clock, folders, own), settings(data), identity(own, data, log, clock, seed),
       protocol(own, settings, link), network(own, data, log, clock, link, protocol),
       usage(data, settings, clock, log, protocol),
       endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
       sharedStatus(data, folders), status(own, data, clock, protocol, desktop, sharedStatus),
-      presence(own, data, clock, protocol), tones(own, settings, folders, ini, sounds),
+      presence(own, data, clock, protocol), hotKeys(admin, status, log, keys),
+      tones(own, settings, folders, ini, sounds),
       popups(own, settings, data, clock, desktop), notices(own, settings, favorites, popups, tones),
       alertBar(settings, clock), history(settings, folders, clock, views),
       alerts(settings, clock, protocol, network, popups, alertBar, tones, history, desktop),
@@ -72,6 +73,9 @@ void Station::wire() {
             [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
                 notices.setHere(text, tone, location, SID);
             });
+    connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
+            [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
+    connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { m_desktop.bringUp(); });
     connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
     connect(&messages, &Messages::arrived, this, &Station::messageArrived);
 }
@@ -141,6 +145,7 @@ void Station::messageArrived(const ReceivedMessage& message) {
 }
 
 void Station::mainLoaded() {
+    hotKeys.LoadHotKeys();
     history.LoadRecents();
     if (settings.Sound_ST() && settings.Sound_SC()) {
         tones.PlayTone(QStringLiteral("Startup"));
@@ -266,6 +271,7 @@ void Station::ExitProc() {
     usage.SaveNetworkUsage(false);
     m_desktop.closePopups();
     disableTimers();
+    hotKeys.UnloadHotKeys();
     data.WriteSettings(
         kUserFile, kProgramSection,
         {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});

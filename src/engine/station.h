@@ -22,10 +22,12 @@
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/operations/mod_Admin.h"
+#include "engine/operations/mod_HotKeys.h"
 #include "engine/operations/mod_NetworkUsage.h"
 #include "engine/operations/mod_RemoteCommands.h"
 #include "engine/ports/cClock.h"
 #include "engine/ports/cDesktop.h"
+#include "engine/ports/cHotKeys.h"
 #include "engine/ports/cLink.h"
 #include "engine/ports/cSounds.h"
 #include "engine/ports/cSystemFacts.h"
@@ -57,7 +59,7 @@ class Station : public QObject {
 public:
     // `seed`: for repeatable ids in tests; 0 for real ones.
     Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
-            std::uint64_t seed = 0);
+            HotKeys& keys, std::uint64_t seed = 0);
 
     // Everything from the folders to the first window.
     void start();
@@ -118,6 +120,7 @@ public:
     SharedStatus sharedStatus;
     LocalStatus status;
     OwnPresence presence;
+    QuickHotKeys hotKeys;
     Tones tones;
     Popups popups;
     StatusNotices notices;

@@ -3,6 +3,7 @@
 
 #include "FakeNetwork.h"
 #include "RecordingDesktop.h"
+#include "RecordingHotKeys.h"
 #include "RecordingSounds.h"
 #include "VirtualClock.h"
 #include "engine/station.h"
@@ -30,6 +31,7 @@ public:
     FakeLink link;
     RecordingDesktop desktop;
     RecordingSounds sounds;
+    RecordingHotKeys keys;
     std::unique_ptr<Station> station;
     Station* operator->() { return station.get(); }
 };

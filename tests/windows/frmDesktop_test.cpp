@@ -36,7 +36,7 @@ struct RealDesktop : testing::Test {
     FakeLink link{network};
     MemoryRegistry registry;
     FormDesktop desktop{registry};
-    Station station{world[0].facts, clock, link, desktop, world[0].sounds, 1};
+    Station station{world[0].facts, clock, link, desktop, world[0].sounds, world[0].keys, 1};
 };
 
 } // namespace

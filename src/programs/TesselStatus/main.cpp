@@ -8,6 +8,7 @@
 #include "platform/LocalChannel.h"
 #include "platform/MulticastLink.h"
 #include "platform/Registry.h"
+#include "platform/SessionHotKeys.h"
 #include "platform/Signals.h"
 #include "platform/SoundPlayer.h"
 #include "platform/StartTrace.h"
@@ -76,8 +77,9 @@ int main(int argc, char** argv) {
     MulticastLink link;
     Registry registry;
     SoundPlayer sounds;
+    SessionHotKeys keys;
     FormDesktop desktop(registry);
-    Station station(facts, clock, link, desktop, sounds);
+    Station station(facts, clock, link, desktop, sounds, keys);
     desktop.setStation(station);
 
     const EndSignals endSignals;

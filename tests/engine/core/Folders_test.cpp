@@ -24,7 +24,7 @@ protected:
         facts.documents = home.filePath("documents/");
         facts.userName = "anna";
         facts.hostName = "pc7";
-        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, ++seed);
+        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, keys, ++seed);
         station->start();
         return station->folders.data();
     }
@@ -37,6 +37,7 @@ protected:
     FakeLink link{network};
     RecordingDesktop desktop;
     RecordingSounds sounds;
+    RecordingHotKeys keys;
     std::unique_ptr<Station> station;
 };
 } // namespace

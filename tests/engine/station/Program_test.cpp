@@ -65,7 +65,7 @@ TEST_F(Program, RecordOfTheRunTellsACrash) {
 TEST_F(Program, EndsInOrderAndOnce) {
     WatchingDesktop desktop;
     world.start(0); // settles the folders and the files
-    Station station(me.facts, world.clock, me.link, desktop, me.sounds, 2);
+    Station station(me.facts, world.clock, me.link, desktop, me.sounds, me.keys, 2);
     desktop.station = &station;
     desktop.onShowMain = [&] {
         station.loadMain();
