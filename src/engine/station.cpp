@@ -23,11 +23,12 @@ Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& de
       protocol(own, settings, link), network(own, data, log, clock, link, protocol),
       usage(data, settings, clock, log, protocol),
       endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
-      sharedStatus(data, folders), status(own, data, clock, protocol, desktop, sharedStatus),
-      presence(own, data, clock, protocol), hotKeys(admin, status, log, keys),
-      tones(own, settings, folders, ini, sounds),
-      popups(own, settings, data, clock, desktop), notices(own, settings, favorites, popups, tones),
-      alertBar(settings, clock), history(settings, folders, clock, views),
+      sharedStatus(own, data, folders, clock, protocol, identity),
+      status(own, data, clock, protocol, desktop, sharedStatus), presence(own, data, clock, protocol),
+      hotKeys(admin, status, log, keys), shortcuts(folders, desktop),
+      tones(own, settings, folders, ini, sounds), popups(own, settings, data, clock, desktop),
+      notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
+      history(settings, folders, clock, views),
       alerts(settings, clock, protocol, network, popups, alertBar, tones, history, desktop),
       messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
       menu({own, settings, desktop, shell, network, status, presence, alerts,
@@ -73,6 +74,7 @@ void Station::wire() {
             [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
                 notices.setHere(text, tone, location, SID);
             });
+    connect(&sharedStatus, &SharedStatus::deleted, &status, &LocalStatus::LoadStatusSettings);
     connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
     connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { m_desktop.bringUp(); });
@@ -84,13 +86,10 @@ void Station::wire() {
 void Station::attachOrders() {
     protocol.attach(Code::ZA00, [this](const cPacket&) { tmrExit.setEnabled(true); });
     protocol.attach(Code::ZA01, [this](const cPacket&) { network.RestartNetwork(); });
-    protocol.attach(Code::ZAAS, [this](const cPacket& packet) {
-        Admin::SetAdminKey(ini, folders.data(), packet.bodyValue(1));
-    });
+    protocol.attach(Code::ZAAS,
+                    [this](const cPacket& packet) { Admin::SetAdminKey(data, packet.bodyValue(1)); });
     protocol.attach(Code::ZAGS, [this](const cPacket& packet) {
-        const QString text = packet.bodyValue(1);
-        data.WriteSetting(kUserFile, text.section(ListMark, 0, 0), text.section(ListMark, 1, 1),
-                          text.section(ListMark, 2, 2));
+        Admin::SetUserSettingRemote(data, packet.bodyValue(1));
     });
 }
 
@@ -272,6 +271,7 @@ void Station::ExitProc() {
     m_desktop.closePopups();
     disableTimers();
     hotKeys.UnloadHotKeys();
+    sharedStatus.writePending();
     data.WriteSettings(
         kUserFile, kProgramSection,
         {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});

@@ -25,6 +25,7 @@
 #include "engine/operations/mod_HotKeys.h"
 #include "engine/operations/mod_NetworkUsage.h"
 #include "engine/operations/mod_RemoteCommands.h"
+#include "engine/operations/mod_Shortcuts.h"
 #include "engine/ports/cClock.h"
 #include "engine/ports/cDesktop.h"
 #include "engine/ports/cHotKeys.h"
@@ -121,6 +122,7 @@ public:
     LocalStatus status;
     OwnPresence presence;
     QuickHotKeys hotKeys;
+    Shortcuts shortcuts;
     Tones tones;
     Popups popups;
     StatusNotices notices;

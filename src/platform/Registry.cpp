@@ -1,5 +1,6 @@
 #include "platform/Registry.h"
 
+#include "engine/core/mod_DesktopEntry.h"
 #include "engine/core/mod_FileTools.h"
 
 #include <QSettings>
@@ -28,23 +29,6 @@ private:
 
 constexpr char kPosition[] = "Position";
 constexpr char kSize[] = "Size";
-
-// The desktop entry's rules: a double quote, backtick, dollar and backslash are escaped inside quotes,
-// and the backslash once more as in every value; a per cent sign is doubled.
-QString quotedForExec(const QString& path) {
-    QString out;
-    for (const QChar c : path) {
-        if (c == u'%') {
-            out += u'%';
-        } else if (c == u'"' || c == u'`' || c == u'$') {
-            out += QLatin1String("\\\\");
-        } else if (c == u'\\') {
-            out += QLatin1String("\\\\\\");
-        }
-        out += c;
-    }
-    return u'"' + out + u'"';
-}
 
 } // namespace
 

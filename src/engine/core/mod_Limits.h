@@ -19,6 +19,9 @@ inline constexpr int kMaxEndpoints = 20000;
 inline constexpr int kMaxRowText = 256;
 // A presence block that a row keeps.
 inline constexpr int kMaxPresenceText = 1024;
+// What can be typed: the name of a location, and its note.
+inline constexpr int kLongestLocation = 25;
+inline constexpr int kLongestNote = 65;
 // The Windows user name.
 inline constexpr int kMaxUserName = 25;
 

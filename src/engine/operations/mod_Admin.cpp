@@ -3,6 +3,8 @@
 #include "engine/core/cInifile.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_INIData.h"
+#include "engine/core/mod_Limits.h"
 
 namespace tessel {
 
@@ -21,6 +23,18 @@ constexpr LetterKey kAfterKA[] = {
     {"UserChange", &Admin::UserChange}, {"Updates", &Admin::Updates}, {"HotKeys", &Admin::HotKeys},
     {"UserName", &Admin::UserName},     {"Support", &Admin::Support}, {"SSAdmin", &Admin::SSAdmin},
     {"SSHide", &Admin::SSHide},         {"WTS", &Admin::WTS},         {"ENC", &Admin::ENC}};
+
+// Characters of a value of user.cfg, as they can be typed.
+int limitOf(const QString& section, const QString& key) {
+    const auto is = [&](const char* wantedSection, const char* wantedKey) {
+        return section.trimmed().compare(QLatin1String(wantedSection), Qt::CaseInsensitive) == 0 &&
+               key.trimmed().compare(QLatin1String(wantedKey), Qt::CaseInsensitive) == 0;
+    };
+    if (is("Note", "ACTIVE")) {
+        return kLongestNote;
+    }
+    return is("User", "LOCATION") ? kLongestLocation : kMaxIniValue;
+}
 
 } // namespace
 
@@ -61,11 +75,14 @@ QString Admin::GetAdminFlags() const {
     return flags;
 }
 
-void Admin::SetAdminKey(cInifile& ini, const QString& dataFolder, const QString& text) {
-    ini.Path = dataFolder + kAdminFile;
-    ini.Section = kSection;
-    ini.Key = text.section(ListMark, 0, 0);
-    ini.setValue(text.section(ListMark, 1, 1));
+void Admin::SetAdminKey(INIData& data, const QString& text) {
+    data.WriteSetting(kAdminFile, kSection, text.section(ListMark, 0, 0), text.section(ListMark, 1, 1));
+}
+
+void Admin::SetUserSettingRemote(INIData& data, const QString& text) {
+    const QString section = text.section(ListMark, 0, 0);
+    const QString key = text.section(ListMark, 1, 1);
+    data.WriteSetting(kUserFile, section, key, text.section(ListMark, 2, 2).left(limitOf(section, key)));
 }
 
 } // namespace tessel

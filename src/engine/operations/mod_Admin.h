@@ -8,6 +8,7 @@
 namespace tessel {
 
 class cInifile;
+class INIData;
 
 // Set once at the start: what is written to the file later holds from the next start on.
 class Admin : public Restrictions {
@@ -19,7 +20,10 @@ public:
     QString GetAdminFlags() const;
 
     // Writes a key given as key, `ListMark`, value to tsa.dat of the data folder.
-    static void SetAdminKey(cInifile& ini, const QString& dataFolder, const QString& text);
+    static void SetAdminKey(INIData& data, const QString& text);
+    // Writes a key given as section, key and value, joined by `ListMark`, to user.cfg. Like the above it
+    // holds from the next start on.
+    static void SetUserSettingRemote(INIData& data, const QString& text);
 };
 
 } // namespace tessel

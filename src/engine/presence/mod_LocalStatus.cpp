@@ -16,6 +16,7 @@ namespace {
 
 const QString kSection = QStringLiteral("status");
 constexpr int kHotKeyCount = 3;
+constexpr int kLongestHotKey = 2; // digits of its code
 
 // A whole number, or -1.
 int indexOf(const QString& text) {
@@ -33,12 +34,9 @@ LocalStatus::LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProt
     protocol.attach(Code::XAS0, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS1, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
-    protocol.attach(Code::ZA05, [this](const cPacket& packet) {
-        const QString record = packet.bodyValue(1);
-        writeQuick(record.section(ListMark, 0, 0), true, record);
-    });
+    protocol.attach(Code::ZA05, [this](const cPacket& packet) { SetQuickStatusRemote(packet.bodyValue(1)); });
     protocol.attach(Code::ZA06,
-                    [this](const cPacket& packet) { writeQuick(packet.bodyValue(1), false, {}); });
+                    [this](const cPacket& packet) { ClearQuickStatusRemote(packet.bodyValue(1)); });
 }
 
 void LocalStatus::SetStatus(int Index) {
@@ -198,27 +196,74 @@ void LocalStatus::LoadStatusSettings() {
     emit quickStatusesLoaded();
 }
 
-void LocalStatus::writeQuick(const QString& slot, bool keep, const QString& record) {
-    // The slot comes from outside and becomes part of a key: a number, or nothing is written.
-    const int index = indexOf(slot);
-    if (index < 0 || index >= kQuickCount) {
+// The slot comes from outside and becomes part of a key: a number, or nothing is written.
+void LocalStatus::SetQuickStatusRemote(const QString& text) {
+    const int slot = indexOf(text.section(ListMark, 0, 0));
+    if (slot < 0 || slot >= kQuickCount) {
         return;
     }
-    const QString number = QString::number(index);
-    int part = 1;
-    for (const char* const key : {"N", "M", "H"}) {
-        const QString name = QLatin1String(key) + number;
-        if (keep) {
-            m_data.WriteSetting(kStatusFile, kSection, name, record.section(ListMark, part, part));
-        } else {
-            m_data.DeleteSetting(kStatusFile, kSection, name);
+    const QString number = QString::number(slot);
+    m_data.WriteSettings(kStatusFile, kSection,
+                         {{u'N' + number, text.section(ListMark, 1, 1).left(kLongestStatus)},
+                          {u'M' + number, text.section(ListMark, 2, 2).left(kLongestStatus)},
+                          {u'H' + number, text.section(ListMark, 3, 3).left(kLongestHotKey)}});
+    quickStatusWritten(slot);
+}
+
+void LocalStatus::ClearQuickStatusRemote(const QString& text) {
+    const int slot = indexOf(text);
+    if (slot < 0 || slot >= kQuickCount) {
+        return;
+    }
+    for (const char16_t key : {u'N', u'M', u'H'}) {
+        m_data.DeleteSetting(kStatusFile, kSection, key + QString::number(slot));
+    }
+    quickStatusWritten(slot);
+}
+
+void LocalStatus::quickStatusWritten(int slot) {
+    LoadStatusSettings();
+    if (slot < kHotKeyCount) {
+        emit hotKeyChanged(slot);
+    }
+}
+
+int LocalStatus::SaveStatus(const std::array<QuickRow, kQuickCount>& rows) {
+    for (int slot = 0; slot < kQuickCount; ++slot) {
+        if (rows[static_cast<std::size_t>(slot)].Message.trimmed().size() == 1) {
+            return slot;
         }
-        ++part;
+    }
+    std::vector<cIniDocument::KeyValue> kept;
+    QStringList gone;
+    for (int slot = 0; slot < kQuickCount; ++slot) {
+        const QuickRow& row = rows[static_cast<std::size_t>(slot)];
+        const QString number = QString::number(slot);
+        const QString name = row.Name.trimmed().left(kLongestStatus);
+        if (name.size() >= kShortestStatus) {
+            kept.emplace_back(u'N' + number, name);
+            kept.emplace_back(u'M' + number, row.Message.trimmed().left(kLongestStatus));
+        } else {
+            gone << u'N' + number << u'M' + number;
+        }
+        if (name.size() >= kShortestStatus && row.Shared >= 0) {
+            kept.emplace_back(u'S' + number, QString::number(row.Shared));
+        } else {
+            gone << u'S' + number;
+        }
+        if (slot < kHotKeyCount && row.HotKey >= 0) {
+            kept.emplace_back(u'H' + number, QString::number(row.HotKey));
+        }
+    }
+    m_data.WriteSettings(kStatusFile, kSection, kept);
+    for (const QString& key : gone) {
+        m_data.DeleteSetting(kStatusFile, kSection, key);
     }
     LoadStatusSettings();
-    if (index < kHotKeyCount) {
-        emit hotKeyChanged(index);
+    for (int slot = 0; slot < kHotKeyCount; ++slot) {
+        emit hotKeyChanged(slot);
     }
+    return -1;
 }
 
 } // namespace tessel

@@ -25,6 +25,14 @@ struct QuickStatus {
     QString Shared; // index into the shared statuses, empty for a plain one
 };
 
+// The same as it is edited.
+struct QuickRow {
+    QString Name;
+    QString Message;
+    int Shared = -1; // index into the shared statuses; -1: a plain text
+    int HotKey = 0;  // code; -1 leaves what is stored
+};
+
 class LocalStatus : public QObject {
     Q_OBJECT
 public:
@@ -58,6 +66,13 @@ public:
 
     // Reads status.dat.
     void LoadStatusSettings();
+    // Writes the quick statuses. A row without a name of at least 2 characters is deleted. The number of
+    // the first row whose message has exactly one character, and nothing is written; -1 otherwise.
+    int SaveStatus(const std::array<QuickRow, kQuickCount>& rows);
+    // Writes one quick status, given as slot, name, message and hot key, joined by `ListMark`.
+    void SetQuickStatusRemote(const QString& text);
+    // Deletes the quick status with this number.
+    void ClearQuickStatusRemote(const QString& text);
     const QuickStatus& quick(int Index) const { return m_quick[static_cast<std::size_t>(Index)]; }
     bool latched(int Index) const { return m_latches[static_cast<std::size_t>(Index)]; }
     const SharedStatus& shared() const { return m_shared; }
@@ -80,7 +95,7 @@ signals:
 
 private:
     void setStatusFrom(const cPacket& packet);
-    void writeQuick(const QString& slot, bool keep, const QString& record);
+    void quickStatusWritten(int slot);
     void apply(const QString& text);
     void clearLatches() { m_latches.fill(false); }
 

@@ -2,6 +2,8 @@
 // announced; requests of other locations come in here too.
 #pragma once
 
+#include "engine/core/mod_Limits.h"
+
 #include <QObject>
 #include <QString>
 
@@ -16,7 +18,7 @@ struct OwnState;
 class OwnPresence : public QObject {
     Q_OBJECT
 public:
-    static constexpr int kLongestNote = 65;
+    static constexpr int kLongestNote = tessel::kLongestNote;
 
     OwnPresence(OwnState& own, INIData& data, const Clock& clock, NetworkProtocol& protocol);
 

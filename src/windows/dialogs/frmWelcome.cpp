@@ -2,6 +2,7 @@
 
 #include "controls/edit/ColorTagPicker.h"
 #include "controls/edit/KeyFilterEdit.h"
+#include "engine/core/mod_Limits.h"
 #include "engine/station.h"
 
 #include <QCheckBox>
@@ -16,7 +17,6 @@ namespace {
 
 constexpr int kGrid = 8;
 constexpr int kLineCharacters = 58;
-constexpr int kLongestName = 25;
 // Everything on a keyboard but what separates the values of packets and lists: a name that holds one
 // of those would break each packet of this location.
 constexpr char16_t kAllowed[] = u"0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]{};',./?&"
@@ -58,7 +58,7 @@ frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFil
     m_doorBell->setObjectName(QStringLiteral("chkDoorBell_Nav"));
     m_doorBell->setChecked(m_station.settings.Settings_DBNAV());
     m_name->setAllowedCharacters(QString::fromUtf16(kAllowed));
-    m_name->setMaximumLength(kLongestName);
+    m_name->setMaximumLength(kLongestLocation);
     m_name->setText(m_station.storedLocationName());
     m_name->setAccessibleName(tr("Name of this location"));
     m_name->selectAll();

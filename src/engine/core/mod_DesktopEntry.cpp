@@ -1,0 +1,33 @@
+#include "engine/core/mod_DesktopEntry.h"
+
+namespace tessel {
+
+// A double quote, backtick, dollar and backslash are escaped inside quotes, and the backslash once more
+// as in every value; a per cent sign is doubled.
+QString quotedForExec(const QString& word) {
+    QString out;
+    for (const QChar c : word) {
+        if (c == u'%') {
+            out += u'%';
+        } else if (c == u'"' || c == u'`' || c == u'$') {
+            out += QLatin1String("\\\\");
+        } else if (c == u'\\') {
+            out += QLatin1String("\\\\\\");
+        }
+        out += c;
+    }
+    return u'"' + out + u'"';
+}
+
+QString entryValue(const QString& text) {
+    QString out;
+    for (const QChar c : text) {
+        if (c == u'\\') {
+            out += u'\\';
+        }
+        out += c.category() == QChar::Other_Control ? QChar(u' ') : c;
+    }
+    return out;
+}
+
+} // namespace tessel
