@@ -3,6 +3,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Limits.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_NetworkGroups.h"
 #include "engine/operations/mod_Diagnostics.h"
 
@@ -14,6 +15,12 @@ const QString kProgramSection = QStringLiteral("Program");
 const QString kConfigSection = QStringLiteral("Config");
 const QString kNetKey = QStringLiteral("net");
 const QString kUpdateHelper = QStringLiteral("update.exe");
+
+// What files and the system say of this location may be written by hand or from afar, and travels in
+// every packet: a packet must stay whole, and short enough to send.
+QString fitOwn(const QString& text) {
+    return FitText(QStringView(text).left(kMaxRowText));
+}
 } // namespace
 
 Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
@@ -107,11 +114,12 @@ void Station::start() {
     own.startTime = m_clock.timeText();
     own.windowsUserName = m_facts.userName;
     identity.LoadSID();
+    own.SID = fitOwn(own.SID);
     network.LoadNetworkProtocol();
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
     usage.load();
     own.TAG = settings.User_TAG();
-    own.note = settings.Note_ACTIVE().trimmed().left(kMaxRowText);
+    own.note = fitOwn(settings.Note_ACTIVE()).trimmed();
     if (settings.User_FirstRun()) {
         m_desktop.showWelcome();
     } else {
@@ -125,7 +133,7 @@ void Station::loadMain() {
     tones.LoadToneList();
     shell.tmrTime.setEnabled(true);
     tmrUpdates.setEnabled(settings.Settings_UPD());
-    own.host = m_facts.hostName;
+    own.host = fitOwn(m_facts.hostName);
     loadLocationName();
 }
 
@@ -158,10 +166,7 @@ QString Station::storedLocationName() const {
 }
 
 void Station::loadLocationName() {
-    // The name and the note may be written from afar, and travel in every packet: a packet must stay short
-    // enough to send.
-    own.location =
-        Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName().left(kMaxRowText);
+    own.location = fitOwn(Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName());
 }
 
 void Station::SaveUserName(const WelcomeChoices& choices) {
@@ -170,7 +175,7 @@ void Station::SaveUserName(const WelcomeChoices& choices) {
         own.TAG = choices.tag;
     }
     shell.setDoorbellOffered(choices.doorBell);
-    const QString name = choices.location.trimmed();
+    const QString name = FitText(choices.location).trimmed();
     data.WriteSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"),
                       name.isEmpty() ? own.windowsUserName : name);
     settings.User_FirstRun.set(false);

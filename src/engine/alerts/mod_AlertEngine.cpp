@@ -6,6 +6,7 @@
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cDesktop.h"
@@ -122,19 +123,19 @@ void AlertEngine::sendDoorBellToAll(const QString& text) {
     if (!m_network.CanSend()) {
         return;
     }
-    m_protocol.send(Code::XAD0, text);
+    m_protocol.send(Code::XAD0, FitText(text));
     m_desktop.showBalloon(kProductName, QStringLiteral("Doorbell Sent"));
 }
 
 void AlertEngine::sendToOne(QuickAlert alert, const QString& SID, const QString& text) {
     if (!SID.isEmpty()) {
-        m_protocol.send(codeToOne(alert), QString(SID + ValueMark + text));
+        m_protocol.send(codeToOne(alert), QString(SID + ValueMark + FitText(text)));
     }
 }
 
 void AlertEngine::sendToTag(QuickAlert alert, const QString& SID, int tag, const QString& text) {
     if (!SID.isEmpty()) {
-        m_protocol.send(codeToTag(alert), QString(QString::number(tag) + ValueMark + text));
+        m_protocol.send(codeToTag(alert), QString(QString::number(tag) + ValueMark + FitText(text)));
     }
 }
 
@@ -187,7 +188,7 @@ bool AlertEngine::SendDoorBell_Group(const QString& members, const QString& text
     }
     const QString rest = withoutPrefix(text).left(kLongestDoorBell);
     for (const QString& member : members.split(ListMark)) {
-        sendToOne(QuickAlert::DoorBell, member.section(u':', 1, 1), rest);
+        sendToOne(QuickAlert::DoorBell, ListItemSID(member).toString(), rest);
     }
     m_tones.PlaySentTone();
     return true;

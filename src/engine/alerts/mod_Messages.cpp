@@ -4,6 +4,7 @@
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cClock.h"
 
@@ -66,9 +67,7 @@ bool Messages::isRecipient(const QString& recipients) const {
     for (qsizetype begin = 0; begin <= all.size();) {
         qsizetype end = all.indexOf(ListMark, begin);
         end = end < 0 ? all.size() : end;
-        const QStringView entry = all.sliced(begin, end - begin);
-        const qsizetype colon = entry.indexOf(u':');
-        if (colon >= 0 && !m_own.SID.isEmpty() && entry.sliced(colon + 1) == m_own.SID) {
+        if (ListItemIs(all.sliced(begin, end - begin), m_own.SID)) {
             return true;
         }
         begin = end + ListMark.size();

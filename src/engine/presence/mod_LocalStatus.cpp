@@ -4,6 +4,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_INIData.h"
 #include "engine/core/mod_Limits.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cDesktop.h"
 #include "engine/presence/mod_SharedStatus.h"
@@ -23,6 +24,12 @@ int indexOf(const QString& text) {
     bool ok = false;
     const int number = text.trimmed().toShort(&ok);
     return ok ? number : -1;
+}
+
+// A status travels in every packet, whoever asked for it or wrote it into a file: it must not break them,
+// nor grow too long to send.
+QString fitStatus(const QString& text) {
+    return FitText(QStringView(text).left(kMaxRowText));
 }
 
 } // namespace
@@ -83,17 +90,16 @@ void LocalStatus::ActivateChangeLimiter() {
 
 void LocalStatus::apply(const QString& text) {
     m_own.statusTime = m_clock.timeText();
-    // It travels in every packet from now on, whoever asked for it or wrote it into a file: it must not
-    // grow too long to send.
-    m_own.status = text.left(kMaxRowText);
+    m_own.status = text;
     m_messageBar = m_own.status;
 }
 
 void LocalStatus::SetCustomStatus(const QString& Text) {
-    if (Text.size() < kShortestStatus) {
+    const QString status = fitStatus(Text);
+    if (status.size() < kShortestStatus) {
         return;
     }
-    apply(Text);
+    apply(status);
     for (int index = 0; index < kHotKeyCount; ++index) {
         if (quick(index).Message == Text) {
             m_latches[static_cast<std::size_t>(index)] = true;
@@ -105,11 +111,12 @@ void LocalStatus::SetCustomStatus(const QString& Text) {
 
 bool LocalStatus::SetStatusIDX(int Index) {
     const SharedStatusEntry& entry = m_shared.entry(Index);
-    if (entry.Label.size() < kShortestStatus) {
+    const QString label = fitStatus(entry.Label);
+    if (label.size() < kShortestStatus) {
         return false;
     }
-    apply(entry.Label);
-    m_own.statusTone = entry.Tone;
+    apply(label);
+    m_own.statusTone = fitStatus(entry.Tone);
     m_protocol.send(Code::XAS);
     emit changed();
     return true;

@@ -4,6 +4,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_INIData.h"
 #include "engine/core/mod_Limits.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cClock.h"
 
@@ -35,7 +36,7 @@ void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
 
 void OwnPresence::SetOccupiedStatusRemote(bool named, const QString& name) {
     m_own.occupied = !m_own.occupied;
-    m_own.patientName = m_own.occupied && named ? name : QString();
+    m_own.patientName = m_own.occupied && named ? FitText(name) : QString();
     m_own.occupiedTime = m_own.occupied ? m_clock.timeText() : QString();
     emit changed();
     m_protocol.send(Code::XALU);
@@ -61,7 +62,7 @@ void OwnPresence::ClearStaffTag(const QString& SID) {
 }
 
 void OwnPresence::SetLocationNote(const QString& note) {
-    m_own.note = note.trimmed();
+    m_own.note = FitText(note).trimmed();
     m_data.WriteSetting(kUserFile, QStringLiteral("Note"), QStringLiteral("ACTIVE"), m_own.note);
     emit changed();
     m_protocol.send(Code::XALNU);

@@ -248,7 +248,7 @@ TEST_F(Alerts, DoorBellWindowRingsEveryoneOrAGroup) {
     forget();
     QString members;
     for (int i = 0; i < 12; ++i) {
-        members += QStringLiteral("Room %1:SID%1:more").arg(i) + ListMark;
+        members += QStringLiteral("Room %1: X-ray:SID%1").arg(i) + ListMark;
     }
     me->alerts.SendDoorBell_Group(members + "broken" + ListMark + "empty:" + ListMark, "g:tea");
     const QStringList rung = sent();

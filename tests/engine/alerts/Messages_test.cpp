@@ -35,9 +35,10 @@ TEST_F(MessageRoad, ReachesThoseWhoAreListed) {
     toListed("Ann:333" + ListMark + "Room 1:" + kMe + ListMark + "Bob:444" + ListMark, "2", "among others");
     toListed("Room 1:" + kMe, "3", "no closing mark");
     toListed(":" + kMe, "4", "no name");
-    EXPECT_EQ(texts(), QStringList({"one", "among others", "no closing mark", "no name"}));
+    toListed("Room:1:" + kMe + ListMark, "6", "a colon in the name");
+    EXPECT_EQ(texts(),
+              QStringList({"one", "among others", "no closing mark", "no name", "a colon in the name"}));
     toListed("Ann:333" + ListMark, "5");
-    toListed("Room:1:" + kMe + ListMark, "6");
     toListed(kMe + ListMark, "7");
     toListed("Room 1:" + kMe + "0" + ListMark, "8");
     toListed("Room 1:" + kMe.toLower() + ListMark, "9");
