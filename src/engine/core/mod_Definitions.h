@@ -50,6 +50,13 @@ inline constexpr std::array<Argb, 20> kTagColors{
     argb(175, 186, 20),  argb(17, 94, 50),   argb(53, 60, 214),   argb(8, 8, 8),       argb(108, 106, 104),
     argb(101, 69, 35),   argb(217, 106, 39), argb(161, 29, 29),   argb(246, 5, 209),   argb(109, 45, 187)};
 
+// The ten staff tags; 0 for none.
+inline constexpr int kFirstStaffTag = 30;
+inline constexpr int kStaffTagCount = 10;
+constexpr bool IsLocationTag(int tag) {
+    return tag >= kFirstStaffTag && tag < kFirstStaffTag + kStaffTagCount;
+}
+
 inline constexpr Argb kWhite = argb(255, 255, 255);
 inline constexpr Argb kYellow = argb(255, 255, 0);
 inline constexpr Argb kRed = argb(255, 0, 0);

@@ -254,7 +254,7 @@ void Endpoints::Process_KeepAlive_Times() {
     bool reset = false;
     for (int row = 0; row < m_records.count() && !reset; ++row) {
         ReportRecord& record = *m_records.at(row);
-        item(record, EndpointItem::LastRefresh).backColor = kWhite;
+        item(record, EndpointItem::LastRefresh).backColor = kNoColor; // the paper of whoever draws it
         if (item(record, EndpointItem::SID).text == m_own.SID) {
             reset = watch(record);
         } else if (age(record)) {
@@ -333,7 +333,7 @@ void Endpoints::ProcessStaffUpdate(const QString& Location, const QString& SID, 
     const auto presence = Presence::of(Presence);
     if (SID == m_own.SID) {
         m_own.staffTag = presence.staffTag;
-        m_own.staffTagTime = presence.staffTagTime;
+        m_own.staffTagTime = presence.staffTag != 0 ? presence.staffTagTime : QString();
     }
     if (ReportRecord* const record = m_records.find(SID); record != nullptr) {
         ReportItem& time = item(*record, EndpointItem::StaffTagTime);

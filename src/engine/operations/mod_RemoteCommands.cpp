@@ -42,11 +42,9 @@ void setStatus(Targets& targets, const QString& slot) {
 }
 
 void setStaff(Targets& targets, const QString& text) {
-    constexpr int kHighest = 10;
-    constexpr int kFirstTag = 30;
     const int value = number(text);
-    if (value >= 0 && value <= kHighest) {
-        targets.presence.announceStaffTag(static_cast<std::int16_t>(value == 0 ? 0 : value + kFirstTag - 1));
+    if (value >= 0 && value <= kStaffTagCount) {
+        targets.presence.announceStaffTag(static_cast<std::int16_t>(value == 0 ? 0 : value + kFirstStaffTag - 1));
     }
 }
 

@@ -34,19 +34,30 @@ QString GetNoteBoardToolTip(const QString& patientName) {
     return patientName;
 }
 
-// The status as it stands in the row's presence block. Empty when the row shows another one: a keep-alive
-// brings a status whose own packet was lost, and leaves the block as it was.
+// The status that a row shows, without its age.
 QString statusOfBlock(const ReportRecord& row) {
-    const QString status = item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
-    return item(row, LocationItem::Status).text.startsWith(status) ? status : QString();
+    return item(row, LocationItem::OST).text.section(ValueMark, 0, 0).trimmed();
+}
+
+// The row's presence block with this status in it. A row whose status was cleared holds none.
+QString blockWithStatus(const ReportRecord& row, const QString& status, const QString& time) {
+    QStringList values = item(row, LocationItem::OST).text.split(ValueMark);
+    values.resize(std::max<qsizetype>(values.size(), kPresenceCount));
+    values[static_cast<int>(PresenceValue::Status)] = status;
+    values[static_cast<int>(PresenceValue::StatusTime)] = time;
+    return values.join(ValueMark);
+}
+
+void setTime(ReportRecord& record, const QString& time) {
+    item(record, LocationItem::TIME).text = time;
+    item(record, LocationItem::TIME).value = parseTime(time); // to sort by
 }
 
 void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     item(record, LocationItem::Status).text = text;
     item(record, LocationItem::Status).value = text != kBlank ? 1 : 0;
     record.setTip(static_cast<int>(LocationItem::Status), text != kBlank ? text : QString());
-    item(record, LocationItem::TIME).text = time;
-    item(record, LocationItem::TIME).value = parseTime(time); // to sort by
+    setTime(record, time);
 }
 
 // Pictures say what colours and numbers say, for those who do not see these.
@@ -67,7 +78,8 @@ void setDoNotDisturb(ReportRecord& record, bool doNotDisturb, bool own) {
 
 void setStaffTag(ReportRecord& record, int tag) {
     item(record, LocationItem::Staff).value = tag;
-    item(record, LocationItem::Staff).icon = tag != 0 ? tag : kNoIcon;
+    // A number from elsewhere would draw one of the program's other pictures.
+    item(record, LocationItem::Staff).icon = IsLocationTag(tag) ? tag : kNoIcon;
     record.tag = tag;
 }
 
@@ -260,19 +272,28 @@ void LocationViews::ProcessLocationNoteUpdate(const NoteChanged& change) {
     changed();
 }
 
+// The packet of a status may be lost: what the keep-alive says of it holds for all lists from then on.
 void LocationViews::showStatusTime(ReportRecords& list, const StatusTimeRefreshed& refreshed) const {
     ReportRecord* const record = list.find(refreshed.SID);
     if (record == nullptr || refreshed.status.isEmpty() || refreshed.statusTime.isEmpty()) {
         return;
     }
-    const QString text = withAge(refreshed.status, refreshed.statusTime);
-    ReportItem& status = item(*record, LocationItem::Status);
-    constexpr int kTip = static_cast<int>(LocationItem::Status);
-    if (status.text != text) {
-        status.text = text;
-        record->setTip(kTip, text);
-        list.redraw(*record);
+    const QString status = refreshed.status.trimmed();
+    const QString text = withAge(status, refreshed.statusTime);
+    const bool grown = item(*record, LocationItem::Status).text != text;
+    // The number, since texts of thousands of rows are not in the processor's cache.
+    const bool later = item(*record, LocationItem::TIME).value != parseTime(refreshed.statusTime);
+    if (!grown && !later) {
+        return;
     }
+    if (later || statusOfBlock(*record) != status) {
+        item(*record, LocationItem::OST).text = blockWithStatus(*record, status, refreshed.statusTime);
+        setTime(*record, refreshed.statusTime.trimmed());
+    }
+    item(*record, LocationItem::Status).text = text;
+    item(*record, LocationItem::Status).value = 1;
+    record->setTip(static_cast<int>(LocationItem::Status), text);
+    list.redraw(*record);
 }
 
 void LocationViews::ProcessStatusTime(const StatusTimeRefreshed& refreshed) {
@@ -322,10 +343,8 @@ void LocationViews::refillStatusView() {
             row->item(index) = home->item(index);
         }
         // The age is told anew, for all rows at once.
-        if (const QString status = statusOfBlock(*home); status.size() >= kShortestStatus) {
-            item(*row, LocationItem::Status).text =
-                withAge(status, item(*home, LocationItem::OST).text.section(ValueMark, 1, 1));
-        }
+        item(*row, LocationItem::Status).text =
+            withAge(statusOfBlock(*home), item(*home, LocationItem::TIME).text);
         row->preview = home->preview;
         row->pinned = home->pinned;
         row->tag = home->tag;
@@ -385,8 +404,7 @@ bool GetStatusActive(const ReportRecord& row) {
 }
 
 QString GetCurrentStatus(const ReportRecord& row) {
-    const QString status = statusOfBlock(row);
-    return status.isEmpty() ? withoutAge(item(row, LocationItem::Status).text.trimmed()) : status;
+    return item(row, LocationItem::Status).value != 0 ? statusOfBlock(row) : QString();
 }
 
 int GetLocationTag(const ReportRecord& row) {

@@ -19,8 +19,6 @@ namespace tessel {
 namespace {
 constexpr int kGrid = 8;
 constexpr int kColumns = 3;
-constexpr int kStaffTags = 10;
-constexpr int kFirstStaffTag = 30;
 constexpr int kIconSize = 20;
 } // namespace
 
@@ -106,7 +104,7 @@ QWidget* frmSetStatus::createStaffTags() {
     auto* const row = new QHBoxLayout(group);
     row->setSpacing(kGrid / 2);
     const Images images;
-    for (int index = 0; index < kStaffTags; ++index) {
+    for (int index = 0; index < kStaffTagCount; ++index) {
         auto* const button = new QToolButton(group);
         const QString tip = QStringLiteral("Status tag %1").arg(index + 1);
         button->setObjectName(QStringLiteral("StaffTag%1").arg(index));

@@ -85,14 +85,14 @@ TEST_F(EndpointTable, AgesWhiteYellowRedGone) {
     begin();
     hear("XAN");
     hear("XAN", {}, "talks");
-    const Argb colors[] = {kWhite, kWhite, kYellow, kRed};
+    const Argb colors[] = {kNoColor, kNoColor, kYellow, kRed};
     for (int minutes = 0; minutes < 4; ++minutes) {
         pass();
         EXPECT_EQ(age(), colors[minutes]) << minutes;
         hear("XRKA", {}, "talks");
         pass();
-        EXPECT_EQ(age("talks"), kWhite);
-        EXPECT_EQ(age(kMe), kWhite);
+        EXPECT_EQ(age("talks"), kNoColor);
+        EXPECT_EQ(age(kMe), kNoColor);
         skipMinutes(1);
     }
     pass();
@@ -240,4 +240,7 @@ TEST_F(EndpointTable, TheOwnTagFollowsTheOwnPacket) {
     EXPECT_EQ(me->own.staffTagTime, "7:00:00 AM");
     hear({.code = "XAST", .presence = kBlock});
     EXPECT_EQ(me->own.staffTag, 36) << "another location's tag is not ours";
+    hear({.SID = kMe, .code = "XAST", .presence = presence({}, {}, false, {}, 0, "7:00:00 AM")});
+    EXPECT_EQ(me->own.staffTag, 0);
+    EXPECT_EQ(me->own.staffTagTime, "") << "no tag, no time";
 }

@@ -81,6 +81,9 @@ TEST_F(HomeList, FollowsEachChange) {
     EXPECT_EQ(name().foreColor, kNoColor);
     hear({.code = "XAST", .presence = presence({}, {}, false, {}, 38)});
     EXPECT_EQ(item(*viewRow(), LocationItem::Staff).value, 38);
+    EXPECT_EQ(item(*viewRow(), LocationItem::Staff).icon, 38);
+    hear({.code = "XAST", .presence = presence({}, {}, false, {}, 100)});
+    EXPECT_EQ(item(*viewRow(), LocationItem::Staff).icon, -1) << "not the picture of another command";
     hear({.code = "XAS"});
     EXPECT_EQ(shown(LocationItem::Status), " ");
     EXPECT_EQ(shown(LocationItem::TIME), " ");

@@ -185,6 +185,18 @@ TEST_F(OthersStatus, AStatusWhosePacketWasLostComesWithTheKeepAlive) {
         status("Back: 5min");
         EXPECT_EQ(GetCurrentStatus(home), "Back: 5min") << "its own text, not an age";
     }
+    // Alike at their beginning, or in all but their age: both lists show the same.
+    for (const char* const earlier : {"Back", "Back: 5min"}) {
+        hear({.code = "XRKA", .presence = presence(earlier, "8:25:00 AM")});
+        EXPECT_EQ(shownThere(), QLatin1String(earlier) + ": 35min");
+        EXPECT_EQ(item(home, LocationItem::Status).text, shownThere());
+        EXPECT_EQ(item(home, LocationItem::TIME).text, "8:25:00 AM");
+        EXPECT_EQ(GetCurrentStatus(home), earlier);
+    }
+    hear({.code = "XAS"});
+    EXPECT_EQ(GetCurrentStatus(home), "");
+    hear({.SID = "late", .code = "XAN", .presence = presence("x")});
+    EXPECT_EQ(GetCurrentStatus(*views.rptEndpoints.find(u"late")), "") << "the row shows none";
     world.clock.setLocal(QDateTime(QDate(2026, 3, 3), QTime(0, 5)));
     hear({.code = "XRKA", .presence = presence("Back: 5min", "8:58:00 AM")});
     EXPECT_EQ(shownThere(), "Back: 5min") << "after midnight the age is not known";
