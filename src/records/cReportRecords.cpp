@@ -90,6 +90,11 @@ void ReportRecords::assign(std::vector<ReportRecordPtr> rows) {
     if (rows == m_rows) {
         return;
     }
+    for (const auto& record : rows) {
+        if (record->m_row < 0) {
+            record->m_revision = m_revision + 1; // new here: whoever draws it has never seen it
+        }
+    }
     for (const auto& record : m_rows) {
         record->m_row = -1;
     }

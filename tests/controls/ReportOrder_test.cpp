@@ -74,6 +74,21 @@ TEST(ReportOrder, TheFilterWantsEveryWordInAShownTextOrThePreview) {
     EXPECT_EQ(list.names(), QStringList({"Bobby"}));
 }
 
+// A list filled at one go and sorted: the rows are new to it, so all of them are looked at.
+TEST(ReportOrder, RowsAssignedAtOnceAreSorted) {
+    ReportList list;
+    list.control.setSortKeys({{kName}});
+    list.records.assign({listRecord("1", "Carl"), listRecord("2", "Anna")});
+    list.control.syncNow();
+    EXPECT_EQ(list.names(), QStringList({"Anna", "Carl"}));
+    const ReportRecordPtr kept = list.records.at(1);
+    kept->item(kName).text = "Dora";
+    list.records.redraw(*kept);
+    list.records.assign({listRecord("3", "Bob"), kept});
+    list.control.syncNow();
+    EXPECT_EQ(list.names(), QStringList({"Bob", "Dora"}));
+}
+
 // Wrong here means a row on screen twice, missing, or another's: compared with a plain rebuilding.
 TEST(ReportOrder, AfterAnyMixOfChangesItIsWhatBuildingItAnewWouldGive) {
     ReportList list;

@@ -22,9 +22,11 @@ inline ReportRecordPtr listRecord(const QString& key, const QString& name, const
 
 struct ReportList {
     ReportList() {
+        ReportColumn name{QStringLiteral("Name"), 120, kName};
+        name.text = true;
         control.setColumns({{QStringLiteral("Key"), 0, kKey, false},
                             {QString(), 32, kTag},
-                            {QStringLiteral("Name"), 120, kName},
+                            name,
                             {QStringLiteral("Note"), 120, kNote, true, true}});
         control.setRecords(&records);
         control.resize(400, 300);

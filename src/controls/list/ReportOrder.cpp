@@ -14,7 +14,6 @@ namespace {
 
 constexpr int kRankedChars = 200;    // two rows alike for longer keep the order in which they came
 constexpr int kSearchedChars = 4000; // of each text
-constexpr int kProbedRows = 100;
 
 } // namespace
 
@@ -140,15 +139,9 @@ const ReportItem& ReportOrder::cell(int row, int column) const {
 }
 
 int ReportOrder::textColumn() const {
-    const int probed = std::min(shownCount(), kProbedRows);
-    for (int section = 0; section < columnCount(); ++section) {
-        for (int row = 0; row < probed; ++row) {
-            if (!cell(row, section).text.isEmpty()) {
-                return section;
-            }
-        }
-    }
-    return 0;
+    const auto named = std::find_if(m_columns.begin(), m_columns.end(),
+                                    [](const ReportColumn& column) { return column.text; });
+    return named == m_columns.end() ? 0 : static_cast<int>(named - m_columns.begin());
 }
 
 int ReportOrder::rowCount(const QModelIndex& parent) const {

@@ -21,6 +21,7 @@ struct ReportColumn {
     bool stretch = false; // takes the room that is left; else the last column does
     Qt::Alignment alignment = Qt::AlignLeft;
     bool sortByValue = false; // a click on the header sorts by the item's value, not its text
+    bool text = false;        // what a row is called: see `textColumn`
 };
 
 struct SortKey {
@@ -62,7 +63,7 @@ public:
     int shownCount() const { return static_cast<int>(m_shown.size()); }
     const ReportItem& cell(int row, int column) const;
     const ReportColumn& column(int section) const { return m_columns[static_cast<std::size_t>(section)]; }
-    // The first column that holds text: type-ahead looks there, and previews begin there.
+    // The column that names a row, else the first: type-ahead looks there, and previews begin there.
     int textColumn() const;
 
     int rowCount(const QModelIndex& parent = {}) const override;

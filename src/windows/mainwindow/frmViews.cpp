@@ -55,7 +55,9 @@ void Views::create(View view, ReportRecords& records, const QString& emptyText) 
     ReportColumn color = column("", LocationItem::Icon, 24);
     ReportColumn status = column("Status", LocationItem::Status, 180);
     status.stretch = true;
-    list->setColumns({color, column("Active", LocationItem::Active, 160), status,
+    ReportColumn name = column("Active", LocationItem::Active, 160);
+    name.text = true;
+    list->setColumns({color, name, status,
                       column("Staff", LocationItem::Staff, 60)});
     list->setIconProvider(m_icon);
     list->setEmptyText(emptyText);
