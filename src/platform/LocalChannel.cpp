@@ -107,9 +107,11 @@ void LocalChannel::readRequest(QLocalSocket* socket) {
         }
         return;
     }
-    const QByteArray line = socket->readLine(kLongestRequest + 1);
+    // Blanks belong to the request: commands are compared exactly, and a text keeps its own.
+    QByteArray line = socket->readLine(kLongestRequest + 1);
+    line.chop(1); // canReadLine saw the line feed
     socket->disconnect(this);
-    const QString request = QString::fromUtf8(line).trimmed();
+    const QString request = QString::fromUtf8(line);
     // The answer may run the event loop, and the client may be gone by then.
     const QPointer<QLocalSocket> alive(socket);
     const QString answer = m_answer(request);

@@ -79,7 +79,8 @@ TEST_F(LocalChannelTest, OneStationADataFolderAndTheSecondReachesTheFirst) {
     EXPECT_FALSE(second.claim());
     EXPECT_EQ(askFromOutside(LocalChannel::kBringUp), QStringLiteral("h\u00E9llo bring up"));
     EXPECT_EQ(askFromOutside(QString()), QStringLiteral("h\u00E9llo "));
-    EXPECT_EQ(requests, (QStringList{LocalChannel::kBringUp, QString()}));
+    EXPECT_EQ(askFromOutside(QStringLiteral(" /db:hi  ")), QStringLiteral("h\u00E9llo  /db:hi  "));
+    EXPECT_EQ(requests, (QStringList{LocalChannel::kBringUp, QString(), " /db:hi  "})) << "blanks are text";
 
     SystemFacts other = facts;
     other.appData = QStringLiteral("/home/somebody/.local/share/");

@@ -41,8 +41,10 @@ int iconOf(HistoryCode code) {
     case HistoryCode::Status:
     case HistoryCode::StatusUpdated:
         return 1;
-    default:
+    case HistoryCode::Urgent:
         return 0;
+    default:
+        return -1;
     }
 }
 
