@@ -2,8 +2,9 @@
 
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/ElidedLabel.h"
 
-#include <QFontMetrics>
+#include <QHBoxLayout>
 #include <QHelpEvent>
 #include <QPainter>
 #include <QPushButton>
@@ -11,28 +12,38 @@
 #include <QToolTip>
 
 #include <algorithm>
-#include <array>
 
 namespace tessel {
 
 namespace {
 
 constexpr int kPadding = 8;
-constexpr int kGap = 8;
 constexpr int kIconSize = 16;
-constexpr int kButtonInset = 3; // above and below the button
+constexpr int kButtonInset = 3; // around the button
 constexpr QRgb kWarm = 0xFFF2A33A;
-
-QFont bold(QFont font) {
-    font.setBold(true);
-    return font;
-}
+constexpr int kKeepsRoom = 1000; // of a part, beside a text that gives way
 
 } // namespace
 
 MessageBar::MessageBar(Accent accent, QWidget* parent)
-    : AlertWidget(parent), m_accent(accent), m_button(new QPushButton(this)) {
+    : AlertWidget(parent), m_accent(accent), m_icon(new QLabel(this)), m_button(new QPushButton(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMinimumWidth(1); // a long text must not widen the window
+    auto* const layout = new QHBoxLayout(this);
+    layout->setContentsMargins(kPadding, kButtonInset, kButtonInset, kButtonInset);
+    layout->setSpacing(kPadding);
+    layout->addWidget(m_icon);
+    for (ElidedLabel*& part : m_parts) {
+        const int index = static_cast<int>(&part - m_parts.data());
+        part = new ElidedLabel(this);
+        part->setAttribute(Qt::WA_TransparentForMouseEvents); // the bar has the tip
+        layout->addWidget(part, index == kText ? 1 : kKeepsRoom);
+    }
+    QFont bold;
+    bold.setBold(true);
+    m_parts[kTitle]->setFont(bold);
+    layout->addStretch();
+    layout->addWidget(m_button);
     m_button->setAutoDefault(false); // Enter in a box beside it is not meant for the bar
     m_button->hide();
     connect(m_button, &QPushButton::clicked, this, &MessageBar::buttonClicked);
@@ -43,7 +54,6 @@ void MessageBar::setButton(const QString& caption, const QString& tip) {
     m_button->setText(caption);
     m_button->setToolTip(tip);
     m_button->setVisible(!caption.isEmpty());
-    placeButton();
 }
 
 void MessageBar::setContent(const BarContent& content) {
@@ -51,12 +61,28 @@ void MessageBar::setContent(const BarContent& content) {
     const QString text = whole();
     setAccessibleName(singleLine(text, kTipChars));
     m_told = false;
+    showContent();
     const bool any = !text.isEmpty() || !content.icon.isNull();
     setVisible(any);
     if (any && isVisible()) {
         tell();
     }
-    update();
+}
+
+void MessageBar::showContent() {
+    m_icon->setPixmap(m_content.icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    m_icon->setVisible(!m_content.icon.isNull());
+    const QString name = m_content.name.isEmpty() ? QString() : u'(' + m_content.name + u')';
+    const std::array<QString, kParts> texts{m_content.title, m_content.text, m_content.time, name};
+    QPalette inks;
+    const QColor plain = palette().color(QPalette::WindowText);
+    inks.setColor(QPalette::WindowText, readableOn(plain, back(), plain));
+    for (std::size_t i = 0; i < texts.size(); ++i) {
+        m_parts[i]->setLine(texts[i]);
+        m_parts[i]->setMaximumWidth(m_parts[i]->wholeWidth());
+        m_parts[i]->setVisible(!texts[i].isEmpty());
+        m_parts[i]->setPalette(inks);
+    }
 }
 
 QString MessageBar::whole() const {
@@ -72,17 +98,6 @@ QString MessageBar::whole() const {
     return parts.join(u' ');
 }
 
-QSize MessageBar::sizeHint() const {
-    return {300, minimumSizeHint().height()};
-}
-
-// Narrow whatever is in it: a long text must not widen the window.
-QSize MessageBar::minimumSizeHint() const {
-    const QSize button = m_button->isHidden() ? QSize() : m_button->sizeHint();
-    const int line = std::max({fontMetrics().height(), kIconSize, button.height() - 2});
-    return {2 * kPadding + kIconSize + kGap + button.width(), line + 2 * kButtonInset};
-}
-
 QColor MessageBar::back() const {
     const QColor window = palette().color(QPalette::Window);
     const bool dark = window.lightness() < 128;
@@ -91,94 +106,23 @@ QColor MessageBar::back() const {
                : blend(window, palette().color(QPalette::Highlight), dark ? 0.28 : 0.16);
 }
 
-void MessageBar::placeButton() {
-    const QSize size(m_button->sizeHint().width(), height() - 2 * kButtonInset);
-    const QRect room = rect().adjusted(kPadding, 0, -kButtonInset, 0);
-    m_button->setGeometry(
-        QStyle::alignedRect(layoutDirection(), Qt::AlignRight | Qt::AlignVCenter, size, room));
-    updateGeometry();
-}
-
-QRect MessageBar::textRoom() const {
-    QRect room = rect().adjusted(kPadding, 0, -kPadding, 0);
-    if (!m_button->isHidden()) {
-        room.setRight(room.right() - m_button->width() - kGap);
-    }
-    if (!m_content.icon.isNull()) {
-        room.setLeft(room.left() + kIconSize + kGap);
-    }
-    return room;
-}
-
-// What does not fit is taken from the text first, then from name, title and time.
 void MessageBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor under = back();
-    const QColor plain = palette().color(QPalette::WindowText);
     const QColor strong = m_accent == Accent::Alert ? QColor(kWarm) : palette().color(QPalette::Highlight);
-    painter.fillRect(rect(), under);
-    painter.fillRect(QRect(0, height() - 1, width(), 1), blend(under, strong, 0.6));
+    painter.fillRect(rect(), back());
+    painter.fillRect(QRect(0, height() - 1, width(), 1), blend(back(), strong, 0.6));
     painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, 3, height())), strong);
-    if (!m_content.icon.isNull()) {
-        const QRect icon(kPadding, (height() - kIconSize) / 2, kIconSize, kIconSize);
-        m_content.icon.paint(&painter, QStyle::visualRect(layoutDirection(), rect(), icon));
-    }
-
-    struct Part {
-        QString text;
-        QFont font;
-        int width = 0;
-    };
-    const QString name = m_content.name.isEmpty() ? QString() : u'(' + m_content.name + u')';
-    std::array<Part, 4> parts{Part{m_content.title, bold(font())}, Part{m_content.text, font()},
-                              Part{m_content.time, font()}, Part{name, font()}};
-    const QRect room = textRoom();
-    int over = -kGap - room.width();
-    for (Part& part : parts) {
-        part.text = singleLine(part.text);
-        part.width = QFontMetrics(part.font).horizontalAdvance(part.text) + 1; // it rounds
-        over += part.text.isEmpty() ? 0 : part.width + kGap;
-    }
-    m_cut = over > 0 || m_content.text.size() > kShownChars;
-    // What happened and who it was says more than when, which stands in the history too.
-    if (Part& time = parts[2]; over > 0 && !time.text.isEmpty()) {
-        over -= time.width + kGap;
-        time.text.clear();
-    }
-    const int least = fontMetrics().horizontalAdvance(QStringLiteral("xxx")) + kGap;
-    for (const std::size_t i : {3U, 1U, 0U}) {
-        Part& part = parts[i];
-        const int given = std::clamp(over, 0, std::max(0, part.width - least));
-        part.width -= given;
-        over -= given;
-    }
-    int x = room.left();
-    painter.setPen(readableOn(plain, under, plain));
-    for (const Part& part : parts) {
-        const int width = std::min(part.width, room.right() + 1 - x);
-        if (part.text.isEmpty() || width <= 0) {
-            continue;
-        }
-        const QRect box = QStyle::visualRect(layoutDirection(), rect(), QRect(x, 0, width, height() - 1));
-        painter.setFont(part.font);
-        painter.drawText(box, Qt::AlignVCenter | Qt::AlignLeft | Qt::TextSingleLine,
-                         QFontMetrics(part.font).elidedText(part.text, Qt::ElideRight, width));
-        x += width + kGap;
-    }
 }
 
 bool MessageBar::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
-        const QPoint pos = static_cast<QHelpEvent*>(event)->globalPos();
-        QToolTip::showText(pos, m_cut ? plainTip(whole()) : QString(), this);
+        const bool cut = m_content.text.size() > kShownChars ||
+                         std::ranges::any_of(m_parts, [](const ElidedLabel* part) { return part->isCut(); });
+        QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? plainTip(whole()) : QString(),
+                           this);
         return true;
     }
     return AlertWidget::event(event);
-}
-
-void MessageBar::resizeEvent(QResizeEvent* event) {
-    AlertWidget::resizeEvent(event);
-    placeButton();
 }
 
 void MessageBar::showEvent(QShowEvent* event) {
@@ -188,8 +132,9 @@ void MessageBar::showEvent(QShowEvent* event) {
 
 void MessageBar::changeEvent(QEvent* event) {
     AlertWidget::changeEvent(event);
-    placeButton();
-    update();
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+        showContent();
+    }
 }
 
 void MessageBar::tell() {

@@ -6,9 +6,14 @@
 #include <QIcon>
 #include <QString>
 
+#include <array>
+
+class QLabel;
 class QPushButton;
 
 namespace tessel {
+
+class ElidedLabel;
 
 // All texts are plain. Nothing in it: no bar.
 struct BarContent {
@@ -30,12 +35,10 @@ public:
     explicit MessageBar(Accent accent, QWidget* parent = nullptr);
 
     void setButton(const QString& caption, const QString& tip);
-    // Shows the bar, or hides it when there is nothing to show.
+    // Shows the bar, or hides it when there is nothing to show. Without room for all the text is cut,
+    // and the tip tells the whole.
     void setContent(const BarContent& content);
     const BarContent& content() const { return m_content; }
-
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
 
 signals:
     void buttonClicked();
@@ -43,22 +46,23 @@ signals:
 protected:
     bool event(QEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
-    void resizeEvent(QResizeEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
 
 private:
     QString whole() const;
     QColor back() const;
-    QRect textRoom() const;
-    void placeButton();
+    void showContent();
     void tell();
+
+    enum Part { kTitle, kText, kTime, kName, kParts };
 
     Accent m_accent;
     BarContent m_content;
+    QLabel* m_icon;
+    std::array<ElidedLabel*, kParts> m_parts{};
     QPushButton* m_button;
     bool m_told = false;
-    bool m_cut = false; // as last painted
 };
 
 } // namespace tessel
