@@ -38,7 +38,7 @@ protected:
 
 // A search left standing would hide connections from whoever looks next.
 TEST_F(ActiveConnections, TheFilterPromptsWhileUnusedAndComesBackWhenLeftEmpty) {
-    EXPECT_EQ(filter().text(), "Search");
+    EXPECT_EQ(filter().placeholderText(), "Search");
     EXPECT_EQ(names().size(), 3);
     filter().setFocus();
     EXPECT_EQ(filter().text(), "");
@@ -50,7 +50,7 @@ TEST_F(ActiveConnections, TheFilterPromptsWhileUnusedAndComesBackWhenLeftEmpty) 
     filter().selectAll();
     QTest::keyClick(&filter(), Qt::Key_Delete);
     form->grid()->setFocus();
-    EXPECT_EQ(filter().text(), "Search");
+    EXPECT_EQ(filter().placeholderText(), "Search");
     EXPECT_EQ(names().size(), 3);
 }
 

@@ -39,7 +39,7 @@ protected:
 TEST_F(MainWindow, ListsWhatIsHeardAndFindsIt) {
     open();
     EXPECT_EQ(form->windowTitle(), "Tessel Status");
-    EXPECT_EQ(search().text(), "Search");
+    EXPECT_EQ(search().prompt(), "Search");
     EXPECT_TRUE(shownTexts(*form->homeList(), kName).isEmpty());
     world.run(10);
     EXPECT_EQ(shownTexts(*form->homeList(), kName), QStringList({"Room 1", "Room 2", "Room 3"}));

@@ -14,6 +14,15 @@ namespace {
 
 // A menu as wide as the screen hides what it is about.
 constexpr int kHeadingChars = 60;
+// On a bar; what a quick status or a patient is called must not push the other commands off it.
+constexpr int kBarChars = 24;
+
+// Stands for an icon until it is there, so that no button changes its size.
+QIcon roomForIcon() {
+    QPixmap nothing(1, 1);
+    nothing.fill(Qt::transparent);
+    return nothing;
+}
 
 } // namespace
 
@@ -36,6 +45,10 @@ QString spokenCaption(const QString& caption) {
     return spoken.trimmed();
 }
 
+int smallIconSide(const QFontMetrics& metrics) {
+    return metrics.height() >= 24 ? 24 : 16;
+}
+
 QAction* addMenuHeading(QMenu& menu, const QString& text) {
     auto* const heading = new QAction(plainCaption(singleLine(text, kHeadingChars)), &menu);
     heading->setEnabled(false);
@@ -50,31 +63,39 @@ CommandSet::CommandSet(const std::vector<CommandItem>& items, QObject* parent) :
     m_commands.reserve(static_cast<qsizetype>(items.size()));
     for (const CommandItem& item : items) {
         Q_ASSERT(!m_commands.contains(item.id));
-        auto* const action = new QAction(item.caption, this);
+        auto* const action = new QAction(this);
+        m_commands.insert(item.id, {action, item.icon});
+        setCaption(item.id, item.caption);
         action->setToolTip(item.tip);
         action->setCheckable(item.checkable);
         // Which menu of the system a command would belong to is not to be guessed by its caption.
         action->setMenuRole(QAction::NoRole);
+        if (item.icon >= 0) {
+            action->setIcon(roomForIcon());
+        }
+        if (item.oncePerDoubleClick) {
+            m_once.append(action);
+        }
         connect(action, &QAction::triggered, this, [this, id = item.id] { press(id); });
-        m_commands.insert(item.id, {action, item.icon, item.opensMenu});
     }
 }
 
-QAction* CommandSet::find(int id) const {
-    return m_commands.value(id).action;
-}
-
-bool CommandSet::opensMenu(int id) const {
-    return m_commands.value(id).opensMenu;
-}
-
-bool CommandSet::hasIcon(int id) const {
-    const auto found = m_commands.constFind(id);
-    return found != m_commands.cend() && found->icon >= 0;
+QList<QAction*> CommandSet::actions(const std::vector<int>& ids, QObject* parent) const {
+    QList<QAction*> all;
+    for (const int id : ids) {
+        if (QAction* const action = find(id); action != nullptr) {
+            all.append(action);
+        } else if (id == kSeparator) {
+            all.append(new QAction(parent));
+            all.back()->setSeparator(true);
+        }
+    }
+    return all;
 }
 
 void CommandSet::setCaption(int id, const QString& caption) {
-    if (QAction* const action = find(id); action != nullptr) {
+    if (QAction* const action = find(id); action != nullptr && action->text() != caption) {
+        action->setIconText(plainCaption(singleLine(spokenCaption(caption), kBarChars)));
         action->setText(caption);
     }
 }
@@ -89,7 +110,7 @@ void CommandSet::setIcon(int id, int icon) {
     const auto found = m_commands.find(id);
     if (found != m_commands.end() && found->icon != icon) {
         found->icon = icon;
-        found->action->setIcon(picture(icon));
+        found->action->setIcon(m_iconsWanted || icon < 0 ? picture(icon) : roomForIcon());
     }
 }
 
@@ -108,6 +129,12 @@ void CommandSet::setEnabled(int id, bool enabled) {
 void CommandSet::setVisible(int id, bool visible) {
     if (QAction* const action = find(id); action != nullptr) {
         action->setVisible(visible);
+    }
+}
+
+void CommandSet::setMenu(int id, QMenu* menu) {
+    if (QAction* const action = find(id); action != nullptr) {
+        action->setMenu(menu);
     }
 }
 

@@ -1,15 +1,19 @@
 // The foot of a window: a text, and small panes to press at its end.
 #pragma once
 
-#include "controls/bars/CommandBarsBar.h"
+#include <QStatusBar>
 
 #include <vector>
 
+class QToolButton;
+
 namespace tessel {
 
-class FooterText;
+class CommandBar;
+class CommandSet;
+class ElidedLabel;
 
-class PaneBar : public CommandBar {
+class PaneBar : public QStatusBar {
     Q_OBJECT
 public:
     PaneBar(CommandSet& commands, const std::vector<int>& ids, QWidget* parent = nullptr);
@@ -18,20 +22,12 @@ public:
     void setFooter(const QString& text, const QString& tip = {});
     QString footer() const;
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
-protected:
-    void layOut() override;
-    void fillMenu(CommandButton& button, QMenu& menu) override;
-    CommandButton* standIn(int) const override { return m_more; }
-    void paintEvent(QPaintEvent* event) override;
+    CommandBar& panes() const { return *m_panes; }
+    QToolButton* button(int id) const;
 
 private:
-    FooterText* m_footer;
-    std::vector<CommandButton*> m_panes;
-    std::vector<CommandButton*> m_hidden; // have no room
-    CommandButton* m_more;
+    ElidedLabel* m_footer;
+    CommandBar* m_panes;
 };
 
 } // namespace tessel

@@ -1,413 +1,441 @@
 #include "controls/bars/Ribbon.h"
 
+#include "controls/bars/BarButtons.h"
 #include "controls/bars/CommandBars.h"
+#include "controls/list/ReportText.h"
 
 #include <QAction>
+#include <QGridLayout>
+#include <QGroupBox>
+#include <QKeyEvent>
+#include <QLabel>
 #include <QMenu>
 #include <QPainter>
 #include <QShortcut>
-#include <QShortcutEvent>
+#include <QSignalBlocker>
 #include <QStyle>
+#include <QTabBar>
+#include <QToolButton>
 
 #include <algorithm>
-#include <utility>
+#include <ranges>
 
 namespace tessel {
 
 namespace {
 
-enum Row { kTabRow, kGroupRow };
+enum class GroupForm { Full, Small, Icons, Hidden };
 
-constexpr int kSideGap = 4;
+constexpr int kLargeIcon = 32;
+constexpr int kRows = 3; // small buttons over each other
+constexpr int kPad = 4;
+constexpr double kCaptionSize = 0.85;
+
+// Broken at the blank nearest to the middle.
+QString inTwoLines(QString caption) {
+    const qsizetype middle = caption.size() / 2;
+    const qsizetype before = caption.lastIndexOf(u' ', middle);
+    const qsizetype behind = caption.indexOf(u' ', middle);
+    const bool first = behind < 0 || (before >= 0 && middle - before <= behind - middle);
+    if (const qsizetype at = first ? before : behind; at > 0) {
+        caption[at] = u'\n';
+    }
+    return caption;
+}
 
 } // namespace
 
-Ribbon::Ribbon(CommandSet& commands, RibbonPlan plan, QWidget* parent)
-    : CommandBar(commands, parent), m_plan(std::move(plan)), m_tabRow(new RibbonTabRow(this)) {
+// A group of buttons over its caption. It frames nothing: a line divides it from the next one.
+class RibbonGroupBox : public QGroupBox {
+public:
+    RibbonGroupBox(const RibbonGroup& plan, int tab, CommandSet& commands, BarButtons& buttons,
+                   QWidget* parent)
+        : QGroupBox(parent), m_tab(tab), m_caption(singleLine(plan.caption)),
+          m_label(new QLabel(m_caption, this)), m_grid(new QGridLayout(this)) {
+        setAccessibleName(m_caption);
+        m_grid->setContentsMargins(kPad - 2, 0, kPad, 0);
+        m_grid->setSpacing(1);
+        m_label->setTextFormat(Qt::PlainText);
+        m_label->setAlignment(Qt::AlignCenter);
+        m_label->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Fixed);
+        m_label->setForegroundRole(QPalette::PlaceholderText);
+        for (const RibbonButton& planned : plan.buttons) {
+            if (QAction* const action = commands.find(planned.id); action != nullptr) {
+                auto* const button = new QToolButton(this);
+                button->setDefaultAction(action);
+                button->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Expanding);
+                buttons.adopt(button);
+                connect(action, &QAction::changed, button, [button] { caption(*button); });
+                m_members.push_back({button, planned.large});
+            }
+        }
+    }
+
+    int tab() const { return m_tab; }
+    const QString& name() const { return m_caption; }
+    GroupForm form() const { return m_form; }
+    QList<QAction*> wanted() const {
+        QList<QAction*> all;
+        for (const Member& member : m_members) {
+            if (QAction* const action = member.button->defaultAction(); action->isVisible()) {
+                all.append(action);
+            }
+        }
+        return all;
+    }
+    QToolButton* button(const QAction* action) const {
+        const auto found = std::ranges::find_if(
+            m_members, [action](const Member& member) { return member.button->defaultAction() == action; });
+        return found != m_members.end() ? found->button : nullptr;
+    }
+
+    int room() const { return m_form == GroupForm::Hidden ? 0 : sizeHint().width(); }
+
+    void setForm(GroupForm form) {
+        m_form = form;
+        setVisible(form != GroupForm::Hidden);
+        if (form == GroupForm::Hidden) {
+            return;
+        }
+        const int side = smallIconSide(fontMetrics());
+        int row = 0;
+        int column = 0;
+        for (const auto& [button, wantsLarge] : m_members) {
+            m_grid->removeWidget(button);
+            button->setVisible(button->defaultAction()->isVisible());
+            if (!button->defaultAction()->isVisible()) {
+                continue;
+            }
+            const bool large = wantsLarge && form == GroupForm::Full;
+            button->setIconSize(large ? QSize(kLargeIcon, kLargeIcon) : QSize(side, side));
+            button->setToolButtonStyle(large                      ? Qt::ToolButtonTextUnderIcon
+                                       : form == GroupForm::Icons ? Qt::ToolButtonIconOnly
+                                                                  : Qt::ToolButtonTextBesideIcon);
+            caption(*button);
+            if (row == kRows || (large && row > 0)) {
+                row = 0;
+                ++column;
+            }
+            m_grid->addWidget(button, row, column, large ? kRows : 1, 1);
+            row += large ? kRows : 1;
+        }
+        for (int i = 0; i < kRows; ++i) {
+            m_grid->setRowStretch(i, 1);
+        }
+        QFont small = font();
+        small.setPointSizeF(std::max(7.0, small.pointSizeF() * kCaptionSize));
+        m_label->setFont(small);
+        m_grid->addWidget(m_label, kRows, 0, 1, column + 1);
+        m_label->show();
+        // The first letters of a caption tell nobody anything.
+        m_label->setText(m_caption);
+        if (m_label->sizeHint().width() > sizeHint().width() - 2 * kPad) {
+            m_label->setText(QStringLiteral(" "));
+        }
+    }
+
+protected:
+    void paintEvent(QPaintEvent*) override {
+        QPainter painter(this);
+        const int line = layoutDirection() == Qt::LeftToRight ? width() - 1 : 0;
+        painter.fillRect(QRect(line, kPad, 1, height() - 2 * kPad), palette().color(QPalette::Mid));
+    }
+
+private:
+    struct Member {
+        QToolButton* button = nullptr;
+        bool large = false;
+    };
+
+    // The button takes its action's own caption at each change of it.
+    static void caption(QToolButton& button) {
+        const QString text = button.defaultAction()->iconText();
+        button.setText(button.toolButtonStyle() == Qt::ToolButtonTextUnderIcon ? inTwoLines(text) : text);
+    }
+
+    int m_tab;
+    QString m_caption;
+    QLabel* m_label;
+    QGridLayout* m_grid;
+    std::vector<Member> m_members;
+    GroupForm m_form = GroupForm::Hidden;
+};
+
+Ribbon::Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent)
+    : QWidget(parent), m_commands(commands), m_buttons(new BarButtons(commands, this)),
+      m_system(createMenuButton(plan.systemCaption)), m_tabs(new QTabBar(this)), m_more(createMenuButton({})),
+      m_fold(new QToolButton(this)), m_page(new QWidget(this)) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setMinimumWidth(1); // the tabs scroll, and the groups go into their menu
     setAccessibleName(tr("Commands"));
-    createTabs();
-    createKeys();
+    m_system->menu()->addActions(commands.actions(plan.systemIds, this));
+    createTabs(plan.tabs);
+    createGroups(plan);
+
+    m_more->setIcon(style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton));
+    m_more->setAccessibleName(tr("More commands"));
+    m_more->setToolTip(tr("More commands"));
+    connect(m_more->menu(), &QMenu::aboutToShow, this, &Ribbon::fillMore);
+    m_buttons->adopt(m_fold);
+    connect(m_fold, &QToolButton::clicked, this, [this] { setMinimised(!m_minimised); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_F1, this), &QShortcut::activated, m_fold, &QToolButton::click);
+    m_fold->setVisible(!m_groups.empty());
+    layOut();
+    setTabOrder(m_tabs, this);
+    setMinimised(false);
 }
 
-void Ribbon::createTabs() {
-    m_tabRow->setAccessibleName(tr("Views"));
-    m_system = addMenuButton(m_plan.systemCaption, CommandButton::Glyph::None, kTabRow, this);
-    m_system->setForm(CommandButton::Form::Tab);
-    for (const int id : m_plan.tabs) {
-        CommandButton* const tab = addButton(id, kTabRow, m_tabRow);
-        if (tab == nullptr) {
+QToolButton* Ribbon::createMenuButton(const QString& caption) {
+    auto* const button = new QToolButton(this);
+    button->setText(caption);
+    button->setAccessibleName(spokenCaption(caption));
+    button->setMenu(new QMenu(button));
+    button->setPopupMode(QToolButton::InstantPopup);
+    m_buttons->adopt(button);
+    return button;
+}
+
+void Ribbon::createTabs(const std::vector<int>& ids) {
+    m_tabs->setAccessibleName(tr("Views"));
+    m_tabs->setDrawBase(false);
+    m_tabs->setExpanding(false);
+    m_tabs->setElideMode(Qt::ElideNone); // the first to go would be the counts
+    m_tabs->setUsesScrollButtons(true);
+    for (const int id : ids) {
+        QAction* const action = m_commands.find(id);
+        if (action == nullptr) {
             continue;
         }
-        tab->setForm(CommandButton::Form::Tab);
-        connect(tab, &CommandButton::chosen, this, [this, id] { setCurrentTab(id); });
-        connect(tab, &CommandButton::doubleClicked, this, &Ribbon::toggleMinimised);
-        m_tabs.push_back(tab);
+        const int at = m_tabs->addTab(QString());
+        m_tabs->setTabData(at, id);
+        const auto follow = [this, at, action] {
+            if (const QString text = action->text().trimmed(); m_tabs->tabText(at) != text) {
+                m_tabs->setTabText(at, text);
+            }
+            m_tabs->setTabVisible(at, action->isVisible());
+            m_tabs->setTabEnabled(at, action->isEnabled());
+            m_tabs->setTabToolTip(at, plainTip(action->toolTip()));
+        };
+        connect(action, &QAction::changed, m_tabs, follow);
+        follow();
     }
-    m_tabMenu = addMenuButton(tr("More"), CommandButton::Glyph::More, kTabRow, this);
-    m_tabMenu->setForm(CommandButton::Form::Icon);
+    const auto press = [this](int at) {
+        if (QAction* const action = m_commands.find(m_tabs->tabData(at).toInt()); action != nullptr) {
+            action->trigger();
+        }
+    };
+    connect(m_tabs, &QTabBar::currentChanged, this, [this, press](int at) {
+        queueFit();
+        press(at);
+    });
+    connect(m_tabs, &QTabBar::tabBarClicked, this, [this, press](int at) {
+        m_pressedCurrent = at == m_tabs->currentIndex();
+        if (m_pressedCurrent) {
+            press(at);
+        }
+    });
+    // Many click twice where once is enough, and the first click of the two makes any tab the current one.
+    connect(m_tabs, &QTabBar::tabBarDoubleClicked, this, [this] {
+        if (m_pressedCurrent && !m_groups.empty()) {
+            setMinimised(!m_minimised);
+        }
+    });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
+            [this] { stepTab(-1); });
+    connect(new QShortcut(Qt::CTRL | Qt::Key_PageDown, this), &QShortcut::activated, this,
+            [this] { stepTab(1); });
+}
 
-    auto* const fold = new QAction(this);
-    fold->setShortcut(Qt::CTRL | Qt::Key_F1);
-    addAction(fold);
-    connect(fold, &QAction::triggered, this, &Ribbon::toggleMinimised);
-    m_fold = new CommandButton(fold, CommandButton::Glyph::Up, false, this);
-    m_fold->setForm(CommandButton::Form::Icon);
-    adopt(m_fold, kTabRow);
-
-    m_groupMenu = addMenuButton(tr("More commands"), CommandButton::Glyph::More, kGroupRow, this);
-    m_groupMenu->setForm(CommandButton::Form::Icon);
-    setMinimised(false);
-    if (!m_tabs.empty()) {
-        setCurrentTab(m_tabs.front()->id());
+void Ribbon::createGroups(const RibbonPlan& plan) {
+    for (const auto& [tab, groups] : plan.groups) {
+        for (const RibbonGroup& group : groups) {
+            m_groups.push_back(new RibbonGroupBox(group, tab, m_commands, *m_buttons, m_page));
+            for (const RibbonButton& button : group.buttons) {
+                // An action tells of every change alike, most of which are checks.
+                const QAction* const action = m_commands.find(button.id);
+                if (action != nullptr) {
+                    connect(action, &QAction::changed, this, [this, action] {
+                        const QString look = action->isVisible() ? u'+' + action->iconText() : QString();
+                        if (QString& known = m_looks[action]; known != look) {
+                            known = look;
+                            queueFit();
+                        }
+                    });
+                }
+            }
+        }
     }
 }
 
-void Ribbon::createKeys() {
-    m_previousTab = new QShortcut(Qt::CTRL | Qt::Key_PageUp, this, this, [this] { stepTab(-1); });
-    m_nextTab = new QShortcut(Qt::CTRL | Qt::Key_PageDown, this, this, [this] { stepTab(1); });
+void Ribbon::layOut() {
+    auto* const column = new QVBoxLayout(this);
+    column->setContentsMargins(0, 0, 0, 1);
+    column->setSpacing(1);
+    auto* const row = new QHBoxLayout;
+    row->setSpacing(0);
+    row->addWidget(m_system);
+    row->addWidget(m_tabs, 1);
+    row->addWidget(m_more);
+    row->addWidget(m_fold);
+    column->addLayout(row);
+    column->addWidget(m_page);
+    auto* const groups = new QHBoxLayout(m_page);
+    groups->setContentsMargins(0, 0, 0, 0);
+    groups->setSpacing(0);
+    for (RibbonGroupBox* const group : m_groups) {
+        groups->addWidget(group);
+    }
+    groups->addStretch(1);
+    m_page->setAutoFillBackground(true);
+    m_page->setBackgroundRole(QPalette::Button);
 }
 
-void Ribbon::setTabKeys(const QKeySequence& previous, const QKeySequence& next) {
-    m_previousTab->setKey(previous);
-    m_nextTab->setKey(next);
+int Ribbon::currentTab() const {
+    return m_tabs->tabData(m_tabs->currentIndex()).toInt();
 }
 
 void Ribbon::setCurrentTab(int id) {
-    m_current = id;
-    for (CommandButton* const tab : m_tabs) {
-        tab->setCurrent(tab->id() == id);
+    for (int at = 0; at < m_tabs->count(); ++at) {
+        if (m_tabs->tabData(at).toInt() == id) {
+            const QSignalBlocker quiet(m_tabs);
+            m_tabs->setCurrentIndex(at);
+        }
     }
-    if (isVisible()) {
-        layOutNow();
-        update();
-    }
+    queueFit();
 }
 
 void Ribbon::stepTab(int step) {
-    std::vector<CommandButton*> open;
-    std::ranges::copy_if(m_tabs, std::back_inserter(open),
-                         [](const CommandButton* tab) { return tab->isWanted() && tab->isEnabled(); });
-    if (open.empty()) {
-        return;
+    const int count = m_tabs->count();
+    for (int tried = 1; tried < count; ++tried) {
+        const int at = (m_tabs->currentIndex() + tried * (step + count)) % count;
+        if (m_tabs->isTabVisible(at) && m_tabs->isTabEnabled(at)) {
+            m_tabs->setCurrentIndex(at);
+            return;
+        }
     }
-    const auto at = std::ranges::find(open, m_current, &CommandButton::id);
-    const auto count = std::ssize(open);
-    const auto from = at != open.end() ? at - open.begin() : step > 0 ? count - 1 : 0;
-    open[static_cast<std::size_t>((from + step + count) % count)]->click();
 }
 
 void Ribbon::setMinimised(bool minimised) {
     m_minimised = minimised;
-    m_fold->setGlyph(minimised ? CommandButton::Glyph::Down : CommandButton::Glyph::Up);
-    m_fold->action()->setText(minimised ? tr("Show the commands") : tr("Show the tabs alone"));
-    updateGeometry();
-    if (isVisible()) {
-        layOutNow();
-        update();
-    }
+    m_fold->setArrowType(minimised ? Qt::DownArrow : Qt::UpArrow);
+    m_fold->setToolTip(minimised ? tr("Show the commands") : tr("Show the tabs alone"));
+    m_fold->setAccessibleName(m_fold->toolTip());
+    m_page->setVisible(!minimised && !m_groups.empty());
+    fit();
+    update();
 }
 
-void Ribbon::toggleMinimised() {
-    if (hasGroups()) {
-        setMinimised(!m_minimised);
-        emit minimisedChanged(m_minimised);
-    }
-}
-
-// --- groups --------------------------------------------------------------------------------------
-
-const Ribbon::Groups& Ribbon::groupsOf(int tab) {
-    const auto made = m_groups.find(tab);
-    if (made != m_groups.end()) {
-        return made->second;
-    }
-    Groups& groups = m_groups[tab];
-    const auto plan = m_plan.groups.find(tab);
-    if (plan == m_plan.groups.end()) {
-        return groups;
-    }
-    for (const RibbonGroup& group : plan->second) {
-        auto* const box = new RibbonGroupBox(group.caption, this);
-        for (const RibbonButton& planned : group.buttons) {
-            if (CommandButton* const button = addButton(planned.id, kGroupRow, box); button != nullptr) {
-                box->add(button, planned.large);
-            }
+QToolButton* Ribbon::button(int id) const {
+    const QAction* const action = m_commands.find(id);
+    for (const RibbonGroupBox* const group : m_groups) {
+        if (QToolButton* const found = group->button(action); found != nullptr) {
+            return found;
         }
-        groups.push_back(box);
     }
-    return groups;
+    return nullptr;
 }
 
-Ribbon::Groups Ribbon::shownGroups() {
-    Groups shown;
-    std::ranges::copy_if(groupsOf(kAllTabs), std::back_inserter(shown), &RibbonGroupBox::isWanted);
-    if (m_current != kAllTabs) {
-        std::ranges::copy_if(groupsOf(m_current), std::back_inserter(shown), &RibbonGroupBox::isWanted);
-    }
-    return shown;
-}
-
-bool Ribbon::hasGroups() const {
-    return !m_plan.groups.empty();
-}
-
-bool Ribbon::hasCaptions() const {
-    return std::ranges::any_of(m_plan.groups, [](const auto& page) {
-        return std::ranges::any_of(page.second,
-                                   [](const RibbonGroup& group) { return !group.caption.isEmpty(); });
-    });
+void Ribbon::takeFocus() {
+    m_tabs->setFocus(Qt::ShortcutFocusReason);
 }
 
 // --- room ----------------------------------------------------------------------------------------
 
-int Ribbon::tabHeight() const {
-    return m_system->sizeOf(CommandButton::Form::Tab).height();
-}
-
-int Ribbon::panelHeight() const {
-    if (m_minimised || !hasGroups()) {
-        return 0;
+void Ribbon::queueFit() {
+    if (!m_due) {
+        m_due = true;
+        QMetaObject::invokeMethod(this, &Ribbon::fit, Qt::QueuedConnection);
     }
-    const QFontMetrics captions(RibbonGroupBox::captionFont(font()));
-    return RibbonGroupBox::heightIn(fontMetrics(), captions, hasCaptions()) + 2; // two lines
 }
 
-QSize Ribbon::sizeHint() const {
-    return {600, tabHeight() + std::max(1, panelHeight())};
-}
-
-QSize Ribbon::minimumSizeHint() const {
-    const int icon = m_fold->sizeHint().width();
-    return {m_system->sizeHint().width() + 4 * icon, sizeHint().height()};
-}
-
-void Ribbon::place(QWidget& widget, const QRect& box) const {
-    widget.setGeometry(QStyle::visualRect(layoutDirection(), rect(), box));
-    widget.show();
-}
-
-void Ribbon::layOut() {
-    layOutTabs();
-    layOutGroups();
-    renewMnemonics();
-}
-
-// The current tab always has room; of the others those in front.
-void Ribbon::layOutTabs() {
-    const int height = tabHeight();
-    const int icon = m_fold->sizeHint().width();
-    place(*m_system, {0, 0, m_system->sizeHint().width(), height});
-    const int left = m_system->sizeHint().width();
-    int room = width() - left - (hasGroups() ? icon : 0);
-
-    int all = 0;
-    int reserved = 0;
-    for (const CommandButton* tab : m_tabs) {
-        if (tab->isWanted()) {
-            all += tab->sizeHint().width();
-            reserved += tab->isCurrent() ? tab->sizeHint().width() : 0;
+void Ribbon::fit() {
+    m_due = false;
+    std::vector<RibbonGroupBox*> shown;
+    int height = 0;
+    for (RibbonGroupBox* const group : m_groups) {
+        const bool here =
+            (group->tab() == kAllTabs || group->tab() == currentTab()) && !group->wanted().isEmpty();
+        group->setForm(here ? GroupForm::Full : GroupForm::Hidden);
+        if (here) {
+            height = std::max(height, group->sizeHint().height());
+            shown.push_back(group);
         }
     }
-    const bool menu = all > room || (m_minimised && hasGroups());
-    room -= menu ? icon : 0;
-    m_hiddenTabs.clear();
-    std::vector<std::pair<CommandButton*, int>> shown;
-    int x = 0;
-    bool full = false;
-    for (CommandButton* const tab : m_tabs) {
-        const int wanted = tab->sizeHint().width();
-        if (!tab->isWanted()) {
-            tab->hide();
-        } else if (tab->isCurrent()) {
-            shown.emplace_back(tab, std::min(wanted, room - x));
-            x += shown.back().second;
-            reserved = 0;
-        } else if (!full && x + wanted + reserved <= room) {
-            shown.emplace_back(tab, wanted);
-            x += wanted;
-        } else {
-            full = true;
-            m_hiddenTabs.push_back(tab);
+    m_page->setFixedHeight(height);
+    const auto over = [&] {
+        int room = width();
+        for (const RibbonGroupBox* const group : shown) {
+            room -= group->room();
         }
-    }
-    const QRect row(0, 0, std::max(0, x), height);
-    place(*m_tabRow, row.translated(left, 0));
-    int at = 0;
-    for (const auto& [tab, width] : shown) {
-        tab->setGeometry(QStyle::visualRect(layoutDirection(), row, {at, 0, width, height}));
-        tab->show();
-        at += width;
-    }
-    for (CommandButton* const tab : m_hiddenTabs) {
-        tab->hide();
-    }
-    if (menu) {
-        place(*m_tabMenu, {left + x, 0, icon, height});
-    }
-    m_tabMenu->setVisible(menu);
-    if (hasGroups()) {
-        place(*m_fold, {width() - icon, 0, icon, height});
-    }
-    m_fold->setVisible(hasGroups());
-}
-
-void Ribbon::layOutGroups() {
-    const Groups shown = shownGroups();
-    std::vector<GroupForm> forms(shown.size(), GroupForm::Hidden);
-    const int moreWidth = m_groupMenu->sizeHint().width() + kSideGap;
-    std::vector<GroupWidths> widths;
-    if (!m_minimised) {
-        std::ranges::transform(shown, std::back_inserter(widths), &RibbonGroupBox::widths);
-        forms = fitGroups(widths, width(), moreWidth);
-    }
-    for (const auto& [tab, groups] : m_groups) {
-        for (RibbonGroupBox* const box : groups) {
-            const auto at = std::ranges::find(shown, box);
-            box->setVisible(at != shown.end() &&
-                            forms[static_cast<std::size_t>(at - shown.begin())] != GroupForm::Hidden);
-        }
-    }
-    m_hiddenGroups.clear();
-    const int top = tabHeight() + 1;
-    const int height = panelHeight() - 2;
-    int x = 0;
-    for (std::size_t i = 0; i < shown.size(); ++i) {
-        if (forms[i] == GroupForm::Hidden) {
-            m_hiddenGroups.push_back(shown[i]);
-            continue;
-        }
-        const int width = widths[i][static_cast<std::size_t>(forms[i])];
-        place(*shown[i], {x, top, width, height});
-        shown[i]->arrange(forms[i], hasCaptions());
-        x += width;
-    }
-    const bool more = !m_hiddenGroups.empty() && !m_minimised;
-    if (more) {
-        place(*m_groupMenu, {x + kSideGap, top + kSideGap, moreWidth - kSideGap, height - 2 * kSideGap});
-    }
-    m_groupMenu->setVisible(more);
-}
-
-// --- menus ---------------------------------------------------------------------------------------
-
-void Ribbon::fillMenu(CommandButton& button, QMenu& menu) {
-    if (&button == m_system) {
-        for (const int id : m_plan.systemIds) {
-            if (QAction* const action = commands().find(id); action != nullptr) {
-                menu.addAction(action);
-            } else if (id == kMenuSeparator) {
-                menu.addSeparator();
+        return room < 0;
+    };
+    bool hidden = false;
+    for (const GroupForm form : {GroupForm::Small, GroupForm::Icons, GroupForm::Hidden}) {
+        for (RibbonGroupBox* const group : std::views::reverse(shown)) {
+            if (!over()) {
+                break;
             }
-        }
-        return;
-    }
-    if (&button == m_tabMenu) {
-        for (CommandButton* const tab : m_hiddenTabs) {
-            QAction* const entry = menu.addAction(tab->action()->text(), tab, &CommandButton::click);
-            entry->setEnabled(tab->isEnabled());
-        }
-        if (!m_minimised) {
-            return;
+            // A single button is narrower with its icon above the caption than beside it.
+            const GroupForm before = group->form();
+            const int room = group->room();
+            group->setForm(form);
+            if (group->room() > room) {
+                group->setForm(before);
+            }
+            hidden = hidden || group->form() == GroupForm::Hidden;
         }
     }
-    for (const RibbonGroupBox* box : m_hiddenGroups) {
-        if (box->caption().isEmpty()) {
-            menu.addSeparator();
-        } else {
-            addMenuHeading(menu, box->caption());
-        }
-        for (const CommandButton* command : box->wanted()) {
-            menu.addAction(command->action());
+    m_more->setVisible(hidden || (m_minimised && !shown.empty()));
+}
+
+void Ribbon::fillMore() {
+    QMenu& menu = *m_more->menu();
+    menu.clear();
+    for (const RibbonGroupBox* const group : m_groups) {
+        const bool here = group->tab() == kAllTabs || group->tab() == currentTab();
+        if (here && (m_minimised || group->form() == GroupForm::Hidden) && !group->wanted().isEmpty()) {
+            if (!group->name().isEmpty()) {
+                addMenuHeading(menu, group->name());
+            }
+            menu.addActions(group->wanted());
         }
     }
 }
 
-CommandButton* Ribbon::standIn(int id) const {
-    if (std::ranges::find(m_plan.systemIds, id) != m_plan.systemIds.end()) {
-        return m_system;
-    }
-    const bool tab = std::ranges::find(m_plan.tabs, id) != m_plan.tabs.end();
-    return tab || m_minimised ? m_tabMenu : m_groupMenu->isVisible() ? m_groupMenu : nullptr;
+// --- events --------------------------------------------------------------------------------------
+
+void Ribbon::resizeEvent(QResizeEvent* event) {
+    QWidget::resizeEvent(event);
+    fit();
 }
 
-// --- keyboard ------------------------------------------------------------------------------------
-
-CommandButton* Ribbon::firstStop() const {
-    const auto current = std::ranges::find_if(m_tabs, &CommandButton::isCurrent);
-    return current != m_tabs.end() && canFocus(*current) ? *current : CommandBar::firstStop();
-}
-
-// The buttons' own shortcuts would sleep while they have no room.
-void Ribbon::renewMnemonics() {
-    std::map<int, QKeySequence> wanted; // by command; 0 is the system menu
-    const QKeySequence system = QKeySequence::mnemonic(m_system->action()->text());
-    wanted[0] = system.isEmpty() ? QKeySequence(Qt::ALT | Qt::Key_F) : system;
-    for (const CommandButton* tab : m_tabs) {
-        wanted[tab->id()] = QKeySequence::mnemonic(tab->action()->text());
-    }
-    for (const RibbonGroupBox* box : shownGroups()) {
-        for (const CommandButton* command : box->wanted()) {
-            wanted[command->id()] = QKeySequence::mnemonic(command->action()->text());
-        }
-    }
-    if (wanted == m_wantedMnemonics) {
-        return;
-    }
-    m_wantedMnemonics = wanted;
-    for (const auto& [shortcut, id] : m_mnemonics) {
-        releaseShortcut(shortcut);
-    }
-    m_mnemonics.clear();
-    for (const auto& [id, key] : wanted) {
-        if (!key.isEmpty()) {
-            m_mnemonics[grabShortcut(key)] = id;
-        }
+void Ribbon::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::StyleChange) {
+        m_more->setIcon(style()->standardIcon(QStyle::SP_ToolBarHorizontalExtensionButton));
+        queueFit();
     }
 }
 
-bool Ribbon::event(QEvent* event) {
-    if (event->type() == QEvent::Shortcut) {
-        const auto* const shortcut = static_cast<QShortcutEvent*>(event);
-        if (const auto found = m_mnemonics.find(shortcut->shortcutId()); found != m_mnemonics.end()) {
-            pressMnemonic(found->second, shortcut->isAmbiguous());
-            return true;
-        }
+// The tabs leave these to the ribbon.
+void Ribbon::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Down) {
+        m_buttons->enter();
+    } else if (event->key() != Qt::Key_Escape || !m_buttons->goBack()) {
+        QWidget::keyPressEvent(event);
     }
-    return CommandBar::event(event);
-}
-
-// Where two commands share a letter the keyboard goes from one to the other, and neither is pressed.
-void Ribbon::pressMnemonic(int id, bool ambiguous) {
-    CommandButton* const target = id == 0 ? m_system : button(id);
-    if (target == nullptr || !target->isWanted() || !target->isEnabled()) {
-        return;
-    }
-    if (ambiguous) {
-        CommandButton* const reached = canFocus(target) ? target : standIn(id);
-        if (canFocus(reached)) {
-            reached->setFocus(Qt::ShortcutFocusReason);
-        }
-        return;
-    }
-    const KeyboardUse keyed(*this);
-    target->click();
 }
 
 void Ribbon::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor border = palette().color(QPalette::Mid);
-    const int top = tabHeight();
-    if (panelHeight() > 0) {
-        painter.fillRect(QRect(0, top, width(), height() - top), palette().color(QPalette::Button));
-    }
-    painter.fillRect(QRect(0, height() - 1, width(), 1), border);
+    const QColor line = palette().color(QPalette::Mid);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), line);
     // The current tab is open to the page under it.
-    painter.fillRect(QRect(0, top, width(), 1), border);
-    const auto current = std::ranges::find_if(m_tabs, &CommandButton::isCurrent);
-    if (panelHeight() > 0 && current != m_tabs.end() && (*current)->isVisible()) {
-        const QRect tab((*current)->mapTo(this, QPoint()), (*current)->size());
-        painter.fillRect(QRect(tab.left() + 1, top, tab.width() - 2, 1), palette().color(QPalette::Button));
+    painter.fillRect(QRect(0, m_page->y() - 1, width(), 1), line);
+    const QRect tab = m_tabs->tabRect(m_tabs->currentIndex()).translated(m_tabs->pos());
+    if (m_page->isVisible()) {
+        painter.fillRect(QRect(tab.left() + 1, m_page->y() - 1, tab.width() - 2, 1),
+                         palette().color(QPalette::Button));
     }
 }
 

@@ -5,15 +5,22 @@
 // every press, of a tab too.
 #pragma once
 
-#include "controls/bars/CommandBarsBar.h"
-#include "controls/bars/RibbonGroups.h"
+#include <QHash>
+#include <QWidget>
 
 #include <map>
 #include <vector>
 
-class QShortcut;
+class QAction;
+class QMenu;
+class QTabBar;
+class QToolButton;
 
 namespace tessel {
+
+class BarButtons;
+class CommandSet;
+class RibbonGroupBox;
 
 struct RibbonButton {
     int id = 0;
@@ -25,83 +32,63 @@ struct RibbonGroup {
     std::vector<RibbonButton> buttons;
 };
 
-inline constexpr int kMenuSeparator = 0; // among ids
 inline constexpr int kAllTabs = 0;
 
 struct RibbonPlan {
-    QString systemCaption; // without a mnemonic it is reached by Alt+F
+    QString systemCaption; // with its mnemonic
     std::vector<int> systemIds;
     std::vector<int> tabs;
     std::map<int, std::vector<RibbonGroup>> groups; // by tab, those of kAllTabs stand first
 };
 
-class Ribbon : public CommandBar {
+class Ribbon : public QWidget {
     Q_OBJECT
 public:
-    Ribbon(CommandSet& commands, RibbonPlan plan, QWidget* parent = nullptr);
+    Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent = nullptr);
 
-    int currentTab() const { return m_current; }
+    int currentTab() const;
     // Shows the tab's page; nothing is triggered.
     void setCurrentTab(int id);
-    // Ctrl+Page Up and Ctrl+Page Down otherwise.
-    void setTabKeys(const QKeySequence& previous, const QKeySequence& next);
 
-    // Shows the tabs alone. The commands are in the menu of the row of tabs then.
+    // Shows the tabs alone, as Ctrl+F1 and a double click on the current tab do. The commands are in the
+    // menu at the end of the tabs then.
     bool isMinimised() const { return m_minimised; }
     void setMinimised(bool minimised);
 
-    QSize sizeHint() const override;
-    QSize minimumSizeHint() const override;
-
-signals:
-    // The user did it; the setter does not tell.
-    void minimisedChanged(bool minimised);
+    // Null for a command that has no button here. One without room is hidden and in the menu at the end.
+    QToolButton* button(int id) const;
+    // Gives the tabs the keyboard; the arrow down leads on to the buttons, Escape back.
+    void takeFocus();
 
 protected:
-    void layOut() override;
-    void fillMenu(CommandButton& button, QMenu& menu) override;
-    CommandButton* standIn(int id) const override;
-    CommandButton* firstStop() const override;
-    bool event(QEvent* event) override;
+    void changeEvent(QEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
     void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
-    using Groups = std::vector<RibbonGroupBox*>;
-
-    void createTabs();
-    void createKeys();
-    const Groups& groupsOf(int tab);
-    Groups shownGroups();
-    bool hasGroups() const;
-    bool hasCaptions() const;
-    int panelHeight() const;
-    int tabHeight() const;
-    void layOutTabs();
-    void layOutGroups();
-    void place(QWidget& widget, const QRect& box) const;
+    QToolButton* createMenuButton(const QString& caption);
+    void createTabs(const std::vector<int>& ids);
+    void createGroups(const RibbonPlan& plan);
+    void layOut();
     void stepTab(int step);
-    void toggleMinimised();
-    void renewMnemonics();
-    void pressMnemonic(int id, bool ambiguous);
+    void fillMore();
+    // Gives each group the widest form with which all are in the room, the first ones first.
+    void fit();
+    void queueFit();
 
-    RibbonPlan m_plan;
-    int m_current = 0;
+    CommandSet& m_commands;
+    BarButtons* m_buttons;
+    QToolButton* m_system;
+    QTabBar* m_tabs;
+    QToolButton* m_more; // what has no room
+    QToolButton* m_fold;
+    QWidget* m_page;
+    std::vector<RibbonGroupBox*> m_groups;
+    QHash<const QAction*, QString> m_looks; // what the room was shared out for
     bool m_minimised = false;
-
-    RibbonTabRow* m_tabRow;
-    CommandButton* m_system = nullptr;
-    std::vector<CommandButton*> m_tabs;
-    CommandButton* m_tabMenu = nullptr; // what has no room in the row of tabs, or under it
-    CommandButton* m_fold = nullptr;
-    CommandButton* m_groupMenu = nullptr;
-    std::map<int, Groups> m_groups; // made when their tab is shown for the first time
-    std::vector<CommandButton*> m_hiddenTabs;
-    Groups m_hiddenGroups;
-
-    QShortcut* m_previousTab = nullptr;
-    QShortcut* m_nextTab = nullptr;
-    std::map<int, int> m_mnemonics; // command by the number of its shortcut
-    std::map<int, QKeySequence> m_wantedMnemonics;
+    bool m_due = false;
+    bool m_pressedCurrent = false; // when the mouse was last pressed on a tab
 };
 
 } // namespace tessel

@@ -5,7 +5,7 @@
 
 namespace tessel {
 
-// The prompt is the box's own text, and text equal to the prompt is no search.
+// A text equal to the prompt is no search.
 class PromptEdit : public QLineEdit {
     Q_OBJECT
 public:
@@ -16,10 +16,10 @@ public:
     void setPrompt(const QString& prompt);
     // The back of the box. On a dark desktop a dark shade of it, so that the text stays readable.
     void setBackColor(const QColor& color);
-    // Puts the prompt back and so ends the search.
+    // Empties the box and so ends the search.
     void clearSearch();
     // What is searched for; empty for nothing.
-    QString searchText() const;
+    QString searchText() const { return text() == m_prompt ? QString() : text(); }
 
 signals:
     void searchChanged(const QString& text);
@@ -32,10 +32,7 @@ protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
-    void dimPrompt();
-
     QString m_prompt;
-    QColor m_back;  // not valid: the desktop's
     QString m_told; // the search as last told
 };
 

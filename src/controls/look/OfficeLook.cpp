@@ -7,12 +7,17 @@
 #include <QPalette>
 #include <QProxyStyle>
 #include <QStyleOption>
+#include <QTabBar>
+#include <QToolButton>
 
 namespace tessel {
 
 namespace {
 
 constexpr int kMiddleLightness = 128;
+constexpr int kArrowRoom = 12;     // of the arrow behind the caption of a button that opens a menu
+constexpr int kTabSpace = 18;      // beside the caption of a tab, both sides together
+constexpr int kMark = 2;           // the bar that marks a checked command or the current tab
 constexpr double kMenuTint = 0.22; // of the accent colour on the row that is chosen
 
 struct Shades {
@@ -55,6 +60,11 @@ QPalette paletteOf(const Shades& s) {
     return palette;
 }
 
+QFontMetrics boldMetrics(QFont font) {
+    font.setBold(true);
+    return QFontMetrics(font);
+}
+
 class OfficeStyle : public QProxyStyle {
 public:
     explicit OfficeStyle(bool dark) : QProxyStyle(QStringLiteral("Fusion")), m_dark(dark) {}
@@ -71,9 +81,24 @@ public:
     // pictures before the captions would be lost.
     void drawControl(ControlElement element, const QStyleOption* option, QPainter* painter,
                      const QWidget* widget) const override {
+        const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        if (element == CE_ToolBar) {
+            return; // a bar is no more than its buttons
+        }
+        if (element == CE_TabBarTabShape && tab != nullptr) {
+            drawTab(*tab, *painter);
+            return;
+        }
         const auto* const item = qstyleoption_cast<const QStyleOptionMenuItem*>(option);
         if (element != CE_MenuItem || item == nullptr) {
+            painter->save();
+            if (element == CE_TabBarTabLabel && option->state.testFlag(State_Selected)) {
+                QFont bold = painter->font();
+                bold.setBold(true);
+                painter->setFont(bold);
+            }
             QProxyStyle::drawControl(element, option, painter, widget);
+            painter->restore();
             return;
         }
         QStyleOptionMenuItem tinted = *item;
@@ -84,9 +109,92 @@ public:
         QProxyStyle::drawControl(element, &tinted, painter, widget);
     }
 
+    // Room for the arrow beside the caption, and for the bold caption of the tab that is open.
+    QSize sizeFromContents(ContentsType type, const QStyleOption* option, const QSize& contents,
+                           const QWidget* widget) const override {
+        QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
+        const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        if (type == CT_ToolButton && button != nullptr && opensMenu(*button)) {
+            size.rwidth() += kArrowRoom;
+        }
+        const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option);
+        if (type == CT_TabBarTab && tab != nullptr && widget != nullptr) {
+            size.rwidth() += boldMetrics(widget->font()).horizontalAdvance(tab->text) -
+                             widget->fontMetrics().horizontalAdvance(tab->text);
+        }
+        return size;
+    }
+
+    int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
+        switch (metric) {
+        case PM_TabBarTabOverlap:
+        case PM_TabBarTabShiftVertical:
+        case PM_TabBarTabShiftHorizontal:
+            return 0;
+        case PM_TabBarTabHSpace:
+            return kTabSpace;
+        default:
+            return QProxyStyle::pixelMetric(metric, option, widget);
+        }
+    }
+
+    void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
+                            const QWidget* widget) const override {
+        const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        if (control != CC_ToolButton || button == nullptr || !opensMenu(*button)) {
+            QProxyStyle::drawComplexControl(control, option, painter, widget);
+            return;
+        }
+        drawToolPanel(*button, *painter);
+        QStyleOptionToolButton rest = *button;
+        rest.features &= ~QStyleOptionToolButton::HasMenu;
+        rest.state &= ~(State_Raised | State_Sunken | State_On | State_MouseOver);
+        const QRect arrow(rest.rect.right() - kArrowRoom, rest.rect.top(), kArrowRoom - 4,
+                          rest.rect.height());
+        rest.rect.setRight(rest.rect.right() - kArrowRoom + 4);
+        rest.rect = visualRect(option->direction, option->rect, rest.rect);
+        QProxyStyle::drawComplexControl(control, &rest, painter, widget);
+        rest.rect = visualRect(option->direction, option->rect, arrow);
+        QProxyStyle::drawPrimitive(PE_IndicatorArrowDown, &rest, painter, widget);
+    }
+
+    // The style's own is drawn for a light window alone.
+    QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
+                       const QWidget* widget) const override {
+        if (icon != SP_ToolBarHorizontalExtensionButton) {
+            return QProxyStyle::standardIcon(icon, option, widget);
+        }
+        constexpr int kSide = 16;
+        QPixmap picture(kSide, kSide);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(QApplication::palette().color(QPalette::ButtonText), 1.5));
+        for (const double left : {4.0, 9.0}) {
+            painter.drawPolyline(QPolygonF({QPointF(left, 4), QPointF(left + 4, 8), QPointF(left, 12)}));
+        }
+        return picture;
+    }
+
     // The style draws frames darker than the window, which nobody sees on a dark one.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
+        if (element == PE_PanelButtonTool) {
+            drawToolPanel(*option, *painter);
+            return;
+        }
+        if (element == PE_PanelStatusBar) {
+            painter->fillRect(QRect(0, 0, option->rect.width(), 1), option->palette.color(QPalette::Mid));
+            return;
+        }
+        const bool bar = qobject_cast<const QToolButton*>(widget) != nullptr ||
+                         qobject_cast<const QTabBar*>(widget) != nullptr;
+        if (element == PE_FrameFocusRect && bar) {
+            painter->setPen(QPen(option->palette.color(QPalette::Highlight), 2));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(-1, -1, 1, 1));
+            return;
+        }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         if (m_dark && element == PE_PanelMenu) {
             painter->setPen(option->palette.color(QPalette::Mid));
@@ -113,6 +221,53 @@ public:
     }
 
 private:
+    static bool opensMenu(const QStyleOptionToolButton& button) {
+        return button.features.testFlag(QStyleOptionToolButton::HasMenu) &&
+               !button.features.testFlag(QStyleOptionToolButton::MenuButtonPopup);
+    }
+
+    // Each state has a shape of its own beside its colour: hovered a frame, pressed a thick one, checked
+    // a bar at the foot.
+    static void drawToolPanel(const QStyleOption& option, QPainter& painter) {
+        const bool enabled = option.state.testFlag(State_Enabled);
+        const bool down = option.state.testFlag(State_Sunken);
+        const bool checked = option.state.testFlag(State_On);
+        if (!down && !checked && !(enabled && option.state.testFlag(State_MouseOver))) {
+            return;
+        }
+        const QPalette& palette = option.palette;
+        const QColor accent = palette.color(QPalette::Highlight);
+        const QColor under = palette.color(QPalette::Button);
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(enabled ? blend(under, accent, down ? 1.0 : 0.6) : palette.color(QPalette::Mid),
+                            down ? 2 : 1));
+        painter.setBrush(blend(under, accent, down ? 0.34 : checked ? 0.2 : 0.1));
+        painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+        if (checked) {
+            painter.fillRect(
+                QRect(option.rect.left() + 3, option.rect.bottom() - kMark, option.rect.width() - 6, kMark),
+                enabled ? accent : palette.color(QPalette::PlaceholderText));
+        }
+        painter.restore();
+    }
+
+    // The current tab is open at its foot, where its page begins.
+    static void drawTab(const QStyleOptionTab& tab, QPainter& painter) {
+        const QPalette& palette = tab.palette;
+        const QColor accent = palette.color(QPalette::Active, QPalette::Highlight);
+        const QRect& box = tab.rect;
+        if (tab.state.testFlag(State_Selected)) {
+            const QColor border = palette.color(QPalette::Mid);
+            painter.fillRect(box, palette.color(QPalette::Button));
+            painter.fillRect(QRect(box.left(), box.top(), 1, box.height()), border);
+            painter.fillRect(QRect(box.right(), box.top(), 1, box.height()), border);
+            painter.fillRect(QRect(box.left(), box.top(), box.width(), kMark + 1), accent);
+        } else if (tab.state.testFlag(State_MouseOver) && tab.state.testFlag(State_Enabled)) {
+            painter.fillRect(box.adjusted(1, 1, -1, 0), blend(palette.color(QPalette::Window), accent, 0.12));
+        }
+    }
+
     bool m_dark;
 };
 

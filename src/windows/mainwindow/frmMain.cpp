@@ -1,10 +1,10 @@
 #include "windows/mainwindow/frmMain.h"
 
+#include "controls/bars/CommandBar.h"
 #include "controls/bars/CommandBars.h"
 #include "controls/bars/CommandMenu.h"
 #include "controls/bars/MessageBar.h"
 #include "controls/bars/PaneBar.h"
-#include "controls/bars/QuickBar.h"
 #include "controls/bars/Ribbon.h"
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/ReportControl.h"
@@ -68,11 +68,12 @@ void frmMain::createCommands() {
     m_commands->setVisible(kCheckForUpdates, updates);
     m_commands->setVisible(kUpdateOptions, updates);
     connect(m_commands, &CommandSet::triggered, this, [this](int id) { execute(id); });
+    CreateSortMenu();
 }
 
 void frmMain::createBars() {
     m_ribbon = new Ribbon(*m_commands, ribbonPlan(), this);
-    m_quickBar = new QuickBar(*m_commands, quickBarIds(), this);
+    m_quickBar = new CommandBar(*m_commands, quickBarIds(), tr("Quick commands"), this);
     m_panes = new PaneBar(*m_commands, paneIds(), this);
     m_alertBar = new MessageBar(MessageBar::Accent::Alert, this);
     m_alertBar->setObjectName(QStringLiteral("AlertBar"));
@@ -186,9 +187,6 @@ void frmMain::execute(int id, const QString& text) {
     case kUpdateOptions:
         m_station.startUpdateHelper(UpdateRun::Configure);
         break;
-    case kSortMenu:
-        showSortMenu();
-        break;
     default:
         m_station.menu.Execute(id, m_views->currentRow(), text);
         break;
@@ -251,12 +249,12 @@ void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos
     menu->popup(globalPos);
 }
 
-void frmMain::showSortMenu() {
+void frmMain::CreateSortMenu() {
     auto* const menu = new CommandMenu(*m_commands, this);
-    menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setEntries(sortMenu());
+    // Its pictures are drawn when it is first looked at.
+    connect(menu, &QMenu::aboutToShow, menu, [menu] { menu->setEntries(sortMenu()); });
     connect(menu, &CommandMenu::triggered, this, [this](int id) { execute(id); });
-    m_panes->openMenu(kSortMenu, *menu);
+    m_commands->setMenu(kSortMenu, menu);
 }
 
 void frmMain::showFooter() {

@@ -12,12 +12,12 @@
 
 namespace tessel {
 
+class CommandBar;
 class CommandMenu;
 class CommandSet;
 class MessageBar;
 class PaneBar;
 class PromptEdit;
-class QuickBar;
 class ReportControl;
 class Ribbon;
 class Station;
@@ -54,6 +54,7 @@ protected:
 
 private:
     void createCommands();
+    void CreateSortMenu();
     void createBars();
     void createSearch();
     void createShortcuts();
@@ -69,7 +70,6 @@ private:
     void showMessageBars();
     void search(const QString& text);
     void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
-    void showSortMenu();
     void applyOnTop();
     void restorePlace();
 
@@ -78,7 +78,7 @@ private:
     Images m_images;
     CommandSet* m_commands = nullptr;
     Ribbon* m_ribbon = nullptr;
-    QuickBar* m_quickBar = nullptr;
+    CommandBar* m_quickBar = nullptr;
     PaneBar* m_panes = nullptr;
     Views* m_views = nullptr;
     PromptEdit* m_search = nullptr;

@@ -32,34 +32,28 @@ std::vector<CommandItem> commandItems(const Commands& commands) {
     for (const CommandRow* row = firstCommand(); row != endOfCommands(); ++row) {
         if (row->exists) {
             const int icon = Images::fileName(row->id).isEmpty() ? -1 : row->id;
+            const bool quickStatus = row->id >= 201 && row->id <= 203;
             items.push_back({row->id, commands.caption(row->id), commands.tip(row->id), icon, row->checkable,
-                             row->id == kSortMenu});
+                             quickStatus});
         }
     }
     items.push_back({kShowConnections, QStringLiteral("Active &Connections"),
-                     QStringLiteral("All locations as the network tells of them"), -1, false, false});
-    items.push_back({kShowAdapters, QStringLiteral("Network &Adapter"),
-                     QStringLiteral("Choose the network adapter"), -1, false, false});
+                     QStringLiteral("All locations as the network tells of them")});
+    items.push_back(
+        {kShowAdapters, QStringLiteral("Network &Adapter"), QStringLiteral("Choose the network adapter")});
     items.push_back({kCheckForUpdates, QStringLiteral("Check for &Updates"),
-                     QStringLiteral("Look for a newer version now"), -1, false, false});
-    items.push_back({kUpdateOptions, QStringLiteral("Update O&ptions"),
-                     QStringLiteral("Choose how updates are made"), -1, false, false});
+                     QStringLiteral("Look for a newer version now")});
+    items.push_back(
+        {kUpdateOptions, QStringLiteral("Update O&ptions"), QStringLiteral("Choose how updates are made")});
     return items;
 }
 
 RibbonPlan ribbonPlan() {
     RibbonPlan plan;
     plan.systemCaption = QStringLiteral("&Station");
-    plan.systemIds = {102,
-                      110,
-                      kMenuSeparator,
-                      kShowConnections,
-                      kShowAdapters,
-                      kMenuSeparator,
-                      kCheckForUpdates,
-                      kUpdateOptions,
-                      kMenuSeparator,
-                      100};
+    plan.systemIds = {102,           110,        kSeparator,       kShowConnections,
+                      kShowAdapters, kSeparator, kCheckForUpdates, kUpdateOptions,
+                      kSeparator,    100};
     plan.tabs = {350, 351, 352};
     plan.groups[kAllTabs] = {
         {QStringLiteral("Status"), {{102, true}, {300, false}, {205, false}}},
