@@ -3,7 +3,7 @@
 #include "support/RecordingHotKeys.h"
 #include "support/RecordingSounds.h"
 #include "support/World.h"
-#include "windows/frmDesktop.h"
+#include "windows/FormDesktop.h"
 #include "windows/mainwindow/frmMain.h"
 
 #include "controls/look/OfficeLook.h"
@@ -76,7 +76,7 @@ struct Office {
         network.keepSent = false;
         replaceFile(facts.appData + QStringLiteral("Tessel Status/user.cfg"),
                     "[User]\nFirstRun=0\nLOCATION=Front Desk\nTAG=2\n[Settings]\nUPD=0\n");
-        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, keys, 1);
+        station = std::make_unique<Station>(facts, desktop.ports(clock, link, sounds, keys), 1);
         desktop.setStation(*station);
         station->start();
         QApplication::processEvents();

@@ -144,7 +144,7 @@ int main(int argc, char** argv) {
     world.network.keepSent = false;
     NoRegistry registry;
     std::unique_ptr<frmMain> form;
-    world[0].desktop.onShowMain = [&] {
+    world[0].desktop.windows.onShowMain = [&] {
         form = std::make_unique<frmMain>(*world[0].station, registry);
         form->show();
     };

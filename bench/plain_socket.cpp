@@ -233,7 +233,7 @@ public:
         m_facts.desktop = home;
         m_facts.hostName = QStringLiteral("bench");
         m_facts.userName = QStringLiteral("bench");
-        station = std::make_unique<Station>(m_facts, m_clock, link, m_desktop, m_sounds, m_keys, 1);
+        station = std::make_unique<Station>(m_facts, m_desktop.ports(m_clock, link, m_sounds, m_keys), 1);
         station->start();
         station->loadMain();
         station->network.Network_Start();

@@ -6,6 +6,9 @@
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_NetworkGroups.h"
 #include "engine/operations/mod_Diagnostics.h"
+#include "engine/ports/cPopupDisplay.h"
+#include "engine/ports/cSession.h"
+#include "engine/ports/cWindows.h"
 
 namespace tessel {
 
@@ -23,27 +26,27 @@ QString fitOwn(const QString& text) {
 }
 } // namespace
 
-Station::Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
-                 HotKeys& keys, std::uint64_t seed)
-    : m_facts(facts), m_clock(clock), m_link(link), m_desktop(desktop), folders(m_facts), data(ini, folders),
-      log(clock, folders, own), settings(data), identity(own, data, log, clock, seed),
-      protocol(own, settings, link), network(own, data, log, clock, link, protocol),
-      usage(data, settings, clock, log, protocol),
-      endpoints(own, settings, admin, log, clock, protocol, network), views(own, settings, clock, favorites),
-      sharedStatus(own, data, folders, clock, protocol, identity),
-      status(own, data, clock, protocol, desktop, sharedStatus), presence(own, data, clock, protocol),
-      hotKeys(admin, status, log, keys), shortcuts(folders, desktop),
-      tones(own, settings, folders, ini, sounds), popups(own, settings, data, clock, desktop),
-      notices(own, settings, favorites, popups, tones), alertBar(settings, clock),
-      history(settings, folders, clock, views),
-      alerts(settings, clock, protocol, network, popups, alertBar, tones, history, desktop),
-      messages(own, settings, log, clock, protocol), footer(own, clock), shell(settings, views, clock),
-      menu({own, settings, desktop, shell, network, status, presence, alerts,
+Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t seed)
+    : windows(ports.windows), session(ports.session), m_facts(facts), m_clock(ports.clock),
+      m_link(ports.link), m_popupDisplay(ports.popups), folders(m_facts), data(ini, folders),
+      log(m_clock, folders, own), settings(data), identity(own, data, log, m_clock, seed),
+      protocol(own, settings, m_link), network(own, data, log, m_clock, m_link, protocol),
+      usage(data, settings, m_clock, log, protocol),
+      endpoints(own, settings, admin, log, m_clock, protocol, network),
+      views(own, settings, m_clock, favorites), sharedStatus(own, data, folders, m_clock, protocol, identity),
+      status(own, data, m_clock, protocol, windows, ports.popups, sharedStatus),
+      presence(own, data, m_clock, protocol), hotKeys(admin, status, log, ports.hotKeys),
+      shortcuts(folders, session), tones(own, settings, folders, ini, ports.sounds),
+      popups(own, settings, data, m_clock, ports.popups), notices(own, settings, favorites, popups, tones),
+      alertBar(settings, m_clock), history(settings, folders, m_clock, views),
+      alerts(settings, m_clock, protocol, network, popups, alertBar, tones, history, windows, ports.popups),
+      messages(own, settings, log, m_clock, protocol), footer(own, m_clock), shell(settings, views, m_clock),
+      menu({own, settings, windows, shell, network, status, presence, alerts,
             [this] { tmrExit.setEnabled(true); }}),
-      commands({own, desktop, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
+      commands({own, windows, session, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
                 [this] { tmrExit.setEnabled(true); }}),
-      tmrExit(clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
-      tmrUpdates(clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
+      tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
+      tmrUpdates(m_clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
     wire();
     attachOrders();
 }
@@ -84,7 +87,7 @@ void Station::wire() {
     connect(&sharedStatus, &SharedStatus::deleted, &status, &LocalStatus::LoadStatusSettings);
     connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
-    connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { m_desktop.bringUp(); });
+    connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { windows.bringUp(); });
     connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
     connect(&messages, &Messages::arrived, this, &Station::messageArrived);
 }
@@ -121,9 +124,9 @@ void Station::start() {
     own.TAG = settings.User_TAG();
     own.note = fitOwn(settings.Note_ACTIVE()).trimmed();
     if (settings.User_FirstRun()) {
-        m_desktop.showWelcome();
+        windows.show({WindowId::Welcome});
     } else {
-        m_desktop.showMain();
+        windows.show({WindowId::Main});
     }
 }
 
@@ -179,7 +182,7 @@ void Station::SaveUserName(const WelcomeChoices& choices) {
     data.WriteSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"),
                       name.isEmpty() ? own.windowsUserName : name);
     settings.User_FirstRun.set(false);
-    m_desktop.SetAutoStart(true);
+    session.SetAutoStart(true);
 }
 
 int Station::networkGroupRow() const {
@@ -214,7 +217,7 @@ void Station::startUpdateHelper(UpdateRun run) {
     const QString tail = run == UpdateRun::Silent     ? QStringLiteral("/silent")
                          : run == UpdateRun::CheckNow ? QStringLiteral("/checknow")
                                                       : QStringLiteral("/configure");
-    m_desktop.startProgram(folders.program() + kUpdateHelper, {tail});
+    session.startProgram(folders.program() + kUpdateHelper, {tail});
 }
 
 void Station::checkForUpdates() {
@@ -267,13 +270,13 @@ void Station::ExitProc() {
         return;
     }
     m_ended = true;
-    m_desktop.saveMainPlace();
+    windows.saveMainPlace();
     own.exiting = true;
     if (network.protocol() == 0) {
         network.Network_Stop();
     }
     usage.SaveNetworkUsage(false);
-    m_desktop.closePopups();
+    m_popupDisplay.closeAll();
     disableTimers();
     hotKeys.UnloadHotKeys();
     sharedStatus.writePending();
@@ -281,8 +284,8 @@ void Station::ExitProc() {
         kUserFile, kProgramSection,
         {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
     history.unload();
-    m_desktop.unloadForms();
-    m_desktop.unloadMain();
+    windows.unloadForms();
+    windows.unloadMain();
 }
 
 } // namespace tessel

@@ -27,10 +27,9 @@
 #include "engine/operations/mod_RemoteCommands.h"
 #include "engine/operations/mod_Shortcuts.h"
 #include "engine/ports/cClock.h"
-#include "engine/ports/cDesktop.h"
 #include "engine/ports/cHotKeys.h"
 #include "engine/ports/cLink.h"
-#include "engine/ports/cSounds.h"
+#include "engine/ports/cPorts.h"
 #include "engine/ports/cSystemFacts.h"
 #include "engine/presence/cFavoriteLookup.h"
 #include "engine/presence/mod_LocalStatus.h"
@@ -59,8 +58,7 @@ class Station : public QObject {
     Q_OBJECT
 public:
     // `seed`: for repeatable ids in tests; 0 for real ones.
-    Station(const SystemFacts& facts, Clock& clock, Link& link, Desktop& desktop, Sounds& sounds,
-            HotKeys& keys, std::uint64_t seed = 0);
+    Station(const SystemFacts& facts, const Ports& ports, std::uint64_t seed = 0);
 
     // Everything from the folders to the first window.
     void start();
@@ -94,15 +92,15 @@ public:
     // Gives the station a new SID at its next start, and resets the network.
     void resetSID();
 
-    Desktop& desktop() { return m_desktop; }
-
+    Windows& windows;
+    Session& session;
     OwnState own;
 
 private:
     SystemFacts m_facts;
     Clock& m_clock;
     Link& m_link;
-    Desktop& m_desktop;
+    PopupDisplay& m_popupDisplay;
 
 public:
     cInifile ini;

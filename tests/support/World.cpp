@@ -21,9 +21,9 @@ WorldStation::WorldStation(VirtualClock& clock, FakeNetwork& network, const QStr
     set(kUserFile, QStringLiteral("User"), QStringLiteral("LOCATION"), QStringLiteral("Room %1").arg(number));
     set(kUserFile, QStringLiteral("User"), QStringLiteral("TAG"), QString::number((number - 1) % 20 + 1));
     set(kUserFile, QStringLiteral("Settings"), QStringLiteral("UPD"), QStringLiteral("0"));
-    station = std::make_unique<Station>(facts, clock, link, desktop, sounds, keys,
+    station = std::make_unique<Station>(facts, desktop.ports(clock, link, sounds, keys),
                                         static_cast<std::uint64_t>(number));
-    desktop.onShowMain = [this] {
+    desktop.windows.onShowMain = [this] {
         station->loadMain();
         station->mainLoaded();
     };

@@ -33,7 +33,7 @@ protected:
             world[index].set(kStatusFile, "status", "N0", "Away");
             world[index].set(kStatusFile, "status", "M0", "Away for a walk");
         }
-        world[0].desktop.onShowMain = [this] { build(); };
+        world[0].desktop.windows.onShowMain = [this] { build(); };
         world.startAll();
         world.run(10);
         settle();

@@ -22,7 +22,7 @@ protected:
         open();
     }
     void open() {
-        form = std::make_unique<frmAdapters>(*world[0].station, nullptr);
+        form = std::make_unique<frmAdapters>(world[0]->own, world[0]->network, world[0]->tmrExit, nullptr);
         form->show();
         QApplication::processEvents();
     }

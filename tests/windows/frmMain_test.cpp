@@ -19,7 +19,7 @@ enum Section { kColor, kName, kStatus };
 class MainWindow : public testing::Test {
 protected:
     void open() {
-        world[0].desktop.onShowMain = [this] {
+        world[0].desktop.windows.onShowMain = [this] {
             form = std::make_unique<frmMain>(*world[0].station, registry);
             form->show();
         };

@@ -3,7 +3,7 @@
 #include "controls/edit/ColorTagPicker.h"
 #include "controls/edit/KeyFilterEdit.h"
 #include "support/gui_forms.h"
-#include "windows/frmDesktop.h"
+#include "windows/FormDesktop.h"
 #include "windows/mainwindow/frmMain.h"
 
 #include <QCheckBox>

@@ -9,7 +9,8 @@
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cPopupDisplay.h"
+#include "engine/ports/cWindows.h"
 
 #include <algorithm>
 
@@ -49,10 +50,10 @@ Code codeToTag(QuickAlert alert) {
 
 AlertEngine::AlertEngine(const Settings& settings, Clock& clock, NetworkProtocol& protocol,
                          NetworkMC& network, Popups& popups, AlertBar& bar, Tones& tones,
-                         NotificationHistory& history, Desktop& desktop)
+                         NotificationHistory& history, Windows& windows, PopupDisplay& display)
     : tmrShake(clock, "tmrShake", kShakeStepMs, Timer::Kind::Repeating, [this] { shakeOnce(); }),
       m_settings(settings), m_clock(clock), m_protocol(protocol), m_network(network), m_popups(popups),
-      m_bar(bar), m_tones(tones), m_history(history), m_desktop(desktop) {
+      m_bar(bar), m_tones(tones), m_history(history), m_windows(windows), m_display(display) {
     protocol.attach(Code::XAD0, [this](const cPacket& packet) {
         PlayDoorBell_Global(QLatin1String(kDoorBellEveryone), packet.text(Field::Location),
                             packet.text(Field::SID), packet.bodyText());
@@ -124,7 +125,7 @@ void AlertEngine::sendDoorBellToAll(const QString& text) {
         return;
     }
     m_protocol.send(Code::XAD0, FitText(text));
-    m_desktop.showBalloon(kProductName, QStringLiteral("Doorbell Sent"));
+    m_display.Set_TrayPopup(kProductName, QStringLiteral("Doorbell Sent"));
 }
 
 void AlertEngine::sendToOne(QuickAlert alert, const QString& SID, const QString& text) {
@@ -201,11 +202,11 @@ void AlertEngine::BuzzFunc() {
 
 void AlertEngine::shakeOnce() {
     std::uniform_int_distribution<int> offset(-kFarthestShake, kFarthestShake);
-    if (m_shakesLeft-- > 0 && m_desktop.shakeMain(offset(m_random), offset(m_random))) {
+    if (m_shakesLeft-- > 0 && m_windows.shakeMain(offset(m_random), offset(m_random))) {
         return;
     }
     tmrShake.setEnabled(false);
-    m_desktop.shakeMain(0, 0);
+    m_windows.shakeMain(0, 0);
 }
 
 } // namespace tessel

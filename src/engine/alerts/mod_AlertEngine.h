@@ -11,13 +11,14 @@
 namespace tessel {
 
 class AlertBar;
-class Desktop;
 class NetworkMC;
 class NetworkProtocol;
 class NotificationHistory;
+class PopupDisplay;
 class Popups;
 class Settings;
 class Tones;
+class Windows;
 enum class Code : std::uint8_t;
 enum class HistoryCode;
 enum class NoticeKind;
@@ -39,7 +40,8 @@ public:
     static constexpr int kLongestDoorBell = 25;
 
     AlertEngine(const Settings& settings, Clock& clock, NetworkProtocol& protocol, NetworkMC& network,
-                Popups& popups, AlertBar& bar, Tones& tones, NotificationHistory& history, Desktop& desktop);
+                Popups& popups, AlertBar& bar, Tones& tones, NotificationHistory& history, Windows& windows,
+                PopupDisplay& display);
 
     // An alert for this location arrived. Whatever is switched off, the alert bar shows.
     void PlayDoorBell(const QString& senderName, const QString& text, const QString& senderSid);
@@ -86,7 +88,8 @@ private:
     AlertBar& m_bar;
     Tones& m_tones;
     NotificationHistory& m_history;
-    Desktop& m_desktop;
+    Windows& m_windows;
+    PopupDisplay& m_display;
     std::minstd_rand m_random;
     int m_shakesLeft = 0;
 };

@@ -4,7 +4,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_INIData.h"
 #include "engine/core/mod_Settings.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cPopupDisplay.h"
 
 #include <QStringList>
 
@@ -55,11 +55,11 @@ Setting<QString>& placeSetting(Settings& settings, PopupId popup) {
 
 } // namespace
 
-Popups::Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, Desktop& desktop)
+Popups::Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, PopupDisplay& display)
     : tmrStatusPopup(clock, "tmrStatusPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Status); }),
       tmrAlertPopup(clock, "tmrAlertPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Alert); }),
       tmrMessagePopup(clock, "tmrMessagePopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Message); }),
-      m_own(own), m_settings(settings), m_data(data), m_desktop(desktop) {}
+      m_own(own), m_settings(settings), m_data(data), m_display(display) {}
 
 Timer& Popups::timer(PopupId popup) {
     return popup == PopupId::Status  ? tmrStatusPopup
@@ -125,7 +125,7 @@ void Popups::show(PopupId popup, PopupContent content, qint64 stayMs) {
     timer(popup).setInterval(static_cast<int>(std::clamp<qint64>(stayMs, 0, kLongestStayMs)));
     timer(popup).setEnabled(true);
     state(popup) = {true, {}, {}};
-    m_desktop.showPopup(popup, content);
+    m_display.show(popup, content);
 }
 
 std::optional<QPoint> Popups::storedPlace(PopupId popup) const {
@@ -148,7 +148,7 @@ void Popups::close(PopupId popup) {
         return;
     }
     state(popup) = {};
-    m_desktop.closePopup(popup);
+    m_display.close(popup);
 }
 
 void Popups::closeStatusOf(const QString& SID) {

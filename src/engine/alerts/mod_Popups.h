@@ -11,8 +11,8 @@
 
 namespace tessel {
 
-class Desktop;
 class INIData;
+class PopupDisplay;
 class Settings;
 struct OwnState;
 
@@ -33,7 +33,7 @@ struct Notice {
 class Popups : public QObject {
     Q_OBJECT
 public:
-    Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, Desktop& desktop);
+    Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, PopupDisplay& display);
 
     // Under do not disturb none of these does anything at all.
     void ShowNotifyPopup(const Notice& notice);
@@ -81,7 +81,7 @@ private:
     const OwnState& m_own;
     Settings& m_settings;
     INIData& m_data;
-    Desktop& m_desktop;
+    PopupDisplay& m_display;
     std::array<State, kPopupCount> m_states;
 };
 

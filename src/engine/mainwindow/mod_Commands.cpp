@@ -5,7 +5,7 @@
 #include "engine/core/mod_Settings.h"
 #include "engine/mainwindow/mod_Shell.h"
 #include "engine/network/mod_Network_MC.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cWindows.h"
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_OwnPresence.h"
@@ -176,14 +176,14 @@ void Commands::general(int id) {
         break;
     case 102:
     case 200:
-        t.desktop.showWindow(WindowId::SetStatus);
+        t.windows.show({WindowId::SetStatus});
         break;
     case 104:
-        t.desktop.showWindow(WindowId::Notifications);
+        t.windows.show({WindowId::Notifications});
         break;
     case 106:
     case 112:
-        t.desktop.showWindow(WindowId::GlobalDoorBell);
+        t.windows.show({WindowId::GlobalDoorBell});
         break;
     case 107:
         t.network.Announce();
@@ -260,7 +260,7 @@ void Commands::onOwn(int id) {
         t.presence.ClearStaffTag(t.own.SID);
         break;
     case 438:
-        t.desktop.showWindow(WindowId::SetStatus);
+        t.windows.show({WindowId::SetStatus});
         break;
     default:
         break;

@@ -9,13 +9,13 @@
 namespace tessel {
 
 class AlertEngine;
-class Desktop;
 class LocalStatus;
 class NetworkMC;
 class OwnPresence;
 class ReportRecord;
 class Settings;
 class Shell;
+class Windows;
 struct OwnState;
 
 struct CommandRow {
@@ -39,7 +39,7 @@ public:
     struct Targets {
         OwnState& own;
         const Settings& settings;
-        Desktop& desktop;
+        Windows& windows;
         Shell& shell;
         NetworkMC& network;
         LocalStatus& status;

@@ -5,7 +5,8 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Endpoints.h"
 #include "engine/network/mod_Network_MC.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cSession.h"
+#include "engine/ports/cWindows.h"
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_OwnPresence.h"
 
@@ -49,26 +50,26 @@ void setStaff(Targets& targets, const QString& text) {
 }
 
 constexpr std::array kVerbs{
-    Verb{"/min", kNoArgument, false, true, [](Targets& t, const QString&) { t.desktop.minimiseMain(); },
+    Verb{"/min", kNoArgument, false, true, [](Targets& t, const QString&) { t.windows.minimiseMain(); },
          "minimise the window"},
-    Verb{"/max", kNoArgument, false, true, [](Targets& t, const QString&) { t.desktop.restoreMain(); },
+    Verb{"/max", kNoArgument, false, true, [](Targets& t, const QString&) { t.windows.restoreMain(); },
          "window to its normal size"},
     Verb{"/shutdown", kNoArgument, false, false, [](Targets& t, const QString&) { t.endSoon(); },
          "end the program"},
     Verb{"/dnd", kNoArgument, false, false, [](Targets& t, const QString&) { t.status.SetDND(); },
          "do not disturb on or off"},
-    Verb{"/show", kNoArgument, false, false, [](Targets& t, const QString&) { t.desktop.bringUp(); },
+    Verb{"/show", kNoArgument, false, false, [](Targets& t, const QString&) { t.windows.bringUp(); },
          "show the window in front"},
-    Verb{"/wakeup", kNoArgument, false, false, [](Targets& t, const QString&) { t.desktop.restoreMain(); },
+    Verb{"/wakeup", kNoArgument, false, false, [](Targets& t, const QString&) { t.windows.restoreMain(); },
          "show the window"},
     Verb{"/resetscreen", kNoArgument, false, false,
-         [](Targets& t, const QString&) { t.desktop.ResetScreenPosition(); },
+         [](Targets& t, const QString&) { t.windows.ResetScreenPosition(); },
          "window back to its first place"},
     Verb{"/refresh", kNoArgument, false, false,
          [](Targets& t, const QString&) { t.endpoints.RefreshAllEndpoints(); },
          "look for all locations anew"},
     Verb{"/remove", kNoArgument, false, false,
-         [](Targets& t, const QString&) { t.desktop.SetAutoStart(false); },
+         [](Targets& t, const QString&) { t.session.SetAutoStart(false); },
          "do not start with the session any more"},
     Verb{"/end", kNoArgument, false, false, [](Targets& t, const QString&) { t.endNow(); },
          "end the program at once"},
@@ -86,8 +87,8 @@ constexpr std::array kVerbs{
          "doorbell to everyone, with this text"},
     Verb{"/dbw", kNoArgument, true, false,
          [](Targets& t, const QString&) {
-             t.desktop.bringUp();
-             t.desktop.showWindow(WindowId::GlobalDoorBell);
+             t.windows.bringUp();
+             t.windows.show({.window = WindowId::GlobalDoorBell, .modal = true});
          },
          "open the doorbell window"},
     Verb{"/busy", kNoArgument, true, false,

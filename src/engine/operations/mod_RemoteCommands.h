@@ -9,11 +9,12 @@
 namespace tessel {
 
 class AlertEngine;
-class Desktop;
 class Endpoints;
 class LocalStatus;
 class NetworkMC;
 class OwnPresence;
+class Session;
+class Windows;
 struct OwnState;
 
 class RemoteCommands {
@@ -21,7 +22,8 @@ public:
     // What the commands act upon.
     struct Targets {
         OwnState& own;
-        Desktop& desktop;
+        Windows& windows;
+        Session& session;
         NetworkMC& network;
         Endpoints& endpoints;
         LocalStatus& status;

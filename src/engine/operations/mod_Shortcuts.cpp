@@ -4,7 +4,7 @@
 #include "engine/core/mod_DesktopEntry.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cSession.h"
 
 #include <QFile>
 #include <QStandardPaths>
@@ -63,7 +63,7 @@ bool Shortcuts::CreateDesktopShortcut(const QString& linkPath, const QString& ta
                                         QFile::ExeOther);
     const QString gio = QStandardPaths::findExecutable(QStringLiteral("gio"));
     if (!gio.isEmpty()) {
-        m_desktop.startProgram(gio, {QStringLiteral("set"), linkPath, QStringLiteral("metadata::trusted"),
+        m_session.startProgram(gio, {QStringLiteral("set"), linkPath, QStringLiteral("metadata::trusted"),
                                      QStringLiteral("true")});
     }
     return true;

@@ -5,7 +5,7 @@
 
 namespace tessel {
 
-class Desktop;
+class Session;
 class Folders;
 
 class Shortcuts {
@@ -16,7 +16,7 @@ public:
         QString text;
     };
 
-    Shortcuts(const Folders& folders, Desktop& desktop) : m_folders(folders), m_desktop(desktop) {}
+    Shortcuts(const Folders& folders, Session& session) : m_folders(folders), m_session(session) {}
 
     // Makes the link for quick status 0, 1 or 2 with what stands in its boxes.
     Answer create(int slot, const QString& name, const QString& message);
@@ -27,7 +27,7 @@ private:
                                const QString& arguments, const QString& statusName);
 
     const Folders& m_folders;
-    Desktop& m_desktop;
+    Session& m_session;
 };
 
 } // namespace tessel

@@ -6,7 +6,8 @@
 #include "engine/core/mod_Limits.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
-#include "engine/ports/cDesktop.h"
+#include "engine/ports/cPopupDisplay.h"
+#include "engine/ports/cWindows.h"
 #include "engine/presence/mod_SharedStatus.h"
 
 #include <algorithm>
@@ -35,9 +36,10 @@ QString fitStatus(const QString& text) {
 } // namespace
 
 LocalStatus::LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol,
-                         Desktop& desktop, const SharedStatus& shared)
+                         Windows& windows, PopupDisplay& display, const SharedStatus& shared)
     : tmrChangeLimiter(clock, "tmrChangeLimiter", 2000, Timer::Kind::OneShot, [this] { m_limiter = false; }),
-      m_own(own), m_data(data), m_clock(clock), m_protocol(protocol), m_desktop(desktop), m_shared(shared) {
+      m_own(own), m_data(data), m_clock(clock), m_protocol(protocol), m_windows(windows), m_display(display),
+      m_shared(shared) {
     protocol.attach(Code::XAS0, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS1, [this](const cPacket&) { TurnOffStatus(); });
     protocol.attach(Code::XAS2, [this](const cPacket& packet) { setStatusFrom(packet); });
@@ -60,7 +62,7 @@ void LocalStatus::SetStatus(int Index) {
     }
     const QuickStatus& button = quick(Index);
     if (button.Message.size() < kShortestStatus) {
-        m_desktop.showWindow(WindowId::StatusOptions);
+        m_windows.show({.window = WindowId::Options, .slot = Index});
         return;
     }
     if (latched(Index)) {
@@ -141,8 +143,9 @@ void LocalStatus::clearStatusOf(const QString& SID) {
 void LocalStatus::SetDND() {
     m_own.doNotDisturb = !m_own.doNotDisturb;
     if (m_own.doNotDisturb) {
-        m_desktop.showBalloon(kProductName, QStringLiteral("Do Not Disturb has been activated\r\n"
-                                                           "All incoming sounds and popups have been muted"));
+        m_display.Set_TrayPopup(kProductName,
+                                QStringLiteral("Do Not Disturb has been activated\r\n"
+                                               "All incoming sounds and popups have been muted"));
     }
     m_protocol.send(Code::XALU);
     emit doNotDisturbChanged();

@@ -11,10 +11,11 @@
 namespace tessel {
 
 class cPacket;
-class Desktop;
 class INIData;
 class NetworkProtocol;
+class PopupDisplay;
 class SharedStatus;
+class Windows;
 struct OwnState;
 
 // One button of the quick statuses. Without a message of at least 2 characters it is not configured.
@@ -40,8 +41,8 @@ public:
     static constexpr int kShortestStatus = 2;
     static constexpr int kLongestStatus = 25;
 
-    LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol, Desktop& desktop,
-                const SharedStatus& shared);
+    LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProtocol& protocol, Windows& windows,
+                PopupDisplay& display, const SharedStatus& shared);
 
     // The action of quick button `Index`, 0 to 8. While offline nothing changes.
     void SetStatus(int Index);
@@ -103,7 +104,8 @@ private:
     INIData& m_data;
     Clock& m_clock;
     NetworkProtocol& m_protocol;
-    Desktop& m_desktop;
+    Windows& m_windows;
+    PopupDisplay& m_display;
     std::array<QuickStatus, kQuickCount> m_quick;
     std::array<bool, kQuickCount + 1> m_latches{};
     const SharedStatus& m_shared;

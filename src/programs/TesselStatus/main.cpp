@@ -12,7 +12,7 @@
 #include "platform/Signals.h"
 #include "platform/SoundPlayer.h"
 #include "platform/StartTrace.h"
-#include "windows/frmDesktop.h"
+#include "windows/FormDesktop.h"
 
 #include <QApplication>
 #include <QSessionManager>
@@ -39,13 +39,13 @@ int setUpFolders(int argc, char** argv) {
     return 0;
 }
 
-QString answer(const QString& request, Station& station, Desktop& desktop) {
+QString answer(const QString& request, Station& station) {
     if (request.startsWith(LocalChannel::kCommand)) {
         const bool accepted = station.commands.execute(request.sliced(LocalChannel::kCommand.size()));
         return accepted ? QStringLiteral("accepted") : QString();
     }
     if (request == LocalChannel::kBringUp) {
-        desktop.bringUp();
+        station.windows.bringUp();
     } else if (request == LocalChannel::kLocations) {
         return locationReport(station.endpoints, station.protocol);
     }
@@ -79,7 +79,7 @@ int main(int argc, char** argv) {
     SoundPlayer sounds;
     SessionHotKeys keys;
     FormDesktop desktop(registry);
-    Station station(facts, clock, link, desktop, sounds, keys);
+    Station station(facts, desktop.ports(clock, link, sounds, keys));
     desktop.setStation(station);
 
     const EndSignals endSignals;
@@ -88,7 +88,7 @@ int main(int argc, char** argv) {
     QObject::connect(
         &application, &QGuiApplication::commitDataRequest, &station,
         [&station] { station.closing(CloseReason::SessionEnd); }, Qt::DirectConnection);
-    channel.serve([&](const QString& request) { return answer(request, station, desktop); });
+    channel.serve([&](const QString& request) { return answer(request, station); });
     station.start();
     return QApplication::exec();
 }

@@ -1,9 +1,13 @@
 #include "windows/alerts/frmGlobalDoorBell.h"
 
 #include "controls/edit/KeyFilterEdit.h"
+#include "engine/alerts/mod_AlertEngine.h"
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
+#include "engine/core/mod_Folders.h"
 #include "engine/core/mod_QuotedRecords.h"
-#include "engine/station.h"
+#include "engine/network/mod_Network_MC.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -20,10 +24,10 @@ constexpr qint64 kMaxSnippetBytes = 1 << 20;
 constexpr int kMaxSnippets = 500;
 } // namespace
 
-frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
-    : QDialog(parent), m_station(station), m_snippet(new QComboBox(this)), m_text(new KeyFilterEdit(this)),
-      m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)) {
-    setObjectName(QStringLiteral("frmGlobalDoorBell"));
+frmGlobalDoorBell::frmGlobalDoorBell(const OwnState& own, const Folders& folders, const NetworkMC& network,
+                                     AlertEngine& alerts, QWidget* parent)
+    : QDialog(parent), m_own(own), m_folders(folders), m_alerts(alerts), m_snippet(new QComboBox(this)),
+      m_text(new KeyFilterEdit(this)), m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)) {
     setWindowTitle(tr("DoorBell Alert"));
     setMinimumWidth(kLeastWidth);
     m_snippet->setObjectName(QStringLiteral("cmbSnippet"));
@@ -62,13 +66,13 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     connect(everyone, &QPushButton::clicked, this, &frmGlobalDoorBell::SendDoorBell);
     connect(m_text, &KeyFilterEdit::enterPressed, this, &frmGlobalDoorBell::SendDoorBell);
     connect(m_text, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
-    connect(&station.network, &NetworkMC::canSendChanged, this, &frmGlobalDoorBell::showCanSend);
+    connect(&network, &NetworkMC::canSendChanged, this, &frmGlobalDoorBell::showCanSend);
     showCanSend();
     m_snippet->setFocus();
 }
 
 void frmGlobalDoorBell::showCanSend() {
-    const bool canSend = m_station.own.canSend();
+    const bool canSend = m_own.canSend();
     m_offline->setVisible(!canSend);
     for (QPushButton* const group : m_groups) {
         group->setEnabled(canSend);
@@ -77,7 +81,7 @@ void frmGlobalDoorBell::showCanSend() {
 
 void frmGlobalDoorBell::LoadSnippetDB() {
     QByteArray bytes;
-    if (readFileStart(m_station.folders.dataFile(kSnippetFile), kMaxSnippetBytes, bytes)) {
+    if (readFileStart(m_folders.dataFile(kSnippetFile), kMaxSnippetBytes, bytes)) {
         m_snippet->addItems(readQuotedRecords(bytes, kMaxSnippets));
     }
     m_snippet->setCurrentIndex(-1);
@@ -94,7 +98,7 @@ void frmGlobalDoorBell::keyPressEvent(QKeyEvent* event) {
 
 void frmGlobalDoorBell::SendDoorBell() {
     // What was not sent stays in the box, to be sent when the network is back.
-    if (m_station.alerts.SendDoorBell(m_text->text())) {
+    if (m_alerts.SendDoorBell(m_text->text())) {
         accept();
     }
 }

@@ -11,13 +11,17 @@ class QPushButton;
 
 namespace tessel {
 
+class AlertEngine;
+class Folders;
 class KeyFilterEdit;
-class Station;
+class NetworkMC;
+struct OwnState;
 
 class frmGlobalDoorBell : public QDialog {
     Q_OBJECT
 public:
-    explicit frmGlobalDoorBell(Station& station, QWidget* parent = nullptr);
+    frmGlobalDoorBell(const OwnState& own, const Folders& folders, const NetworkMC& network,
+                      AlertEngine& alerts, QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
@@ -27,7 +31,9 @@ private:
     void SendDoorBell();
     void showCanSend();
 
-    Station& m_station;
+    const OwnState& m_own;
+    const Folders& m_folders;
+    AlertEngine& m_alerts;
     QComboBox* m_snippet; // cmbSnippet
     KeyFilterEdit* m_text;
     QLabel* m_offline;

@@ -2,7 +2,8 @@
 
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/CardControl.h"
-#include "engine/station.h"
+#include "engine/alerts/mod_NotificationHistory.h"
+#include "engine/core/mod_Settings.h"
 #include "windows/alerts/frmRecentOptions.h"
 
 #include <QAction>
@@ -19,20 +20,19 @@ constexpr QSize kFirstSize(420, 520);
 constexpr int kGrid = 8;
 } // namespace
 
-void askToClearRecents(Station& station, QWidget* parent, const QString& caption) {
+void askToClearRecents(NotificationHistory& history, QWidget* parent, const QString& caption) {
     QMessageBox box(QMessageBox::Question, caption,
                     QStringLiteral("Please confirm list deletion.\r\nNote: This action cannot be undone."),
                     QMessageBox::Yes | QMessageBox::No, parent);
     box.setDefaultButton(QMessageBox::No);
     if (box.exec() == QMessageBox::Yes) {
-        station.history.ClearRecents();
+        history.ClearRecents();
     }
 }
 
-frmNotifications::frmNotifications(Station& station)
-    : m_station(station), m_filter(new PromptEdit(QStringLiteral("Filter"), this)),
+frmNotifications::frmNotifications(Settings& settings, NotificationHistory& history)
+    : m_settings(settings), m_history(history), m_filter(new PromptEdit(QStringLiteral("Filter"), this)),
       m_list(new CardControl(this)) {
-    setObjectName(QStringLiteral("frmNotifications"));
     setWindowTitle(tr("Notifications"));
     resize(kFirstSize);
     createBar();
@@ -65,15 +65,15 @@ void frmNotifications::createBar() {
     top->setObjectName(QStringLiteral("chkEnsureVisible"));
     top->setCheckable(true);
     top->setShortcut(Qt::CTRL | Qt::Key_T);
-    top->setChecked(m_station.settings.Recents_EV());
+    top->setChecked(m_settings.Recents_EV());
     top->setToolTip(tr("Scroll to top when receiving a notification"));
-    connect(top, &QAction::triggered, this, [this] { m_station.history.SetEnsureVisible_Notification(); });
+    connect(top, &QAction::triggered, this, [this] { m_history.SetEnsureVisible_Notification(); });
     QAction* const options = bar->addAction(tr("&Options…"));
     options->setObjectName(QStringLiteral("mnuOptions"));
     options->setShortcut(Qt::CTRL | Qt::Key_O);
     options->setToolTip(tr("Choose what is kept in this list"));
     connect(options, &QAction::triggered, this, [this] {
-        auto* const dialog = new frmRecentOptions(m_station, this);
+        auto* const dialog = new frmRecentOptions(m_settings, m_history, this);
         dialog->setAttribute(Qt::WA_DeleteOnClose);
         dialog->open();
     });
@@ -94,19 +94,18 @@ void frmNotifications::createList() {
     items.border = static_cast<int>(CardItem::Border);
     m_list->setCardItems(items);
     m_list->setIconProvider([this](int number) { return m_images.image(number, palette()); });
-    m_list->setFontSize(m_station.settings.Fonts_MVFS());
+    m_list->setFontSize(m_settings.Fonts_MVFS());
     m_list->setEmptyText(QStringLiteral("No Notifications"));
     m_list->setNoMatchText(tr("No notification matches the filter"));
-    m_list->setRecords(&m_station.history.rptNotifications);
+    m_list->setRecords(&m_history.rptNotifications);
     m_filter->setAccessibleName(tr("Filter notifications"));
     connect(m_filter, &PromptEdit::searchChanged, m_list, &CardControl::setFilterText);
     connect(m_filter, &PromptEdit::leaveForList, m_list, [this] { m_list->setFocus(); });
-    connect(&m_station.history, &NotificationHistory::ensureTopVisible, m_list,
-            &CardControl::ensureTopVisible);
+    connect(&m_history, &NotificationHistory::ensureTopVisible, m_list, &CardControl::ensureTopVisible);
 }
 
 void frmNotifications::askClear() {
-    askToClearRecents(m_station, this, QStringLiteral("Recents"));
+    askToClearRecents(m_history, this, QStringLiteral("Recents"));
 }
 
 } // namespace tessel

@@ -8,26 +8,28 @@
 namespace tessel {
 
 class CardControl;
+class NotificationHistory;
 class PromptEdit;
-class Station;
+class Settings;
 
 class frmNotifications : public QMainWindow {
     Q_OBJECT
 public:
-    explicit frmNotifications(Station& station);
+    frmNotifications(Settings& settings, NotificationHistory& history);
 
 private:
     void createList();
     void createBar();
     void askClear();
 
-    Station& m_station;
+    Settings& m_settings;
+    NotificationHistory& m_history;
     Images m_images;
     PromptEdit* m_filter;
     CardControl* m_list; // rptNotifications
 };
 
 // Asks whether all notifications may be deleted, in a window with this caption, and deletes them.
-void askToClearRecents(Station& station, QWidget* parent, const QString& caption);
+void askToClearRecents(NotificationHistory& history, QWidget* parent, const QString& caption);
 
 } // namespace tessel

@@ -2,7 +2,7 @@
 
 #include "controls/look/ScreenPlacement.h"
 #include "controls/popup/PopupControl.h"
-#include "engine/station.h"
+#include "engine/alerts/mod_Popups.h"
 
 #include <QGuiApplication>
 
@@ -52,7 +52,8 @@ PopupLook lookOf(const PopupContent& content, const Images& images) {
 
 } // namespace
 
-PopupWindows::PopupWindows(Station& station) : m_station(station) {}
+PopupWindows::PopupWindows(std::function<void(const QString&, const QString&)> note)
+    : m_note(std::move(note)) {}
 
 PopupWindows::~PopupWindows() = default;
 
@@ -60,7 +61,7 @@ PopupControl& PopupWindows::window(PopupId popup) {
     std::unique_ptr<PopupControl>& window = m_windows[static_cast<std::size_t>(popup)];
     if (!window) {
         window = std::make_unique<PopupControl>();
-        Popups& engine = m_station.popups;
+        Popups& engine = *m_engine;
         const auto click = [&engine, popup](PopupItem item) {
             return [&engine, popup, item] { engine.clicked(popup, item); };
         };

@@ -1,6 +1,6 @@
 #include "windows/alerts/frmRecentOptions.h"
 
-#include "engine/station.h"
+#include "engine/core/mod_Settings.h"
 #include "windows/alerts/frmNotifications.h"
 
 #include <QCheckBox>
@@ -40,7 +40,8 @@ constexpr Row kRows[] = {
 
 } // namespace
 
-frmRecentOptions::frmRecentOptions(Station& station, QWidget* parent) : QDialog(parent) {
+frmRecentOptions::frmRecentOptions(Settings& settings, NotificationHistory& history, QWidget* parent)
+    : QDialog(parent) {
     setObjectName(QStringLiteral("frmRecentOptions"));
     setWindowTitle(tr("Notification List Options"));
     auto* const layout = new QVBoxLayout(this);
@@ -50,7 +51,7 @@ frmRecentOptions::frmRecentOptions(Station& station, QWidget* parent) : QDialog(
     for (const Row& row : kRows) {
         auto* const box = new QCheckBox(QLatin1String(row.label), this);
         box->setObjectName(QStringLiteral("chkRecentSave%1").arg(row.index));
-        Setting<bool>& setting = station.settings.*row.setting;
+        Setting<bool>& setting = settings.*row.setting;
         box->setChecked(setting());
         connect(box, &QCheckBox::toggled, this, [&setting](bool on) { setting.set(on); });
         if (row.indented) {
@@ -72,7 +73,7 @@ frmRecentOptions::frmRecentOptions(Station& station, QWidget* parent) : QDialog(
     clear->setAutoDefault(false);
     layout->addWidget(clear, 0, Qt::AlignLeft);
     connect(clear, &QPushButton::clicked, this,
-            [this, &station] { askToClearRecents(station, this, QStringLiteral("Notifications")); });
+            [this, &history] { askToClearRecents(history, this, QStringLiteral("Notifications")); });
     layout->addStretch(1);
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

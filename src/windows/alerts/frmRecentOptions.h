@@ -5,12 +5,13 @@
 
 namespace tessel {
 
-class Station;
+class NotificationHistory;
+class Settings;
 
 class frmRecentOptions : public QDialog {
     Q_OBJECT
 public:
-    explicit frmRecentOptions(Station& station, QWidget* parent = nullptr);
+    frmRecentOptions(Settings& settings, NotificationHistory& history, QWidget* parent = nullptr);
 };
 
 } // namespace tessel

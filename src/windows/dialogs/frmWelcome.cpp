@@ -3,6 +3,7 @@
 #include "controls/edit/ColorTagPicker.h"
 #include "controls/edit/KeyFilterEdit.h"
 #include "engine/core/mod_Limits.h"
+#include "engine/ports/cWindows.h"
 #include "engine/station.h"
 
 #include <QCheckBox>
@@ -45,7 +46,6 @@ QLabel* paragraph(const char* text, QWidget* parent) {
 } // namespace
 
 frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFilterEdit(this)) {
-    setObjectName(QStringLiteral("frmWelcome"));
     setWindowTitle(tr("Welcome to Tessel Status"));
     std::vector<QColor> colors;
     for (const Argb color : kTagColors) {
@@ -99,7 +99,7 @@ frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFil
 void frmWelcome::SaveUserName() {
     const int color = m_color->chosen();
     m_station.SaveUserName({m_name->text(), color < 0 ? kNoTag : color + 1, m_doorBell->isChecked()});
-    m_station.desktop().showMain();
+    m_station.windows.show({WindowId::Main});
     accept();
     deleteLater();
 }

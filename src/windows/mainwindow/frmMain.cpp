@@ -10,7 +10,10 @@
 #include "controls/list/ReportControl.h"
 #include "controls/look/ScreenPlacement.h"
 #include "engine/ports/cWindowRegistry.h"
+#include "engine/ports/cWindows.h"
 #include "engine/station.h"
+#include "windows/WindowPlaces.h"
+#include "windows/clsOnTop.h"
 #include "windows/mainwindow/frmMenus.h"
 #include "windows/mainwindow/frmTray.h"
 #include "windows/mainwindow/frmViews.h"
@@ -37,11 +40,10 @@ constexpr int kCountMs = 100; // between a change of a list and its count in the
 } // namespace
 
 frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station), m_registry(registry) {
-    setObjectName(kFormName);
     setWindowTitle(kProductName);
     setMinimumSize(kLeastSize);
     m_station.loadMain();
-    applyOnTop();
+    Set_onTop();
     createCommands();
     m_views = new Views(
         m_station, [this](int number) { return m_images.image(number, palette()); }, this);
@@ -134,7 +136,7 @@ void frmMain::connectStation() {
     connect(&shell, &Shell::previewModeChanged, m_views, &Views::applyPreview);
     connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
     connect(&shell, &Shell::sortChanged, m_views, &Views::applySort);
-    connect(&shell, &Shell::onTopChanged, this, &frmMain::applyOnTop);
+    connect(&shell, &Shell::onTopChanged, this, &frmMain::Set_onTop);
     for (const auto signal : {&Shell::viewChanged, &Shell::previewModeChanged, &Shell::reportFontChanged,
                               &Shell::sortChanged, &Shell::onTopChanged}) {
         connect(&shell, signal, this, &frmMain::refreshCommands);
@@ -167,8 +169,8 @@ void frmMain::connectStation() {
 void frmMain::createTray() {
     m_tray =
         std::make_unique<Tray>(m_station, [this](int number) { return m_images.image(number, palette()); });
-    connect(m_tray.get(), &Tray::showRequested, this, [this] { m_station.desktop().bringUp(); });
-    connect(m_tray.get(), &Tray::clicked, this, [this] { m_station.desktop().bringUp(); });
+    connect(m_tray.get(), &Tray::showRequested, this, [this] { putInFront(*this); });
+    connect(m_tray.get(), &Tray::clicked, this, [this] { putInFront(*this); });
     connect(m_tray.get(), &Tray::resetRequested, this, &frmMain::resetPlace);
     connect(m_tray.get(), &Tray::exitRequested, this, [this] { m_station.tmrExit.setEnabled(true); });
 }
@@ -176,10 +178,10 @@ void frmMain::createTray() {
 void frmMain::execute(int id, const QString& text) {
     switch (id) {
     case kShowConnections:
-        m_station.desktop().showWindow(WindowId::Endpoints);
+        m_station.windows.show({WindowId::Endpoints});
         break;
     case kShowAdapters:
-        m_station.desktop().showWindow(WindowId::Adapters);
+        m_station.windows.show({WindowId::Adapters});
         break;
     case kCheckForUpdates:
         m_station.startUpdateHelper(UpdateRun::CheckNow);
@@ -280,13 +282,8 @@ ReportControl* frmMain::homeList() const {
     return &m_views->list(View::Home);
 }
 
-void frmMain::applyOnTop() {
-    const bool wanted = m_station.settings.Settings_ONTOP();
-    if (windowFlags().testFlag(Qt::WindowStaysOnTopHint) != wanted) {
-        const bool shown = isVisible();
-        setWindowFlag(Qt::WindowStaysOnTopHint, wanted);
-        setVisible(shown);
-    }
+void frmMain::Set_onTop() {
+    tessel::Set_onTop(*this, m_station.settings.Settings_ONTOP());
 }
 
 void frmMain::putAway() {
@@ -326,6 +323,7 @@ void frmMain::resetPlace() {
     resize(place.size());
     move(place.topLeft());
     savePlace();
+    fitOnScreenSoon(*this);
 }
 
 void frmMain::savePlace() {
@@ -340,6 +338,7 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!m_loaded) {
         m_loaded = true;
+        fitOnScreenSoon(*this);
         // The window is painted before the last steps read and write files.
         QTimer::singleShot(0, this, [this] {
             m_station.mainLoaded();

@@ -70,7 +70,7 @@ private:
     void showMessageBars();
     void search(const QString& text);
     void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
-    void applyOnTop();
+    void Set_onTop();
     void restorePlace();
 
     Station& m_station;

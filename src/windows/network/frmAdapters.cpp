@@ -1,7 +1,8 @@
 #include "windows/network/frmAdapters.h"
 
+#include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
-#include "engine/station.h"
+#include "engine/network/mod_Network_MC.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -34,12 +35,10 @@ QLabel* plainLabel(const QString& text, QWidget* parent) {
 
 } // namespace
 
-frmAdapters::frmAdapters(Station& station, QWidget* parent)
-    : QDialog(parent), m_station(station), m_adapters(station.network.adapters()),
+frmAdapters::frmAdapters(const OwnState& own, NetworkMC& network, Timer& tmrExit, QWidget* parent)
+    : QDialog(parent), m_own(own), m_network(network), m_tmrExit(tmrExit), m_adapters(network.adapters()),
       m_list(new QComboBox(this)), m_bind(new QLineEdit(this)) {
-    setObjectName(QStringLiteral("frmAdapters"));
     setWindowTitle(tr("Network Adapter"));
-    const OwnState& own = m_station.own;
 
     m_list->setObjectName(QStringLiteral("cmbNet"));
     // Names of adapters may be longer than any window.
@@ -79,15 +78,14 @@ frmAdapters::frmAdapters(Station& station, QWidget* parent)
     connect(cmdReset, &QPushButton::clicked, this, &frmAdapters::reset);
     connect(cmdCancel, &QPushButton::clicked, this, &QDialog::reject);
 
-    const int stored = m_station.network.storedAdapter();
+    const int stored = m_network.storedAdapter();
     m_list->setCurrentIndex(stored >= 0 && stored < static_cast<int>(m_adapters.size()) ? stored + 1 : 0);
     chooseEntry(m_list->currentIndex());
     m_list->setFocus();
 }
 
 void frmAdapters::chooseEntry(int entry) {
-    m_bind->setText(entry <= 0 ? m_station.own.host
-                               : m_adapters[static_cast<std::size_t>(entry - 1)].address);
+    m_bind->setText(entry <= 0 ? m_own.host : m_adapters[static_cast<std::size_t>(entry - 1)].address);
 }
 
 void frmAdapters::restart() {
@@ -95,7 +93,7 @@ void frmAdapters::restart() {
     const QString address = m_bind->text().trimmed();
     // Closed first: going off line takes a second.
     accept();
-    m_station.network.ChooseAdapter(adapter, address);
+    m_network.ChooseAdapter(adapter, address);
 }
 
 void frmAdapters::reset() {
@@ -107,8 +105,8 @@ void frmAdapters::reset() {
     box->setTextFormat(Qt::PlainText);
     box->setAttribute(Qt::WA_DeleteOnClose);
     connect(box, &QMessageBox::finished, this, [this] {
-        m_station.network.ResetAdapter();
-        m_station.tmrExit.setEnabled(true);
+        m_network.ResetAdapter();
+        m_tmrExit.setEnabled(true);
         accept();
     });
     box->open();

@@ -12,19 +12,24 @@ class QLineEdit;
 
 namespace tessel {
 
-class Station;
+class NetworkMC;
+class Timer;
+struct OwnState;
 
 class frmAdapters : public QDialog {
     Q_OBJECT
 public:
-    explicit frmAdapters(Station& station, QWidget* parent = nullptr);
+    // `tmrExit`: ends the program.
+    frmAdapters(const OwnState& own, NetworkMC& network, Timer& tmrExit, QWidget* parent = nullptr);
 
 private:
     void chooseEntry(int entry);
     void restart(); // cmdRestart
     void reset();   // cmdReset
 
-    Station& m_station;
+    const OwnState& m_own;
+    NetworkMC& m_network;
+    Timer& m_tmrExit;
     std::vector<Adapter> m_adapters;
     QComboBox* m_list; // cmbNet
     QLineEdit* m_bind; // txtBind

@@ -4,7 +4,8 @@
 #include "controls/list/ReportControl.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/network/mod_Endpoints.h"
-#include "engine/ports/cWindowRegistry.h"
+#include "engine/ports/cSession.h"
+#include "engine/ports/cWindows.h"
 #include "engine/station.h"
 
 #include <QCloseEvent>
@@ -66,7 +67,6 @@ constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
 frmEndpoints::frmEndpoints(Station& station)
     : m_station(station), m_filter(new PromptEdit(QStringLiteral("Search"), this)),
       m_grid(new ReportControl(this)) {
-    setObjectName(QStringLiteral("frmEndpoints"));
     setWindowTitle(kTitle);
     m_scale = std::max(1.0, fontInfo().pointSizeF() / kUsualFontSize);
     resize(kFirstSize * m_scale);
@@ -123,7 +123,7 @@ void frmEndpoints::createMenus() {
     QMenu* const file = menuBar()->addMenu(tr("&File"));
     add(file, "mnuLog", tr("Show &Log"), {}, [this] { openLog(); });
     add(file, "mnuShowDataFiles", tr("Show &Data Files"), {},
-        [this] { m_station.desktop().openPath(m_station.folders.data()); });
+        [this] { m_station.session.openPath(m_station.folders.data()); });
     file->addSeparator();
     add(file, "mnuExit", tr("&Close"), QKeySequence::Close, [this] { close(); });
 
@@ -137,11 +137,11 @@ void frmEndpoints::createMenus() {
     network->addSeparator();
     add(network, "mnuReset", tr("Re&set Network"), {}, [this] { m_station.network.RestartNetwork(); });
     add(network, "mnuNetworkSettings", tr("&Network Adapter…"), {},
-        [this] { m_station.desktop().showWindow(WindowId::Adapters); });
+        [this] { m_station.windows.show({WindowId::Adapters}); });
 
     QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
     add(tools, "mnuInformation", tr("&Information…"), {},
-        [this] { m_station.desktop().showWindow(WindowId::NetworkInfo); });
+        [this] { m_station.windows.show({WindowId::NetworkInfo}); });
     tools->addSeparator();
     add(tools, "mnuSID", tr("Reset &SID…"), {}, [this] { askSIDReset(); });
 }
@@ -183,7 +183,7 @@ void frmEndpoints::openLog() {
     const QString path = m_station.folders.dataFile(kErrorFile);
     if (!FileExists(path)) {
         statusBar()->showMessage(tr("The log is empty"), kMessageMs);
-    } else if (!m_station.desktop().openPath(path)) {
+    } else if (!m_station.session.openPath(path)) {
         statusBar()->showMessage(tr("No program shows %1").arg(path), kMessageMs);
     }
 }

@@ -1,7 +1,5 @@
 #include "windows/operations/frmNetworkInfo.h"
 
-#include "engine/station.h"
-
 #include <QClipboard>
 #include <QDesktopServices>
 #include <QGuiApplication>
@@ -19,15 +17,14 @@ constexpr int kLineCharacters = 60;
 constexpr int kLines = 22;
 } // namespace
 
-frmNetworkInfo::frmNetworkInfo(Station& station, QWidget* parent)
-    : QMainWindow(parent), m_station(station), m_text(new QPlainTextEdit(this)) {
-    setObjectName(QStringLiteral("frmNetworkInfo"));
+frmNetworkInfo::frmNetworkInfo(const QString& text, QWidget* parent)
+    : QMainWindow(parent), m_text(new QPlainTextEdit(this)) {
     setWindowTitle(kTitle);
     resize(kLineCharacters * fontMetrics().averageCharWidth(), kLines * fontMetrics().lineSpacing());
     m_text->setReadOnly(true);
     m_text->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_text->setAccessibleName(kTitle);
-    m_text->setPlainText(m_station.diagInfo());
+    m_text->setPlainText(text);
     m_text->setFocus();
     setCentralWidget(m_text);
     statusBar();

@@ -7,18 +7,16 @@ class QPlainTextEdit;
 
 namespace tessel {
 
-class Station;
-
 class frmNetworkInfo : public QMainWindow {
     Q_OBJECT
 public:
-    explicit frmNetworkInfo(Station& station, QWidget* parent = nullptr);
+    // `text`: the facts, one a line.
+    explicit frmNetworkInfo(const QString& text, QWidget* parent = nullptr);
 
 private:
     void CreateCopy();
     void CreateEmail();
 
-    Station& m_station;
     QPlainTextEdit* m_text;
 };
 

@@ -3,6 +3,7 @@
 #include "controls/edit/KeyFilterEdit.h"
 #include "controls/look/Images.h"
 #include "engine/core/mod_Definitions.h"
+#include "engine/ports/cWindows.h"
 #include "engine/station.h"
 
 #include <QComboBox>
@@ -25,7 +26,6 @@ constexpr int kIconSize = 20;
 frmSetStatus::frmSetStatus(Station& station, QWidget* parent)
     : QDialog(parent), m_station(station), m_choice(new QComboBox(this)), m_edit(new KeyFilterEdit(this)),
       m_set(new QPushButton(tr("S&et"), this)), m_clear(new QPushButton(tr("&Clear"), this)) {
-    setObjectName(QStringLiteral("frmSetStatus"));
     setWindowTitle(tr("My Status"));
     createChoice();
 
@@ -174,7 +174,7 @@ void frmSetStatus::pressQuick(int index) {
         showState();
         break;
     case LocalStatus::Press::OpensOptions:
-        m_station.desktop().showWindow(WindowId::StatusOptions);
+        m_station.windows.show({.window = WindowId::Options, .slot = index});
         break;
     case LocalStatus::Press::AsksToEdit: {
         QMessageBox box(QMessageBox::Question, QStringLiteral("Shared Status Button"),
@@ -182,7 +182,7 @@ void frmSetStatus::pressQuick(int index) {
                                        "Would you like to edit this button?"),
                         QMessageBox::Yes | QMessageBox::No, this);
         if (box.exec() == QMessageBox::Yes) {
-            m_station.desktop().showWindow(WindowId::StatusOptions);
+            m_station.windows.show({.window = WindowId::Options, .slot = index});
         }
         break;
     }

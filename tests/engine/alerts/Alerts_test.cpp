@@ -178,18 +178,18 @@ TEST_F(Alerts, ShakeMovesTheWindowAndPutsItBack) {
     me->settings.Settings_DBBL.set(20);
     ring(kKinds[0]);
     world.clock.advance(100);
-    EXPECT_GT(me.desktop.shaken, 0);
+    EXPECT_GT(me.desktop.windows.shaken, 0);
     ring(kKinds[1]); // within the shake
     world.clock.advance(2000);
-    EXPECT_EQ(me.desktop.shakenTo, QPoint());
+    EXPECT_EQ(me.desktop.windows.shakenTo, QPoint());
     EXPECT_EQ(me.desktop.calls.filter("shakeMain").size(), 10 + 21 + 1);
 
     forget();
-    me.desktop.minimised = true;
+    me.desktop.windows.minimised = true;
     ring(kKinds[0]);
     world.clock.advance(2000);
     EXPECT_LE(me.desktop.calls.filter("shakeMain").size(), 2);
-    me.desktop.minimised = false;
+    me.desktop.windows.minimised = false;
     for (const int bound : {-1, -1000}) {
         forget();
         me->settings.Settings_DBBL.set(bound);
@@ -200,7 +200,7 @@ TEST_F(Alerts, ShakeMovesTheWindowAndPutsItBack) {
     me->settings.Settings_DBBL.set(2000000000);
     ring(kKinds[0]);
     world.run(30);
-    EXPECT_EQ(me.desktop.shakenTo, QPoint());
+    EXPECT_EQ(me.desktop.windows.shakenTo, QPoint());
     EXPECT_FALSE(me->alerts.tmrShake.enabled());
 }
 
@@ -243,7 +243,7 @@ TEST_F(Alerts, DoorBellWindowRingsEveryoneOrAGroup) {
     sent();
     me->alerts.SendDoorBell("G:" + QString(40, u'w'));
     EXPECT_EQ(sent(), QStringList("XAD0 " + QString(25, u'w')));
-    EXPECT_THAT(me.desktop.calls, ElementsAre("showBalloon Tessel Status|Doorbell Sent"));
+    EXPECT_THAT(me.desktop.calls, ElementsAre("Set_TrayPopup Tessel Status|Doorbell Sent"));
     EXPECT_THAT(me.sounds.played, ElementsAre("Sent.wav"));
     forget();
     QString members;

@@ -24,7 +24,7 @@ protected:
         facts.documents = home.filePath("documents/");
         facts.userName = "anna";
         facts.hostName = "pc7";
-        station = std::make_unique<Station>(facts, clock, link, desktop, sounds, keys, ++seed);
+        station = std::make_unique<Station>(facts, desktop.ports(clock, link, sounds, keys), ++seed);
         station->start();
         return station->folders.data();
     }

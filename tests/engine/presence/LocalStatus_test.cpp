@@ -183,8 +183,9 @@ TEST_F(OwnStatus, ButtonsWrittenFromAfar) {
 TEST_F(OwnStatus, DoNotDisturbIsToldToTheUserOnceAndToTheOthersAlways) {
     me->status.SetDND();
     EXPECT_TRUE(me->own.doNotDisturb);
-    EXPECT_EQ(me.desktop.calls, QStringList("showBalloon Tessel Status|Do Not Disturb has been activated\r\n"
-                                            "All incoming sounds and popups have been muted"));
+    EXPECT_EQ(me.desktop.calls,
+              QStringList("Set_TrayPopup Tessel Status|Do Not Disturb has been activated\r\n"
+                          "All incoming sounds and popups have been muted"));
     world.run(1);
     EXPECT_EQ(item(*viewRow(kMe), LocationItem::Active).foreColor, kBlue);
     me->status.SetDND();

@@ -76,7 +76,7 @@ protected:
     FakeFavorites favorites;
     RecordingDesktop desktop;
     RecordingSounds sounds;
-    Popups popups{me->own, me->settings, me->data, world.clock, desktop};
+    Popups popups{me->own, me->settings, me->data, world.clock, desktop.popups};
     Tones tones{me->own, me->settings, me->folders, me->ini, sounds};
     StatusNotices notices{me->own, me->settings, favorites, popups, tones};
     LocationViews views{me->own, me->settings, world.clock, favorites};

@@ -8,17 +8,10 @@ using namespace tessel;
 namespace {
 
 // Writes down the state of things with each call, since the order is what matters.
-class WatchingDesktop : public RecordingDesktop {
-public:
+struct Watch {
     Station* station = nullptr;
     QStringList seen;
 
-    void saveMainPlace() override { note("place"); }
-    void closePopups() override { note("popups"); }
-    void unloadForms() override { note("forms"); }
-    void unloadMain() override { note("main"); }
-
-private:
     void note(const char* what) {
         const Timer* const timers[] = {&station->network.tmrNetStart, &station->network.tmrKA,
                                        &station->network.tmrAnnounce, &station->tmrUpdates,
@@ -32,6 +25,26 @@ private:
                     .arg(running > 0)
                     .arg(!station->data.ReadSettingRaw(kUserFile, "Program", "SHTDWN").isEmpty());
     }
+};
+
+class WatchingWindows : public RecordingWindows {
+public:
+    WatchingWindows(QStringList& calls, Watch& watch) : RecordingWindows(calls), m_watch(watch) {}
+    void saveMainPlace() override { m_watch.note("place"); }
+    void unloadForms() override { m_watch.note("forms"); }
+    void unloadMain() override { m_watch.note("main"); }
+
+private:
+    Watch& m_watch;
+};
+
+class WatchingPopups : public RecordingPopups {
+public:
+    WatchingPopups(QStringList& calls, Watch& watch) : RecordingPopups(calls), m_watch(watch) {}
+    void closeAll() override { m_watch.note("popups"); }
+
+private:
+    Watch& m_watch;
 };
 
 class Program : public LoneStation {
@@ -63,11 +76,14 @@ TEST_F(Program, RecordOfTheRunTellsACrash) {
 }
 
 TEST_F(Program, EndsInOrderAndOnce) {
-    WatchingDesktop desktop;
+    Watch watch;
+    WatchingWindows windows(me.desktop.calls, watch);
+    WatchingPopups popups(me.desktop.calls, watch);
     world.start(0); // settles the folders and the files
-    Station station(me.facts, world.clock, me.link, desktop, me.sounds, me.keys, 2);
-    desktop.station = &station;
-    desktop.onShowMain = [&] {
+    Station station(me.facts, {world.clock, me.link, windows, popups, me.desktop.session, me.sounds, me.keys},
+                    2);
+    watch.station = &station;
+    windows.onShowMain = [&] {
         station.loadMain();
         station.mainLoaded();
     };
@@ -86,13 +102,13 @@ TEST_F(Program, EndsInOrderAndOnce) {
     station.ExitProc();
     EXPECT_EQ(world.clock.monotonicMs() - before, 1000);
     EXPECT_EQ(sentCodes().count("XD"), 1);
-    EXPECT_EQ(desktop.seen, QStringList({"place exiting=0 online=1 timers=1 stored=0",
-                                         "popups exiting=1 online=0 timers=1 stored=0",
-                                         "forms exiting=1 online=0 timers=0 stored=1",
-                                         "main exiting=1 online=0 timers=0 stored=1"}));
+    EXPECT_EQ(watch.seen, QStringList({"place exiting=0 online=1 timers=1 stored=0",
+                                       "popups exiting=1 online=0 timers=1 stored=0",
+                                       "forms exiting=1 online=0 timers=0 stored=1",
+                                       "main exiting=1 online=0 timers=0 stored=1"}));
     EXPECT_EQ(station.protocol.bytesReceived(), received) << "nothing is heard any more";
     world.run(100);
-    EXPECT_EQ(desktop.seen.size(), 4);
+    EXPECT_EQ(watch.seen.size(), 4);
     station.network.tmrNetStart.setEnabled(true);
     world.run(6);
     EXPECT_FALSE(station.own.online) << "a program that has begun to end cannot be called back";
@@ -126,7 +142,7 @@ TEST_F(Program, FirstRunAsksBeforeTheMainWindowComes) {
     EXPECT_EQ(me.get(kUserFile, "Settings", "DBNAV"), "1");
     EXPECT_EQ(me.desktop.calls, QStringList({"showWelcome", "SetAutoStart 1"}));
     EXPECT_EQ(me->own.TAG, 7);
-    me.desktop.showMain();
+    me.desktop.windows.show({WindowId::Main});
     world.run(6);
     EXPECT_EQ(cell(EndpointItem::Active, kMe), "Front desk");
     me->SaveUserName({"   ", 7, false});

@@ -1,14 +1,33 @@
-#include "windows/frmPlaces.h"
+#include "windows/WindowPlaces.h"
 
 #include "controls/look/ScreenPlacement.h"
 #include "engine/ports/cWindowRegistry.h"
 
 #include <QEvent>
+#include <QTimer>
 #include <QWidget>
 
 namespace tessel {
 
 namespace {
+
+constexpr int kFrameMs = 200; // by then a window manager has put its frame around a window
+
+bool isUsual(const QWidget& window) {
+    return (window.windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
+}
+
+void fitOnScreen(QWidget& window) {
+    if (!window.isVisible() || !isUsual(window)) {
+        return;
+    }
+    const QRect frame = window.frameGeometry();
+    const QRect place = placedOnScreens(frame.topLeft(), frame.size(), freeScreenAreas());
+    if (place != frame) {
+        window.resize(window.size() - (frame.size() - place.size()));
+        window.move(place.topLeft());
+    }
+}
 
 class PlaceKeeper : public QObject {
 public:
@@ -18,9 +37,10 @@ public:
 
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* const window = static_cast<QWidget*>(watched);
-        const bool usual =
-            (window->windowState() & (Qt::WindowMinimized | Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
-        if (event->type() == QEvent::Hide && !event->spontaneous() && usual) {
+        if (event->type() == QEvent::Show && !event->spontaneous()) {
+            fitOnScreenSoon(*window);
+        }
+        if (event->type() == QEvent::Hide && !event->spontaneous() && isUsual(*window)) {
             m_registry.SaveFormPos(window->objectName(), window->pos());
             m_registry.SaveFormSize(window->objectName(), window->size());
         }
@@ -43,6 +63,17 @@ void keepPlace(QWidget& window, WindowRegistry& registry) {
         window.move(place.topLeft());
     }
     new PlaceKeeper(window, registry);
+}
+
+void fitOnScreenSoon(QWidget& window) {
+    QTimer::singleShot(kFrameMs, &window, [&window] { fitOnScreen(window); });
+}
+
+void putInFront(QWidget& window) {
+    window.setWindowState(window.windowState() & ~Qt::WindowMinimized);
+    window.show();
+    window.raise();
+    window.activateWindow();
 }
 
 } // namespace tessel

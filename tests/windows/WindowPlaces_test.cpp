@@ -1,4 +1,4 @@
-#include "windows/frmPlaces.h"
+#include "windows/WindowPlaces.h"
 
 #include "support/gui_forms.h"
 
@@ -33,4 +33,14 @@ TEST(Places, AWindowComesBackWhereItWasClosed) {
     lost.setObjectName(QStringLiteral("frmSome"));
     keepPlace(lost, registry);
     EXPECT_TRUE(QGuiApplication::primaryScreen()->availableGeometry().contains(lost.geometry()));
+
+    // The screen may be smaller than the one of yesterday, and the frame takes its share.
+    registry.sizes[QStringLiteral("frmSome")] = QSize(9000, 9000);
+    QWidget large;
+    large.setObjectName(QStringLiteral("frmSome"));
+    keepPlace(large, registry);
+    large.show();
+    ASSERT_TRUE(QTest::qWaitFor([&large] {
+        return QGuiApplication::primaryScreen()->availableGeometry().contains(large.frameGeometry());
+    }));
 }

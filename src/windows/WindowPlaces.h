@@ -1,0 +1,21 @@
+// Where windows stand: on a screen, where they were, in front.
+#pragma once
+
+class QWidget;
+
+namespace tessel {
+
+class WindowRegistry;
+
+// Puts a window where it was when it was last closed, onto a screen of today, and remembers its place
+// from now on whenever it goes. Its object name tells it from the others. To be called before it shows.
+void keepPlace(QWidget& window, WindowRegistry& registry);
+
+// Brings an open window wholly onto its screen, frame included, soon after it is put up: the frame is
+// the window manager's, and not known before.
+void fitOnScreenSoon(QWidget& window);
+
+// A window that is hidden, minimised or behind others comes to the front and takes the focus.
+void putInFront(QWidget& window);
+
+} // namespace tessel
