@@ -3,12 +3,11 @@
 
 #include "engine/ports/cSounds.h"
 
-#include <QByteArrayList>
+#include <QPointer>
+#include <QStringList>
 #include <QTimer>
 
-#include <sys/types.h>
-
-#include <vector>
+class QProcess;
 
 namespace tessel {
 
@@ -26,21 +25,14 @@ public:
     void beep(int hertz, int ms) override;
 
 private:
-    void ask(const QByteArrayList& arguments);
+    void ask(const QStringList& arguments);
     void start();
-    // Ends the sound that is heard.
-    void cutOff();
-    // Lets go of the processes that have ended.
-    void reap();
-    // The process, or 0.
-    pid_t spawn(const QByteArrayList& arguments) const;
 
-    QByteArray m_program;
-    QByteArrayList m_next; // arguments of the sound to come; empty: none
+    QString m_program;
+    QStringList m_next; // arguments of the sound to come
     QTimer m_gather;
-    QTimer m_reap;
-    pid_t m_playing = 0;
-    std::vector<pid_t> m_children; // that have not been seen to end, m_playing included
+    QPointer<QProcess> m_playing; // the sound that is heard
+    int m_players = 0;            // that have not been seen to end
 };
 
 } // namespace tessel
