@@ -2,19 +2,15 @@
 //
 // It is a program of its own because a sound server may not answer for half a minute, and because
 // libraries for sound stay in memory once loaded. Whoever starts it cuts the sound off by ending it.
-#include "platform/sound/WaveSound.h"
+#include "programs/tslsound/WaveSound.h"
 
 #include <pulse/error.h>
 #include <pulse/simple.h>
 
-#include <algorithm>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
-#include <fcntl.h>
 #include <memory>
-#include <string>
-#include <sys/stat.h>
 #include <unistd.h>
 
 namespace {
@@ -31,29 +27,6 @@ constexpr pa_usec_t kAheadMs = 120;
 struct Close {
     void operator()(pa_simple* stream) const { pa_simple_free(stream); }
 };
-
-std::string readStart(const char* path) {
-    // Not waiting keeps a pipe under the name of a file from being waited for.
-    const int descriptor = ::open(path, O_RDONLY | O_CLOEXEC | O_NONBLOCK);
-    struct stat facts {};
-    std::string bytes;
-    if (descriptor >= 0 && ::fstat(descriptor, &facts) == 0 && S_ISREG(facts.st_mode)) {
-        bytes.resize(std::min(kMaxWaveBytes, static_cast<std::size_t>(facts.st_size)));
-        std::size_t filled = 0;
-        while (filled < bytes.size()) {
-            const ssize_t got = ::read(descriptor, bytes.data() + filled, bytes.size() - filled);
-            if (got <= 0) {
-                break;
-            }
-            filled += static_cast<std::size_t>(got);
-        }
-        bytes.resize(filled);
-    }
-    if (descriptor >= 0) {
-        ::close(descriptor);
-    }
-    return bytes;
-}
 
 int play(const PcmSound& sound) {
     const pa_sample_spec format{PA_SAMPLE_S16NE, static_cast<std::uint32_t>(sound.rate),
@@ -82,11 +55,11 @@ int main(int argc, char** argv) {
     ::alarm(kPatience);
     std::optional<PcmSound> sound;
     if (argc == 3 && std::strcmp(argv[1], "play") == 0) {
-        sound = decodeWave(readStart(argv[2]));
+        sound = readSound(argv[2]);
     } else if (argc == 4 && std::strcmp(argv[1], "beep") == 0) {
         sound = plainTone(std::atoi(argv[2]), std::atoi(argv[3]));
     } else {
-        std::fputs("Usage: tslsound play FILE         play a wave file\n"
+        std::fputs("Usage: tslsound play FILE         play a sound file\n"
                    "       tslsound beep HERTZ MS     play a plain tone\n",
                    stderr);
         return 2;

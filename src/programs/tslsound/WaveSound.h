@@ -1,16 +1,12 @@
-// Sounds as samples: what a wave file holds, or a plain tone.
+// Sounds as samples: what a sound file holds, or a plain tone.
 #pragma once
 
-#include <cstddef>
 #include <cstdint>
 #include <optional>
-#include <string_view>
 #include <vector>
 
 namespace tessel {
 
-// No more of a file is read; half a minute of stereo in the rate of studios.
-inline constexpr std::size_t kMaxWaveBytes = 6U << 20U;
 // No sound is longer than this: what alerts must end.
 inline constexpr int kMaxSoundMs = 30000;
 
@@ -22,9 +18,9 @@ struct PcmSound {
     int milliseconds() const;
 };
 
-// Reads uncompressed samples of 8, 16, 24 or 32 bits. Nothing for every other kind of file, and for
-// one without a single sample. A file that ends early gives the samples that are there.
-std::optional<PcmSound> decodeWave(std::string_view file);
+// Nothing for what is no file with sound in it. One that ends early gives the samples that are there.
+// A pipe under the name of a file is not waited for.
+std::optional<PcmSound> readSound(const char* path);
 
 // A sine wave that swells and ends without a click. Nothing if there would be nothing to hear.
 std::optional<PcmSound> plainTone(int hertz, int ms);
