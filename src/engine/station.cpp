@@ -26,27 +26,46 @@ QString fitOwn(const QString& text) {
 }
 } // namespace
 
+// An engine a line, so that several hands can add theirs at once.
+// clang-format off
 Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t seed)
-    : windows(ports.windows), session(ports.session), m_facts(facts), m_clock(ports.clock),
-      m_link(ports.link), m_popupDisplay(ports.popups), folders(m_facts), data(ini, folders),
-      log(m_clock, folders, own), settings(data), identity(own, data, log, m_clock, seed),
-      protocol(own, settings, m_link), network(own, data, log, m_clock, m_link, protocol),
+    : windows(ports.windows),
+      session(ports.session),
+      m_facts(facts),
+      m_clock(ports.clock),
+      m_link(ports.link),
+      m_popupDisplay(ports.popups),
+      folders(m_facts),
+      data(ini, folders),
+      log(m_clock, folders, own),
+      settings(data),
+      identity(own, data, log, m_clock, seed),
+      protocol(own, settings, m_link),
+      network(own, data, log, m_clock, m_link, protocol),
       usage(data, settings, m_clock, log, protocol),
       endpoints(own, settings, admin, log, m_clock, protocol, network),
-      views(own, settings, m_clock, favorites), sharedStatus(own, data, folders, m_clock, protocol, identity),
+      views(own, settings, m_clock, favorites),
+      sharedStatus(own, data, folders, m_clock, protocol, identity),
       status(own, data, m_clock, protocol, windows, ports.popups, sharedStatus),
-      presence(own, data, m_clock, protocol), hotKeys(admin, status, log, ports.hotKeys),
-      shortcuts(folders, session), tones(own, settings, folders, ini, ports.sounds),
-      popups(own, settings, data, m_clock, ports.popups), notices(own, settings, favorites, popups, tones),
-      alertBar(settings, m_clock), history(settings, folders, m_clock, views),
+      presence(own, data, m_clock, protocol),
+      hotKeys(admin, status, log, ports.hotKeys),
+      shortcuts(folders, session),
+      tones(own, settings, folders, ini, ports.sounds),
+      popups(own, settings, data, m_clock, ports.popups),
+      notices(own, settings, favorites, popups, tones),
+      alertBar(settings, m_clock),
+      history(settings, folders, m_clock, views),
       alerts(settings, m_clock, protocol, network, popups, alertBar, tones, history, windows, ports.popups),
-      messages(own, settings, log, m_clock, protocol), footer(own, m_clock), shell(settings, views, m_clock),
+      messages(own, settings, log, m_clock, protocol),
+      footer(own, m_clock),
+      shell(settings, views, m_clock),
       menu({own, settings, windows, shell, network, status, presence, alerts,
-            [this] { tmrExit.setEnabled(true); }}),
-      commands({own, windows, session, network, endpoints, status, presence, alerts, [this] { ExitProc(); },
-                [this] { tmrExit.setEnabled(true); }}),
+          [this] { tmrExit.setEnabled(true); }}),
+      commands({own, windows, session, network, endpoints, status, presence, alerts,
+          [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
       tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
       tmrUpdates(m_clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
+    // clang-format on
     wire();
     attachOrders();
 }
