@@ -1,4 +1,5 @@
 #include "controls/bars/MessageBar.h"
+#include "controls/look/ElidedLabel.h"
 
 #include <QAccessible>
 #include <QApplication>
@@ -83,17 +84,13 @@ TEST(MessageBar, ALongTextIsCutAndWholeInThePlainTip) {
         EXPECT_FALSE(view.bar->grab().isNull());
     }
     view.bar->setContent({{}, "DoorBell", "<b>a</b>" + QString(300, u'W'), "10:15 AM", "Reception"});
-    view.bar->grab();
+    QApplication::processEvents();
     EXPECT_TRUE(view.tip().contains("&lt;b&gt;a"));
     EXPECT_TRUE(view.tip().contains("(Reception)"));
 
-    // Who calls and when stays readable: only the text gives way.
-    QApplication::processEvents();
-    const QImage named = view.bar->grab().toImage();
-    view.bar->setContent({{}, "DoorBell", "<b>a</b>" + QString(300, u'W'), "10:15 AM", {}});
-    QApplication::processEvents();
-    EXPECT_NE(view.bar->grab().toImage(), named);
-    view.bar->setContent({{}, "DoorBell", "<b>a</b>" + QString(300, u'W') + "more", "10:15 AM", "Reception"});
-    QApplication::processEvents();
-    EXPECT_EQ(view.bar->grab().toImage(), named);
+    QStringList cut;
+    for (const ElidedLabel* const label : view.bar->findChildren<ElidedLabel*>()) {
+        cut += label->isCut() ? label->text().left(8) : QString();
+    }
+    EXPECT_EQ(cut, QStringList({"", "<b>a</b>", "", ""})) << "who calls and when stays readable";
 }

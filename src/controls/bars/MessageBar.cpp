@@ -21,7 +21,8 @@ constexpr int kPadding = 8;
 constexpr int kIconSize = 16;
 constexpr int kButtonInset = 3; // around the button
 constexpr QRgb kWarm = 0xFFF2A33A;
-constexpr int kKeepsRoom = 1000; // of a part, beside a text that gives way
+// What room there is goes to the title first, then to who and when; the text gives way.
+constexpr std::array kShares{1000000, 1, 100, 10000};
 
 } // namespace
 
@@ -34,10 +35,10 @@ MessageBar::MessageBar(Accent accent, QWidget* parent)
     layout->setSpacing(kPadding);
     layout->addWidget(m_icon);
     for (ElidedLabel*& part : m_parts) {
-        const int index = static_cast<int>(&part - m_parts.data());
+        const auto index = static_cast<std::size_t>(&part - m_parts.data());
         part = new ElidedLabel(this);
         part->setAttribute(Qt::WA_TransparentForMouseEvents); // the bar has the tip
-        layout->addWidget(part, index == kText ? 1 : kKeepsRoom);
+        layout->addWidget(part, kShares[index]);
     }
     QFont bold;
     bold.setBold(true);

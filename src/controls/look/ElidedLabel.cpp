@@ -11,7 +11,7 @@
 namespace tessel {
 
 namespace {
-constexpr int kLeastLetters = 6;
+constexpr int kLeastLetters = 4;
 } // namespace
 
 ElidedLabel::ElidedLabel(QWidget* parent) : QLabel(parent) {
