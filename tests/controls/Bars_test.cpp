@@ -178,6 +178,7 @@ TEST(Bars, EachIsOneStopOfTheTabKeyAndEscapeLeadsBack) {
     EXPECT_EQ(w.focused(), "Lunch & coffee with all of us");
     w.key(Qt::Key_Right);
     EXPECT_EQ(w.focused(), "Ring Doorbell") << "past a grey one";
+    EXPECT_TRUE(QAccessible::queryAccessibleInterface(w.bar.button(kRing))->state().focusable);
     w.key(Qt::Key_Return);
     w.key(Qt::Key_Space);
     EXPECT_THAT(w.told, ElementsAre(kRing, kRing));

@@ -52,6 +52,13 @@ bool BarButtons::eventFilter(QObject* watched, QEvent* event) {
     case QEvent::FocusIn:
         if (watched == m_bar) {
             enter();
+        } else if (button != nullptr) {
+            button->setFocusPolicy(Qt::TabFocus); // a screen reader passes over what cannot have it
+        }
+        return false;
+    case QEvent::FocusOut:
+        if (button != nullptr) {
+            button->setFocusPolicy(Qt::NoFocus);
         }
         return false;
     case QEvent::KeyPress:
@@ -169,8 +176,8 @@ void BarButtons::leave(bool forward) {
     QWidget* to = m_bar;
     do {
         to = forward ? to->nextInFocusChain() : to->previousInFocusChain();
-    } while (to != m_bar &&
-             ((to->focusPolicy() & Qt::TabFocus) == 0 || !to->isVisible() || !to->isEnabled()));
+    } while (to != m_bar && (to == m_last || (to->focusPolicy() & Qt::TabFocus) == 0 || !to->isVisible() ||
+                             !to->isEnabled()));
     if (to != m_bar) {
         to->setFocus(forward ? Qt::TabFocusReason : Qt::BacktabFocusReason);
     }

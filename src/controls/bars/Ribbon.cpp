@@ -251,16 +251,8 @@ void Ribbon::createGroups(const RibbonPlan& plan) {
         for (const RibbonGroup& group : groups) {
             m_groups.push_back(new RibbonGroupBox(group, tab, m_commands, *m_buttons, m_page));
             for (const RibbonButton& button : group.buttons) {
-                // An action tells of every change alike, most of which are checks.
-                const QAction* const action = m_commands.find(button.id);
-                if (action != nullptr) {
-                    connect(action, &QAction::changed, this, [this, action] {
-                        const QString look = action->isVisible() ? u'+' + action->iconText() : QString();
-                        if (QString& known = m_looks[action]; known != look) {
-                            known = look;
-                            queueFit();
-                        }
-                    });
+                if (const QAction* const action = m_commands.find(button.id); action != nullptr) {
+                    connect(action, &QAction::changed, this, &Ribbon::queueFit);
                 }
             }
         }

@@ -5,7 +5,6 @@
 // every press, of a tab too.
 #pragma once
 
-#include <QHash>
 #include <QWidget>
 
 #include <map>
@@ -85,7 +84,6 @@ private:
     QToolButton* m_fold;
     QWidget* m_page;
     std::vector<RibbonGroupBox*> m_groups;
-    QHash<const QAction*, QString> m_looks; // what the room was shared out for
     bool m_minimised = false;
     bool m_due = false;
     bool m_pressedCurrent = false; // when the mouse was last pressed on a tab
