@@ -7,6 +7,7 @@
 #include <algorithm>
 #include <cerrno>
 #include <cstring>
+#include <net/if.h>
 #include <sys/socket.h>
 #include <unistd.h>
 
@@ -34,6 +35,29 @@ template <typename Value> bool setOption(int socket, int level, int name, const 
     return ::setsockopt(socket, level, name, &value, sizeof value) == 0;
 }
 
+// The address that the system would send to the group from; zero when there is no way.
+in_addr routedAddress(const sockaddr_in& group) {
+    sockaddr_in local{};
+    socklen_t size = sizeof local;
+    const int probe = ::socket(AF_INET, SOCK_DGRAM | SOCK_CLOEXEC, 0); // sends nothing
+    if (probe < 0 || ::connect(probe, reinterpret_cast<const sockaddr*>(&group), sizeof group) != 0 ||
+        ::getsockname(probe, reinterpret_cast<sockaddr*>(&local), &size) != 0) {
+        local = {};
+    }
+    if (probe >= 0) {
+        ::close(probe);
+    }
+    return local.sin_addr;
+}
+
+bool hasAddress(const QNetworkInterface& interface, in_addr address) {
+    const QList<QNetworkAddressEntry> entries = interface.addressEntries();
+    return std::any_of(entries.begin(), entries.end(), [&](const QNetworkAddressEntry& entry) {
+        return entry.ip().protocol() == QAbstractSocket::IPv4Protocol &&
+               entry.ip().toIPv4Address() == ntohl(address.s_addr);
+    });
+}
+
 } // namespace
 
 MulticastLink::MulticastLink() = default;
@@ -51,6 +75,10 @@ bool MulticastLink::fail(const char* step) {
 
 bool MulticastLink::open(const LinkConfig& config) {
     close();
+    if (!m_watch) {
+        m_watch = std::make_unique<InterfaceWatch>();
+        connect(m_watch.get(), &InterfaceWatch::changed, this, &Link::interfacesChanged);
+    }
     if (!setUp(config)) {
         close();
         return false;
@@ -105,6 +133,7 @@ bool MulticastLink::join(const LinkConfig& config) {
     if (!setOption(m_socket, IPPROTO_IP, IP_ADD_MEMBERSHIP, membership)) {
         return fail("join");
     }
+    findInterface(membership);
     in_addr sendInterface{};
     if (!config.sendInterface.isEmpty() &&
         (!toAddress(config.sendInterface, sendInterface) ||
@@ -115,6 +144,42 @@ bool MulticastLink::join(const LinkConfig& config) {
         !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_LOOP, 1) ||
         !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_TTL, config.timeToLive)) {
         return fail("multicast options");
+    }
+    return true;
+}
+
+void MulticastLink::findInterface(const ip_mreqn& membership) {
+    m_membership = membership;
+    if (membership.imr_address.s_addr == 0) {
+        sockaddr_in group{};
+        group.sin_family = AF_INET;
+        group.sin_port = m_to.sin_port;
+        group.sin_addr = membership.imr_multiaddr;
+        m_membership.imr_address = routedAddress(group);
+    }
+    for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
+        if (m_membership.imr_address.s_addr != 0 && hasAddress(interface, m_membership.imr_address)) {
+            m_membership.imr_ifindex = interface.index();
+            return;
+        }
+    }
+    m_membership = membership;
+}
+
+bool MulticastLink::interfaceIsThere() const {
+    return m_membership.imr_ifindex == 0 ||
+           hasAddress(QNetworkInterface::interfaceFromIndex(m_membership.imr_ifindex),
+                      m_membership.imr_address);
+}
+
+bool MulticastLink::rejoin() {
+    if (m_socket < 0) {
+        return false;
+    }
+    // Fails where the membership went with its interface.
+    const bool left = setOption(m_socket, IPPROTO_IP, IP_DROP_MEMBERSHIP, m_membership);
+    if (!setOption(m_socket, IPPROTO_IP, IP_ADD_MEMBERSHIP, m_membership) && (left || errno != EADDRINUSE)) {
+        return fail("join again");
     }
     return true;
 }
@@ -203,12 +268,14 @@ std::vector<Adapter> MulticastLink::adapters() const {
     });
     std::vector<Adapter> found;
     for (const QNetworkInterface& interface : interfaces) {
-        for (const QNetworkAddressEntry& entry : interface.addressEntries()) {
-            if (entry.ip().protocol() == QAbstractSocket::IPv4Protocol) {
-                found.push_back({interface.humanReadableName(), entry.ip().toString()});
-                break;
-            }
-        }
+        // One without an address has its place too: choices are stored by their place, and a cable that
+        // is pulled must not make them mean another adapter.
+        const QList<QNetworkAddressEntry> entries = interface.addressEntries();
+        const auto ip4 = std::find_if(entries.begin(), entries.end(), [](const auto& entry) {
+            return entry.ip().protocol() == QAbstractSocket::IPv4Protocol;
+        });
+        found.push_back(
+            {interface.humanReadableName(), ip4 == entries.end() ? QString() : ip4->ip().toString()});
     }
     return found;
 }
@@ -217,6 +284,12 @@ bool MulticastLink::isOwnAddress(quint32 address) const {
     if (m_ownAddresses.contains(address)) {
         return true;
     }
+    // A copy of this station must not make it read them for each of its packets.
+    constexpr qint64 kLeastAgeMs = 1000;
+    if (m_ownAddressesRead.isValid() && !m_ownAddressesRead.hasExpired(kLeastAgeMs)) {
+        return false;
+    }
+    m_ownAddressesRead.start();
     m_ownAddresses.clear();
     for (const QHostAddress& own : QNetworkInterface::allAddresses()) {
         if (own.protocol() == QAbstractSocket::IPv4Protocol) {

@@ -3,6 +3,9 @@
 
 #include "engine/ports/cLink.h"
 
+#include "platform/InterfaceWatch.h"
+
+#include <QElapsedTimer>
 #include <QSet>
 #include <QSocketNotifier>
 
@@ -25,6 +28,8 @@ public:
     bool isActive() const override { return m_socket >= 0; }
     void send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override;
+    bool rejoin() override;
+    bool interfaceIsThere() const override;
     bool isOwnAddress(quint32 address) const override;
 
     // Size of the kernel's receive queue as it was granted, in bytes; 0 when not open.
@@ -35,6 +40,7 @@ private:
 
     bool setUp(const LinkConfig& config);
     bool join(const LinkConfig& config);
+    void findInterface(const ip_mreqn& membership);
     bool fail(const char* step);
     void drain();
     // False when the socket is beyond use.
@@ -48,6 +54,10 @@ private:
     std::vector<std::unique_ptr<Buffer>> m_buffers;
     std::size_t m_depth = 0;
     mutable QSet<quint32> m_ownAddresses; // as last read
+    mutable QElapsedTimer m_ownAddressesRead;
+    // Made by the first `open`: what happened before is seen by it.
+    std::unique_ptr<InterfaceWatch> m_watch;
+    ip_mreqn m_membership{}; // its interface and address as they were found; zero when not known
 };
 
 } // namespace tessel

@@ -11,6 +11,7 @@
 #include <optional>
 #include <sys/socket.h>
 #include <unistd.h>
+#include <utility>
 
 using namespace tessel;
 using testing::ElementsAre;
@@ -31,8 +32,9 @@ LinkConfig configOf(int group) {
 // A link that keeps what it hears.
 struct Listener {
     Listener() {
-        QObject::connect(&link, &Link::dataIn, &link, [this](QByteArrayView datagram) {
+        QObject::connect(&link, &Link::dataIn, &link, [this](QByteArrayView datagram, quint32 source) {
             heard.push_back(datagram.toByteArray());
+            lastSource = source;
             if (onData) {
                 onData(datagram);
             }
@@ -44,6 +46,7 @@ struct Listener {
     MulticastLink link;
     std::vector<QByteArray> heard;
     std::vector<int> errors;
+    quint32 lastSource = 0;
     std::function<void(QByteArrayView)> onData;
 };
 
@@ -275,11 +278,82 @@ TEST_F(MulticastLinkTest, AnOwnAddressSelectsTheInterface) {
     ASSERT_TRUE(one.link.open(config));
     one.link.send("by loop-back");
     EXPECT_TRUE(waitUntil([&] { return !one.heard.empty(); }));
+    EXPECT_EQ(one.lastSource, 0x7F000001U);
+    EXPECT_TRUE(one.link.isOwnAddress(one.lastSource));
 
     const auto adapters = one.link.adapters();
     ASSERT_FALSE(adapters.empty());
     EXPECT_EQ(adapters.back().name, "lo");
     EXPECT_EQ(adapters.back().address, "127.0.0.1");
+}
+
+// Interfaces with addresses come and go: the station must know of it, and whether its own is meant.
+TEST_F(MulticastLinkTest, TellsWhenInterfacesChangeAndWhetherItsOwnIsThere) {
+    Listener one;
+    int changes = 0;
+    QObject::connect(&one.link, &Link::interfacesChanged, &one.link, [&] { ++changes; });
+    const auto changed = [&] {
+        const bool came = waitUntil([&] { return changes > 0; });
+        changes = 0;
+        return came;
+    };
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    if (!run("ip", {"link", "add", "tsl0", "type", "bridge"})) {
+        GTEST_SKIP() << "not allowed to make an interface";
+    }
+    EXPECT_TRUE(changed());
+    const auto adapter = [&] {
+        for (const Adapter& found : one.link.adapters()) {
+            if (found.name == u"tsl0") {
+                return found.address;
+            }
+        }
+        return QStringLiteral("(none)");
+    };
+    EXPECT_EQ(adapter(), "") << "an adapter without an address keeps its place in the list";
+    ASSERT_TRUE(run("ip", {"link", "set", "tsl0", "up"}));
+    ASSERT_TRUE(run("ip", {"address", "add", "10.9.8.7/24", "dev", "tsl0"}));
+    EXPECT_TRUE(changed());
+    EXPECT_EQ(adapter(), "10.9.8.7");
+    EXPECT_TRUE(one.link.isOwnAddress(0x0A090807));
+    EXPECT_FALSE(one.link.isOwnAddress(0x0A090808));
+
+    Listener there;
+    LinkConfig config = configOf(1);
+    config.localHost = config.sendInterface = config.receiveInterface = QStringLiteral("10.9.8.7");
+    ASSERT_TRUE(there.link.open(config));
+    EXPECT_TRUE(there.link.interfaceIsThere());
+    EXPECT_TRUE(one.link.interfaceIsThere());
+    letPass(); // what is still on its way
+    changes = 0;
+    ASSERT_TRUE(run("ip", {"address", "replace", "10.9.8.7/24", "dev", "tsl0", "valid_lft", "3600",
+                           "preferred_lft", "3600"}));
+    letPass();
+    EXPECT_EQ(changes, 0) << "a lease that is renewed is no change";
+    ASSERT_TRUE(run("ip", {"address", "add", "10.9.8.9/24", "dev", "tsl0"}));
+    EXPECT_TRUE(changed());
+    EXPECT_TRUE(there.link.interfaceIsThere());
+    ASSERT_TRUE(run("ip", {"address", "delete", "10.9.8.7/24", "dev", "tsl0"}));
+    EXPECT_TRUE(changed());
+    EXPECT_FALSE(there.link.interfaceIsThere());
+    EXPECT_TRUE(one.link.interfaceIsThere()) << "it is on another interface";
+    ASSERT_TRUE(run("ip", {"link", "delete", "tsl0"}));
+    EXPECT_TRUE(changed());
+    EXPECT_FALSE(there.link.interfaceIsThere());
+}
+
+TEST_F(MulticastLinkTest, JoinsAnewOnTheSameSocket) {
+    Listener one;
+    EXPECT_FALSE(one.link.rejoin());
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    for (int i = 0; i < 100; ++i) { // more than the system lets a socket join
+        ASSERT_TRUE(one.link.rejoin());
+    }
+    one.link.send("still there");
+    EXPECT_TRUE(waitUntil([&] { return !one.heard.empty(); }));
+    letPass();
+    EXPECT_THAT(one.heard, ElementsAre("still there"));
+    EXPECT_THAT(one.errors, IsEmpty());
 }
 
 // A cable that is pulled and put back: no flood of errors, and the same socket goes on.

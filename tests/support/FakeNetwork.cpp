@@ -45,7 +45,8 @@ void FakeNetwork::deliverDue() {
             // thousand it would cost as much as the deliveries.
             const bool there =
                 m_gone == goneBefore || std::find(m_links.begin(), m_links.end(), link) != m_links.end();
-            if (there && link->m_active && link->config.localPort == datagram.port &&
+            const bool deaf = datagram.source == link->address ? link->deafToItself : link->deafToOthers;
+            if (there && !deaf && link->m_active && link->config.localPort == datagram.port &&
                 link->config.group == datagram.group) {
                 emit link->dataIn(datagram.bytes, datagram.source);
             }
@@ -68,6 +69,12 @@ bool FakeLink::open(const LinkConfig& wanted) {
     config = wanted;
     ++opened;
     m_active = !refuse;
+    return m_active;
+}
+
+bool FakeLink::rejoin() {
+    rejoinedAt.push_back(m_network.m_clock.monotonicMs());
+    deafToOthers = deafToOthers && !joiningHelps;
     return m_active;
 }
 

@@ -60,12 +60,20 @@ public:
     bool isActive() const override { return m_active; }
     void send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override { return adapterList; }
+    bool rejoin() override;
+    bool interfaceIsThere() const override { return interfaceThere; }
     bool isOwnAddress(quint32 asked) const override { return asked == address; }
 
     // What the test wants of the next `open`, and what the last one was given.
     bool refuse = false;
     LinkConfig config;
     int opened = 0;
+    bool interfaceThere = true;
+    // Hears nothing of others, or not even itself, until it joins anew.
+    bool deafToOthers = false;
+    bool deafToItself = false;
+    bool joiningHelps = true;
+    std::vector<std::int64_t> rejoinedAt; // moments of the clock
     std::vector<Adapter> adapterList;
     quint32 address = 0; // of the machine; by default each link has one
     // The socket breaks.

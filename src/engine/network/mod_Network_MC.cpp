@@ -20,7 +20,9 @@ constexpr int kBufferSize = 8048;
 constexpr int kKeepAliveMs = 45000;
 constexpr int kKeepAliveMinutes = 4;
 constexpr int kGoodbyeSeconds = 1;
-// The same failure of the socket, over and over, is worth one line a minute.
+// A lease, its address and its routes come one after the other.
+constexpr int kSettleMs = 2000;
+// The same trouble, over and over, is worth one line a minute.
 constexpr std::int64_t kSameErrorMs = 60000;
 
 QString version() {
@@ -31,16 +33,8 @@ QString version() {
 
 NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock, Link& link,
                      NetworkProtocol& protocol)
-    : tmrNetStart(clock, "tmrNetStart", 5000, Timer::Kind::OneShot,
-                  [this] {
-                      if (m_own.exiting) {
-                          return;
-                      }
-                      emit startingNetwork();
-                      if (m_protocol == 0) {
-                          Network_Start();
-                      }
-                  }),
+    : tmrNetStart(clock, "tmrNetStart", 5000, Timer::Kind::OneShot, [this] { startNow(); }),
+      tmrSettle(clock, "tmrSettle", kSettleMs, Timer::Kind::OneShot, [this] { interfacesSettled(); }),
       tmrKA(clock, "tmrKA", 30000, Timer::Kind::Repeating,
             [this] {
                 m_protocolLayer.send(Code::XRKA, version());
@@ -51,6 +45,44 @@ NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock,
       m_own(own), m_data(data), m_log(log), m_clock(clock), m_link(link), m_protocolLayer(protocol),
       m_wait(clock) {
     connect(&link, &Link::error, this, &NetworkMC::socketError);
+    connect(&link, &Link::interfacesChanged, this, [this] { tmrSettle.restart(); });
+}
+
+void NetworkMC::startNow() {
+    if (m_own.exiting) {
+        return;
+    }
+    m_startTried = true;
+    emit startingNetwork();
+    if (m_protocol == 0) {
+        Network_Start();
+    }
+}
+
+void NetworkMC::interfacesSettled() {
+    // A start that is due anyway, or has not been asked for yet, sees the interfaces as they then are.
+    if (!m_startTried || m_own.leaving || tmrNetStart.enabled()) {
+        return;
+    }
+    if (!m_own.online) {
+        startNow();
+    } else if (!m_link.interfaceIsThere()) {
+        if (dueAgain(m_lastChangeAt)) {
+            m_log.LogEvent(QStringLiteral("Adapter"),
+                           QStringLiteral("The network adapter has changed, the network restarts"),
+                           QStringLiteral("ADPC"));
+        }
+        RestartNetwork();
+    }
+}
+
+bool NetworkMC::dueAgain(std::int64_t& last) const {
+    const std::int64_t now = m_clock.monotonicMs();
+    if (last >= 0 && now - last < kSameErrorMs) {
+        return false;
+    }
+    last = now;
+    return true;
 }
 
 QString NetworkMC::netSetting(const char* key, const QString& fallback) const {
@@ -74,6 +106,8 @@ void NetworkMC::LoadNetworkProtocol() {
 
 void NetworkMC::Network_LoadConfig() {
     const NetworkGroup& group = networkGroup(netSetting("net", QStringLiteral("0")));
+    const int rejoin = netNumber("rejoin", 1);
+    m_rejoin = rejoin == 0 ? Rejoin::Never : rejoin == 2 ? Rejoin::Always : Rejoin::WhenDeaf;
     m_config = {};
     m_config.maxPacketSize = netNumber("maxp", kBufferSize);
     m_config.inBufferSize = netNumber("maxibp", kBufferSize);
@@ -107,9 +141,16 @@ bool NetworkMC::chooseInterfaces() {
         const std::vector<Adapter> list = m_link.adapters();
         const int index = storedAdapter();
         if (index < 0 || index >= static_cast<int>(list.size())) {
+            logAdapter(QStringLiteral("There is no such network adapter, of %1").arg(list.size()));
             return false;
         }
-        m_own.ownIPAddress = list[static_cast<std::size_t>(index)].address;
+        const Adapter& adapter = list[static_cast<std::size_t>(index)];
+        if (adapter.address.isEmpty()) {
+            // Any other one would lead to some other network.
+            logAdapter(QLatin1String("The network adapter has no address: ") + adapter.name);
+            return false;
+        }
+        m_own.ownIPAddress = adapter.address;
     } else if (!iphost.isEmpty()) {
         m_own.ownIPAddress = iphost;
     }
@@ -123,6 +164,12 @@ bool NetworkMC::chooseInterfaces() {
         m_config.receiveInterface = m_own.ownIPAddress;
     }
     return true;
+}
+
+void NetworkMC::logAdapter(const QString& message) {
+    if (dueAgain(m_lastAdapterAt)) {
+        m_log.LogEvent(QStringLiteral("Adapter"), message, netSetting("adapter", {}));
+    }
 }
 
 bool NetworkMC::bringUp() {
@@ -226,11 +273,12 @@ void NetworkMC::RestartNetwork() {
 }
 
 void NetworkMC::socketError(int number, const QString& description) {
-    const std::int64_t now = m_clock.monotonicMs();
-    if (m_lastErrorAt < 0 || number != m_lastError || now - m_lastErrorAt >= kSameErrorMs) {
-        m_log.LogEvent(QStringLiteral("MSocket"), description, QString::number(number));
+    if (number != m_lastError) {
         m_lastError = number;
-        m_lastErrorAt = now;
+        m_lastErrorAt = -1;
+    }
+    if (dueAgain(m_lastErrorAt)) {
+        m_log.LogEvent(QStringLiteral("MSocket"), description, QString::number(number));
     }
     if (m_own.online && !m_link.isActive()) {
         goOffline();

@@ -15,6 +15,9 @@ class INIData;
 class NetworkProtocol;
 struct OwnState;
 
+// Whether the station renews its membership in the group by itself.
+enum class Rejoin { Never, WhenDeaf, Always };
+
 class NetworkMC : public QObject {
     Q_OBJECT
 public:
@@ -54,9 +57,14 @@ public:
     int protocol() const { return m_protocol; }
     // Minutes of silence after which an endpoint counts as gone.
     int EPKM() const { return m_epkm; }
+    // Milliseconds between two keep-alives.
+    int keepAliveMs() const { return m_ka; }
+    Rejoin rejoin() const { return m_rejoin; }
     const LinkConfig& config() const { return m_config; }
 
     Timer tmrNetStart;
+    // Runs while interfaces, addresses or routes are changing, and for a moment after.
+    Timer tmrSettle;
     Timer tmrKA;
     Timer tmrAnnounce;
 
@@ -74,6 +82,11 @@ signals:
     void keepAliveSent();
 
 private:
+    void startNow();
+    void interfacesSettled();
+    void logAdapter(const QString& message);
+    // Whether a line was not written for a minute; it counts as written now.
+    bool dueAgain(std::int64_t& last) const;
     void Network_LoadConfig();
     bool chooseInterfaces();
     bool bringUp();
@@ -94,9 +107,14 @@ private:
     int m_protocol = 0;
     int m_epkm = 0;
     int m_ka = 0;
+    Rejoin m_rejoin = Rejoin::WhenDeaf;
+    bool m_startTried = false;
     bool m_restartWanted = false; // asked for while the station took leave
     int m_lastError = 0;
-    std::int64_t m_lastErrorAt = -1; // before the first error
+    // Moments of the last lines in the log; -1: none yet.
+    std::int64_t m_lastErrorAt = -1;
+    std::int64_t m_lastAdapterAt = -1;
+    std::int64_t m_lastChangeAt = -1;
 };
 
 } // namespace tessel

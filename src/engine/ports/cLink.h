@@ -39,10 +39,16 @@ public:
     // Leaves the group and closes. Nothing happens when it is not open.
     virtual void close() = 0;
     virtual bool isActive() const = 0;
+    // Leaves the group and joins it again, on the same socket, so that switches hear of it once more.
+    // False when it could not be joined.
+    virtual bool rejoin() = 0;
+    // Whether the interface on which the group was joined still has the index and the address of then.
+    // True where that is not known.
+    virtual bool interfaceIsThere() const = 0;
     // Sends one datagram to the whole group, the own station included. A datagram that cannot be sent
     // is lost.
     virtual void send(QByteArrayView datagram) = 0;
-    // The machine's network adapters in a lasting order.
+    // The machine's network adapters in a lasting order. One without an address is there too.
     virtual std::vector<Adapter> adapters() const = 0;
     // Whether an IPv4 address, as a number, is one of this machine's.
     virtual bool isOwnAddress(quint32 address) const = 0;
@@ -53,6 +59,8 @@ signals:
     void dataIn(QByteArrayView datagram, quint32 source = 0);
     // A failure of the open socket. It may have closed itself: see `isActive`.
     void error(int number, const QString& description);
+    // Interfaces, their addresses or routes are not as they were. May come many times for one change.
+    void interfacesChanged();
 };
 
 } // namespace tessel
