@@ -43,6 +43,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       protocol(own, settings, m_link),
       network(own, data, log, m_clock, m_link, protocol),
       usage(data, settings, m_clock, log, protocol),
+      hearing(own, log, m_clock, m_link, protocol, network),
       endpoints(own, settings, admin, log, m_clock, protocol, network),
       views(own, settings, m_clock, favorites),
       sharedStatus(own, data, folders, m_clock, protocol, identity),
@@ -74,7 +75,8 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
 void Station::wire() {
     protocol.addTable(endpoints.records());
     protocol.addTable(views.rptEndpoints);
-    connect(&m_link, &Link::dataIn, this, [this](QByteArrayView datagram) { protocol.receive(datagram); });
+    connect(&m_link, &Link::dataIn, this,
+            [this](QByteArrayView datagram, quint32 source) { protocol.receive(datagram, source); });
 
     connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
     connect(&network, &NetworkMC::remark, &footer, &Footer::Remark);
@@ -82,6 +84,16 @@ void Station::wire() {
     connect(&network, &NetworkMC::resetUserLists, &endpoints, &Endpoints::ResetUserLists);
     connect(&network, &NetworkMC::keepAliveSent, this, [this] { usage.SaveNetworkUsage(false); });
     connect(&network, &NetworkMC::keepAliveSent, &endpoints, &Endpoints::keepAliveSent);
+    connect(&network, &NetworkMC::keepAliveSent, &hearing, &Hearing::tick);
+    connect(&hearing, &Hearing::footer, &footer,
+            [this](const QString& text, const QString& tip) { footer.SetFooter(text, tip, false); });
+    connect(&hearing, &Hearing::footerOver, &footer, &Footer::EndText);
+    connect(&hearing, &Hearing::duplicateIdentity, &footer, [this] {
+        footer.Remark(QStringLiteral("Another computer has this identity"),
+                      QStringLiteral("One of the two needs a new SID: Active Connections, Tools, Reset SID"));
+    });
+    connect(&endpoints, &Endpoints::added, &hearing,
+            [this](const EndpointAdded& endpoint) { hearing.locationAdded(endpoint.SID); });
 
     connect(&endpoints, &Endpoints::added, &views, &LocationViews::Add_to_Active);
     connect(&endpoints, &Endpoints::removed, &views, &LocationViews::Active_RemoveEndpoint);
@@ -275,9 +287,9 @@ CloseAction Station::closing(CloseReason reason) {
 
 void Station::disableTimers() {
     for (Timer* const timer :
-         {&network.tmrNetStart, &network.tmrAnnounce, &network.tmrKA, &tmrUpdates, &status.tmrChangeLimiter,
-          &footer.tmrFooter, &alerts.tmrShake, &popups.tmrStatusPopup, &popups.tmrAlertPopup,
-          &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
+         {&network.tmrNetStart, &network.tmrSettle, &hearing.tmrRenew, &network.tmrAnnounce, &network.tmrKA,
+          &tmrUpdates, &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake, &popups.tmrStatusPopup,
+          &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
         timer->setEnabled(false);
     }
     alertBar.tstmrAlertOff.setEnabled(false);

@@ -19,6 +19,7 @@
 #include "engine/mainwindow/mod_Footer.h"
 #include "engine/mainwindow/mod_Shell.h"
 #include "engine/network/mod_Endpoints.h"
+#include "engine/network/mod_Hearing.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/operations/mod_Admin.h"
@@ -113,6 +114,7 @@ public:
     NetworkProtocol protocol;
     NetworkMC network;
     NetworkUsage usage;
+    Hearing hearing;
     Endpoints endpoints;
     FavoriteLookup favorites;
     LocationViews views;

@@ -121,7 +121,8 @@ bool Endpoints::roomForOneMore() {
 void Endpoints::Add_Endpoint(const QString& Location, const QString& Host, const QString& Version,
                              const QString& Flags, const QString& SID, const QString& Presence,
                              const QString& Note, bool Show, const QString& Marker) {
-    if (m_records.find(SID) != nullptr || !roomForOneMore()) {
+    // The own row has its place in a full table too.
+    if (m_records.find(SID) != nullptr || (SID != m_own.SID && !roomForOneMore())) {
         return;
     }
     const auto presence = Presence::of(Presence);
@@ -269,6 +270,10 @@ void Endpoints::Process_KeepAlive_Times() {
     }
     if (reset) {
         m_network.RestartNetwork();
+    } else if (m_own.canSend() && m_records.find(m_own.SID) == nullptr) {
+        // A goodbye under the own name, from a copy of this station, has removed the row, at all others
+        // too; without it nothing watches the clock.
+        m_network.Announce();
     }
 }
 

@@ -96,12 +96,12 @@ void NetworkProtocol::attach(Code code, Handler handler) {
     m_handlers[indexOf(code)] = std::move(handler);
 }
 
-void NetworkProtocol::receive(QByteArrayView datagram) {
+void NetworkProtocol::receive(QByteArrayView datagram, quint32 source) {
     if (m_own.exiting) {
         return;
     }
     expectSender(datagram);
-    splitDatagram(datagram, [this](QByteArrayView piece) { DispatchPacket(piece); });
+    splitDatagram(datagram, [this, source](QByteArrayView piece) { DispatchPacket(piece, source); });
     AddBytesReceived(datagram);
 }
 
@@ -120,13 +120,19 @@ void NetworkProtocol::expectSender(QByteArrayView packet) const {
     }
 }
 
-void NetworkProtocol::DispatchPacket(QByteArrayView text) {
+void NetworkProtocol::DispatchPacket(QByteArrayView text, quint32 source) {
     const auto packet = cPacket::parse(text, m_settings.ENCODE());
     if (!packet.has_value()) {
         return;
     }
     const CatalogueRow* const row = findRow(packet->bytes(Field::Code));
-    if (row == nullptr || !passes(row->filter, *packet)) {
+    if (row == nullptr) {
+        return;
+    }
+    if (m_listener) {
+        m_listener(*packet, row->code, source);
+    }
+    if (!passes(row->filter, *packet)) {
         return;
     }
     ++m_received[indexOf(row->code)];

@@ -22,6 +22,8 @@ struct OwnState;
 class NetworkProtocol {
 public:
     using Handler = std::function<void(const cPacket&)>;
+    // `source`: as `Link::dataIn` gives it.
+    using Listener = std::function<void(const cPacket&, Code, quint32 source)>;
 
     NetworkProtocol(OwnState& own, const Settings& settings, Link& link)
         : m_own(own), m_settings(settings), m_link(link) {}
@@ -40,13 +42,16 @@ public:
     // Lets `handler` act on packets of this code that pass the code's filter. The last one set holds.
     void attach(Code code, Handler handler);
 
+    // Lets `listener` hear of every packet of a known code, own ones too, before its filter is looked at.
+    void listen(Listener listener) { m_listener = std::move(listener); }
+
     // Names a table in which packets look for the row of their sender. It hears of each sender before
     // the packet is taken apart.
     void addTable(const ReportRecords& table) { m_tables.push_back(&table); }
 
     // A datagram arrived: splits it and dispatches each packet, in order.
-    void receive(QByteArrayView datagram);
-    void DispatchPacket(QByteArrayView text);
+    void receive(QByteArrayView datagram, quint32 source = 0);
+    void DispatchPacket(QByteArrayView text, quint32 source = 0);
 
     // Characters of packet text, sent and received since the last reset.
     double bytesSent() const { return m_bytesSent; }
@@ -78,6 +83,7 @@ private:
     const Settings& m_settings;
     Link& m_link;
     std::vector<const ReportRecords*> m_tables;
+    Listener m_listener;
     int m_protocol = 0;
     std::array<Handler, kCodeCount> m_handlers;
     std::array<std::uint64_t, kCodeCount> m_received{};
