@@ -160,6 +160,8 @@ TEST_F(ActiveConnections, TheSIDQuestionIsNoUnlessYesIsChosen) {
     EXPECT_NE(SIDInFile(), before);
     EXPECT_EQ(SIDInFile().size(), 12);
     EXPECT_FALSE(world[0]->own.online);
+    ASSERT_NE(openBox(), nullptr);
+    EXPECT_EQ(openBox()->text(), "You will need to restart Tessel Status to complete this action.");
     world.run(6);
     EXPECT_TRUE(world[0]->own.online);
 }

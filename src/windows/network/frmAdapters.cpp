@@ -3,6 +3,7 @@
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Network_MC.h"
+#include "windows/dialogs/restartBox.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>
@@ -98,18 +99,11 @@ void frmAdapters::restart() {
 
 void frmAdapters::reset() {
     // The station goes on behind the question and may end meanwhile, so nothing waits here.
-    auto* const box = new QMessageBox(QMessageBox::Information, kProductName,
-                                      QLatin1String("You will need to restart ") + kProductName +
-                                          QLatin1String(" to complete this action."),
-                                      QMessageBox::Ok, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, this, [this] {
+    connect(openRestartBox(this), &QMessageBox::finished, this, [this] {
         m_network.ResetAdapter();
         m_tmrExit.setEnabled(true);
         accept();
     });
-    box->open();
 }
 
 } // namespace tessel

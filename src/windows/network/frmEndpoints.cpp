@@ -7,6 +7,7 @@
 #include "engine/ports/cSession.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
+#include "windows/dialogs/restartBox.h"
 
 #include <QCloseEvent>
 #include <QMenuBar>
@@ -173,6 +174,8 @@ void frmEndpoints::askSIDReset() {
     box->setAttribute(Qt::WA_DeleteOnClose);
     connect(box, &QMessageBox::finished, this, [this](int answer) {
         if (answer == QMessageBox::Yes) {
+            // Until then the station keeps the identity under which the others know it.
+            openRestartBox(this);
             m_station.resetSID();
         }
     });
