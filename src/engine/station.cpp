@@ -188,6 +188,9 @@ void Station::messageArrived(const ReceivedMessage& message) {
 void Station::mainLoaded() {
     hotKeys.LoadHotKeys();
     history.LoadRecents();
+    if (const QString trouble = tones.trouble(); !trouble.isEmpty()) {
+        log.LogEvent(QStringLiteral("Sound"), trouble, QString());
+    }
     if (settings.Sound_ST() && settings.Sound_SC()) {
         tones.PlayTone(QStringLiteral("Startup"));
     }
@@ -231,7 +234,7 @@ void Station::SaveNetwork(int group) {
 }
 
 QString Station::diagInfo() const {
-    return GetDiagInfo(own, m_facts, network, settings, admin);
+    return GetDiagInfo(own, m_facts, network, settings, admin, tones.trouble());
 }
 
 void Station::resetSID() {

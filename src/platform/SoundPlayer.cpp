@@ -1,6 +1,7 @@
 #include "platform/SoundPlayer.h"
 
 #include <QCoreApplication>
+#include <QFileInfo>
 #include <QProcess>
 
 #include <utility>
@@ -37,6 +38,10 @@ SoundPlayer::~SoundPlayer() {
             delete m_playing;
         }
     }
+}
+
+QString SoundPlayer::trouble() const {
+    return QFileInfo(m_program).isExecutable() ? QString() : QLatin1String("No player: ") + m_program;
 }
 
 void SoundPlayer::play(const QString& path) {

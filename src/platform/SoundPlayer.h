@@ -21,6 +21,7 @@ public:
     explicit SoundPlayer(const QString& program);
     ~SoundPlayer() override;
 
+    QString trouble() const override;
     void play(const QString& path) override;
     void beep(int hertz, int ms) override;
 

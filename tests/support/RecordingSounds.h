@@ -11,6 +11,9 @@ class RecordingSounds : public Sounds {
 public:
     // File names without their folder, and "beep <hertz> <ms>".
     QStringList played;
+    QString missing; // what it says of itself
+
+    QString trouble() const override { return missing; }
 
     void play(const QString& path) override { played += path.section(u'/', -1); }
     void beep(int hertz, int ms) override { played += QStringLiteral("beep %1 %2").arg(hertz).arg(ms); }

@@ -59,6 +59,10 @@ void Tones::PlayFavoriteTone(const QString& name) {
     }
 }
 
+QString Tones::trouble() const {
+    return m_sounds.trouble();
+}
+
 void Tones::PlayBeep() {
     if (!m_own.doNotDisturb) {
         m_sounds.beep(std::clamp(toNumber(m_settings.Sound_BT()), kLowestHertz, kHighestHertz),

@@ -23,6 +23,8 @@ public:
     // A favorite tone by its stem, say "3A".
     void PlayFavoriteTone(const QString& name);
     void PlayBeep();
+    // What keeps all tones from being heard; empty when nothing is known to.
+    QString trouble() const;
     void PlaySentTone() { PlayTone(QStringLiteral("Sent")); }
 
     // Reads the names of the favorite tones; without notify.dat there are none.

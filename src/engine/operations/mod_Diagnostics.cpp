@@ -17,7 +17,7 @@ QString yesOrNo(bool yes) {
 } // namespace
 
 QString GetDiagInfo(const OwnState& own, const SystemFacts& facts, const NetworkMC& network,
-                    const Settings& settings, const Admin& admin) {
+                    const Settings& settings, const Admin& admin, const QString& soundTrouble) {
     const LinkConfig& config = network.config();
     QStringList adapters;
     QStringList addresses;
@@ -48,6 +48,9 @@ QString GetDiagInfo(const OwnState& own, const SystemFacts& facts, const Network
     add("Admin:", admin.AdminFilePresent ? QStringLiteral("True") : QStringLiteral("False"));
     if (admin.AdminFilePresent) {
         lines += QLatin1String("Admin Flags: ") + admin.GetAdminFlags();
+    }
+    if (!soundTrouble.isEmpty()) {
+        add("Sound:", soundTrouble);
     }
     return lines.join(u'\n');
 }

@@ -11,8 +11,8 @@ class Settings;
 struct OwnState;
 struct SystemFacts;
 
-// One fact a line, its label in front.
+// One fact a line, its label in front. `soundTrouble`: why nothing is heard; no line when it is empty.
 QString GetDiagInfo(const OwnState& own, const SystemFacts& facts, const NetworkMC& network,
-                    const Settings& settings, const Admin& admin);
+                    const Settings& settings, const Admin& admin, const QString& soundTrouble);
 
 } // namespace tessel

@@ -14,6 +14,9 @@ public:
     Sounds(const Sounds&) = delete;
     Sounds& operator=(const Sounds&) = delete;
 
+    // What keeps every sound from being heard, in one line; empty when nothing is known to.
+    virtual QString trouble() const { return {}; }
+
     // Plays a wave file from its beginning and cuts off whatever is playing.
     virtual void play(const QString& path) = 0;
     // A plain tone of `hertz` for `ms`, likewise.

@@ -1,4 +1,5 @@
 // One station on one desktop.
+#include "controls/edit/HeldKeyFilter.h"
 #include "controls/look/OfficeLook.h"
 #include "engine/core/cInifile.h"
 #include "engine/operations/mod_LocationReport.h"
@@ -72,6 +73,7 @@ int main(int argc, char** argv) {
     }
     const StartTrace trace;
     applyOfficeLook();
+    const HeldKeyFilter heldKeys;
 
     EventLoopClock clock;
     MulticastLink link;

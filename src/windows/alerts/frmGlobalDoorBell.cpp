@@ -90,13 +90,19 @@ void frmGlobalDoorBell::LoadSnippetDB() {
 void frmGlobalDoorBell::keyPressEvent(QKeyEvent* event) {
     const int number = event->key() - Qt::Key_F1;
     if (number >= 0 && number < static_cast<int>(m_groups.size())) {
-        m_groups[static_cast<std::size_t>(number)]->click();
+        // Held, it rings once.
+        if (!event->isAutoRepeat()) {
+            m_groups[static_cast<std::size_t>(number)]->click();
+        }
         return;
     }
     QDialog::keyPressEvent(event);
 }
 
 void frmGlobalDoorBell::SendDoorBell() {
+    if (result() == Accepted) {
+        return; // rung already: a second press or click that was on its way
+    }
     // What was not sent stays in the box, to be sent when the network is back.
     if (m_alerts.SendDoorBell(m_text->text())) {
         accept();

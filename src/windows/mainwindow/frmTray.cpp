@@ -3,6 +3,12 @@
 #include "controls/look/Images.h"
 #include "engine/station.h"
 
+#include <QDBusConnection>
+#include <QDBusConnectionInterface>
+#include <QDBusMessage>
+#include <QDBusPendingCallWatcher>
+#include <QDBusPendingReply>
+
 namespace tessel {
 
 namespace {
@@ -27,6 +33,27 @@ Tray::Tray(Station& station, std::function<QIcon(int)> icon, QObject* parent)
     connect(&m_station.footer, &Footer::changed, this, &Tray::SetIcon);
     SetIcon();
     m_tray.show();
+    askForMarkUp();
+}
+
+// A note beside an icon of the desktop's own service goes to another service, which may read mark-up and
+// says so. Beside any other icon it is drawn by Qt, as plain text.
+void Tray::askForMarkUp() {
+    const QDBusConnection bus = QDBusConnection::sessionBus();
+    m_markUpRead = bus.isConnected();
+    if (!m_markUpRead) {
+        return;
+    }
+    const QString notes = QStringLiteral("org.freedesktop.Notifications");
+    const QDBusPendingCall call = bus.asyncCall(QDBusMessage::createMethodCall(
+        notes, QStringLiteral("/org/freedesktop/Notifications"), notes, QStringLiteral("GetCapabilities")));
+    auto* const answer = new QDBusPendingCallWatcher(call, this);
+    connect(answer, &QDBusPendingCallWatcher::finished, this, [this, bus, answer] {
+        const QDBusPendingReply<QStringList> abilities = *answer;
+        m_markUpRead = abilities.isValid() && abilities.value().contains(QLatin1String("body-markup")) &&
+                       bus.interface()->isServiceRegistered(QStringLiteral("org.kde.StatusNotifierWatcher"));
+        answer->deleteLater();
+    });
 }
 
 bool Tray::isThere() const {
@@ -37,8 +64,8 @@ bool Tray::Set_TrayPopup(const QString& title, const QString& text) {
     if (!isThere() || !QSystemTrayIcon::supportsMessages()) {
         return false;
     }
-    // Some desktops read mark-up in these notes.
-    m_tray.showMessage(title, text.toHtmlEscaped(), QSystemTrayIcon::Information, kBalloonMs);
+    m_tray.showMessage(title, m_markUpRead ? text.toHtmlEscaped() : text, QSystemTrayIcon::Information,
+                       kBalloonMs);
     return true;
 }
 

@@ -30,12 +30,14 @@ signals:
 
 private:
     void SetIcon();
+    void askForMarkUp();
 
     Station& m_station;
     std::function<QIcon(int)> m_icon;
     QMenu m_menu; // mnuTray_Right
     QSystemTrayIcon m_tray;
     int m_shown = -1;
+    bool m_markUpRead = true; // by whoever shows the notes; until it has answered, to be safe
 };
 
 } // namespace tessel

@@ -182,3 +182,14 @@ TEST_F(Program, ClosingTheWindowIsNotAlwaysTheEnd) {
     EXPECT_TRUE(me->own.exiting);
     EXPECT_EQ(sentCodes().last(), "XD") << "the others must hear it, whatever the user's setting";
 }
+
+// Who misses every tone must be able to find out why.
+TEST_F(Program, AMissingPlayerIsOneLineInTheLogAndOneInTheInformation) {
+    me.sounds.missing = "No player: /opt/tslsound";
+    begin();
+    me->alerts.SendDoorBell("tea");
+    EXPECT_EQ(loggedWith("No player: /opt/tslsound"), 1);
+    EXPECT_TRUE(me->diagInfo().contains("\nSound: No player: /opt/tslsound"));
+    me.sounds.missing.clear();
+    EXPECT_FALSE(me->diagInfo().contains("Sound:"));
+}

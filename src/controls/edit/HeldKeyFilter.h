@@ -1,0 +1,42 @@
+// Keeps a held Return, Enter or Space in the widget in which it went down.
+#pragma once
+
+#include <QObject>
+#include <QPointer>
+#include <QWidget>
+
+#include <array>
+
+class QKeyEvent;
+
+namespace tessel {
+
+// A key that is held repeats, and when its first press opens or closes a window the repeats arrive in
+// another one as if pressed anew: what has the focus there would be pressed by nobody. While it lives,
+// this drops for the whole application each press of these keys that reaches another widget than the
+// one in which the key went down, until the key was released. Repeats in the same widget pass, so that a
+// text box or a list works as ever. When the application becomes inactive it forgets what is held: the
+// release may go to another program.
+class HeldKeyFilter : public QObject {
+    Q_OBJECT
+public:
+    // For the application that is running.
+    HeldKeyFilter();
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
+private:
+    struct Held {
+        Qt::Key key;
+        bool down = false;
+        quint64 seenAt = ~quint64{0};     // when it was last pressed or released, in milliseconds
+        QPointer<const QWidget> widget{}; // where it went down
+    };
+
+    bool dropsPress(Held& held, const QKeyEvent& event, const QWidget* target);
+
+    std::array<Held, 3> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space}};
+};
+
+} // namespace tessel

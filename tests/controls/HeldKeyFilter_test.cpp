@@ -1,0 +1,101 @@
+// A key that is held while windows open and close under it must not ring, send or press anything there.
+#include "controls/edit/HeldKeyFilter.h"
+
+#include <QApplication>
+#include <QLineEdit>
+#include <QPlainTextEdit>
+#include <QTest>
+#include <QVBoxLayout>
+#include <QWindow>
+
+#include <gtest/gtest.h>
+
+using namespace tessel;
+
+namespace {
+
+// Counts the presses that get through to it.
+class Counter : public QLineEdit {
+public:
+    int presses = 0;
+
+protected:
+    void keyPressEvent(QKeyEvent* event) override {
+        ++presses;
+        QLineEdit::keyPressEvent(event);
+    }
+};
+
+class HeldKeys : public testing::Test {
+protected:
+    HeldKeys() {
+        auto* const layout = new QVBoxLayout(&window);
+        layout->addWidget(&list);
+        layout->addWidget(&box);
+        window.show();
+        window.activateWindow();
+        EXPECT_TRUE(QTest::qWaitForWindowActive(&window));
+        list.setFocus();
+    }
+    // As the window system hands it in.
+    void send(QTest::KeyAction action, Qt::Key key = Qt::Key_Return) {
+        QTest::qSleep(2); // no two of the same millisecond, unless they are meant to be
+        QTest::keyEvent(action, window.windowHandle(), key);
+    }
+
+    HeldKeyFilter filter;
+    QWidget window;
+    Counter list;
+    Counter box;
+};
+
+} // namespace
+
+TEST_F(HeldKeys, RepeatsReachNoOtherWidgetUntilTheKeyWasReleased) {
+    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space}) {
+        list.setFocus();
+        list.presses = box.presses = 0;
+        send(QTest::Press, key);
+        send(QTest::Press, key);
+        EXPECT_EQ(list.presses, 2) << "repeats where it went down are the widget's own affair";
+        box.setFocus();
+        send(QTest::Press, key);
+        send(QTest::Press, Qt::Key_A);
+        send(QTest::Press, key);
+        EXPECT_EQ(box.presses, 1) << "the letter alone";
+        list.setFocus();
+        send(QTest::Press, key);
+        EXPECT_EQ(list.presses, 3);
+        box.setFocus();
+        send(QTest::Release, key);
+        send(QTest::Press, key);
+        EXPECT_EQ(box.presses, 2) << "a press of its own";
+        send(QTest::Release, key);
+    }
+}
+
+TEST_F(HeldKeys, ARepeatToldAsReleaseAndPressIsARepeat) {
+    send(QTest::Press);
+    const auto at = [this](QEvent::Type type, Qt::Key key, quint64 moment) {
+        QKeyEvent event(type, key, Qt::NoModifier);
+        event.setTimestamp(moment);
+        QApplication::sendEvent(window.windowHandle(), &event);
+    };
+    const quint64 far = quint64{1} << 40U; // beyond any moment of the events above
+    at(QEvent::KeyRelease, Qt::Key_Return, far);
+    box.setFocus();
+    at(QEvent::KeyPress, Qt::Key_Return, far);
+    EXPECT_EQ(box.presses, 0);
+    at(QEvent::KeyPress, Qt::Key_Return, far + 40);
+    EXPECT_EQ(box.presses, 0);
+    at(QEvent::KeyPress, Qt::Key_Return, far + 10000);
+    EXPECT_EQ(box.presses, 1) << "so long after, the release was lost";
+}
+
+TEST_F(HeldKeys, AnInactiveApplicationForgets) {
+    send(QTest::Press);
+    emit qApp->applicationStateChanged(Qt::ApplicationInactive);
+    box.setFocus();
+    send(QTest::Press);
+    EXPECT_EQ(box.presses, 1);
+}
