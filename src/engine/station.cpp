@@ -79,6 +79,10 @@ void Station::wire() {
             [this](QByteArrayView datagram, quint32 source) { protocol.receive(datagram, source); });
 
     connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
+    ini.written = [this](const QString& path, bool stored) { saver.note(path, stored); };
+    connect(&history, &NotificationHistory::saved, &saver, &cSaver::note);
+    connect(&saver, &cSaver::tryAgain, this, [this] { ini.tryAgain(); });
+    connect(&saver, &cSaver::footer, &footer, &Footer::SetFooter);
     connect(&network, &NetworkMC::remark, &footer, &Footer::Remark);
     connect(&network, &NetworkMC::startingNetwork, &views, &LocationViews::ClearLocationsTabsCount);
     connect(&network, &NetworkMC::resetUserLists, &endpoints, &Endpoints::ResetUserLists);
@@ -318,6 +322,7 @@ void Station::ExitProc() {
         kUserFile, kProgramSection,
         {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
     history.unload();
+    saver.unload();
     windows.unloadForms();
     windows.unloadMain();
 }

@@ -11,6 +11,7 @@
 #include "engine/core/cErrorLog.h"
 #include "engine/core/cInifile.h"
 #include "engine/core/cOwnState.h"
+#include "engine/core/cSaver.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_INIData.h"
 #include "engine/core/mod_Main.h"
@@ -108,6 +109,7 @@ public:
     Folders folders;
     INIData data;
     cErrorLog log;
+    cSaver saver{own, m_clock, log};
     Admin admin;
     Settings settings;
     Main identity;

@@ -270,7 +270,9 @@ void NotificationHistory::SaveRecents() {
         records += item(*rptNotifications.at(row), CardItem::Record).text;
     }
     // A disk that is full now may have room at the next try.
-    const bool stored = replaceFile(m_folders.dataFile(kRecentsFile), writeQuotedRecords(records));
+    const QString path = m_folders.dataFile(kRecentsFile);
+    const bool stored = replaceFile(path, writeQuotedRecords(records));
+    emit saved(path, stored);
     m_dirty = m_dirty && !stored;
     tmrSave.setEnabled(m_dirty);
 }

@@ -66,6 +66,8 @@ public:
     Timer tmrSave;
 
 signals:
+    // The file was written, or could not be.
+    void saved(const QString& path, bool stored);
     // A new entry wants to be seen.
     void ensureTopVisible();
 

@@ -23,12 +23,12 @@ QString oneLine(QString text) {
 }
 } // namespace
 
-void cErrorLog::LogEvent(const QString& source, const QString& message, const QString& code) {
+bool cErrorLog::LogEvent(const QString& source, const QString& message, const QString& code) {
     const QStringList items{m_clock.timeText(), oneLine(source),        oneLine(code),
                             oneLine(message),   m_clock.dateText(),     QString::fromLatin1(kVersion),
                             oneLine(m_own.SID), oneLine(m_own.location)};
     const QByteArray line = toBytes(items.join(QLatin1String(" ,"))) + '\n';
-    appendToFile(m_folders.dataFile(kErrorFile), line, static_cast<qint64>(kMaxErrorLogBytes));
+    return appendToFile(m_folders.dataFile(kErrorFile), line, static_cast<qint64>(kMaxErrorLogBytes));
 }
 
 } // namespace tessel

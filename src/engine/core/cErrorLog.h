@@ -15,8 +15,8 @@ public:
         : m_clock(clock), m_folders(folders), m_own(own) {}
 
     // Adds the line: time, source, code, message, date, version, SID, location, joined by " ,". Line
-    // breaks in the arguments become blanks. A failure to write is dropped without a word.
-    void LogEvent(const QString& source, const QString& message, const QString& code);
+    // breaks in the arguments become blanks. False when it could not be written; nobody else is told.
+    bool LogEvent(const QString& source, const QString& message, const QString& code);
 
 private:
     const Clock& m_clock;

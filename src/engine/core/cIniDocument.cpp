@@ -54,6 +54,14 @@ cIniDocument::cIniDocument(QByteArray bytes) : m_bytes(std::move(bytes)) {
     parse();
 }
 
+bool cIniDocument::usable(const QString& section, const QString& key) {
+    return usableSection(section) && usableKey(key);
+}
+
+bool cIniDocument::sameName(const QString& one, const QString& other) {
+    return folded(one) == folded(other);
+}
+
 void cIniDocument::parse() {
     m_lines.clear();
     m_keys.clear();
@@ -113,7 +121,7 @@ std::optional<QString> cIniDocument::value(const QString& section, const QString
 }
 
 bool cIniDocument::setValue(const QString& section, const QString& key, const QString& value) {
-    if (!usableSection(section) || !usableKey(key)) {
+    if (!usable(section, key)) {
         return false;
     }
     const QString where = folded(section);

@@ -22,11 +22,16 @@ public:
     cIniDocument() = default;
     explicit cIniDocument(QByteArray bytes);
 
+    // Whether a line made of these could be read back.
+    static bool usable(const QString& section, const QString& key);
+    // Whether two names mean the same section or key.
+    static bool sameName(const QString& one, const QString& other);
+
     const QByteArray& bytes() const { return m_bytes; }
 
     // The value without outer blanks, at most `kMaxIniValue` characters; nothing if the key is absent.
     std::optional<QString> value(const QString& section, const QString& key) const;
-    // False, and nothing changes, when a line made of these could not be read back.
+    // False, and nothing changes, when the names are not `usable`.
     bool setValue(const QString& section, const QString& key, const QString& value);
     void removeKey(const QString& section, const QString& key);
     // Removes the section's keys and leaves its heading and comments.

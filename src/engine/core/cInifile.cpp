@@ -8,26 +8,93 @@
 
 namespace tessel {
 
-cInifile::Cached& cInifile::load() {
+namespace {
+// Keys of one file; a flood of orders to a full disk must not fill the memory too.
+constexpr std::size_t kMostWaiting = 2000;
+} // namespace
+
+cInifile::Cached& cInifile::load(const QString& path) {
     // The bytes are read each time and only the parsing is spared: time stamps are too coarse to tell
     // apart two writes of the same length, and stations of one account may share a file.
-    Cached& cached = m_files[Path];
+    Cached& cached = m_files[path];
     QByteArray bytes;
-    const bool readable = readWholeFile(Path, static_cast<qint64>(kMaxIniBytes), bytes);
-    cached.exists = readable || QFileInfo::exists(Path);
-    cached.writable = readable || !cached.exists;
-    if (cached.document.bytes() != bytes) {
+    const bool readable = readWholeFile(path, static_cast<qint64>(kMaxIniBytes), bytes);
+    cached.exists = readable || QFileInfo::exists(path);
+    cached.writable = (readable || !cached.exists) && !cached.forbidden;
+    if (!cached.current || cached.bytes != bytes) {
+        cached.bytes = bytes;
         cached.document = cIniDocument(bytes);
+        for (const Change& change : cached.waiting) {
+            apply(cached.document, change);
+        }
+        cached.current = true;
     }
     return cached;
 }
 
-bool cInifile::store(Cached& cached, const QByteArray& before) {
-    const QByteArray& now = cached.document.bytes();
-    if (now == before && (cached.exists || now.isEmpty())) {
-        return cached.writable;
+void cInifile::apply(cIniDocument& document, const Change& change) {
+    if (change.value) {
+        document.setValue(change.section, change.key, *change.value);
+    } else if (change.key.isEmpty()) {
+        document.removeSection(change.section);
+    } else {
+        document.removeKey(change.section, change.key);
     }
-    return cached.writable && static_cast<std::size_t>(now.size()) <= kMaxIniBytes && replaceFile(Path, now);
+}
+
+// Puts the document into the place of the file, if it differs.
+bool cInifile::replace(const QString& path, Cached& cached) {
+    const QByteArray& wanted = cached.document.bytes();
+    const bool same = wanted == cached.bytes && (cached.exists || wanted.isEmpty());
+    if (!cached.writable || (!same && !replaceFile(path, wanted))) {
+        return false;
+    }
+    cached.bytes = wanted;
+    cached.waiting.clear();
+    return true;
+}
+
+bool cInifile::store(const QString& path, const std::vector<Change>& changes) {
+    Cached& cached = load(path);
+    const cIniDocument before = cached.document;
+    for (const Change& change : changes) {
+        apply(cached.document, change);
+    }
+    if (static_cast<std::size_t>(cached.document.bytes().size()) > kMaxIniBytes) {
+        cached.document = before;
+        return false;
+    }
+    const bool stored = replace(path, cached);
+    if (!stored) {
+        for (const Change& change : changes) {
+            std::erase_if(cached.waiting, [&](const Change& old) {
+                return cIniDocument::sameName(old.section, change.section) &&
+                       (change.key.isEmpty() || cIniDocument::sameName(old.key, change.key));
+            });
+            if (cached.waiting.size() < kMostWaiting) {
+                cached.waiting.push_back(change);
+            }
+        }
+    }
+    if (written) {
+        written(path, stored);
+    }
+    return stored;
+}
+
+void cInifile::tryAgain() {
+    for (auto& [path, cached] : m_files) {
+        if (!cached.waiting.empty()) {
+            const bool stored = replace(path, load(path));
+            if (written) {
+                written(path, stored);
+            }
+        }
+    }
+}
+
+void cInifile::forbid(const QString& path) {
+    m_files[path].forbidden = true;
 }
 
 bool cInifile::finish(bool success, qsizetype code) {
@@ -37,7 +104,7 @@ bool cInifile::finish(bool success, qsizetype code) {
 }
 
 QString cInifile::Value() {
-    const auto value = load().document.value(Section, Key);
+    const auto value = load(Path).document.value(Section, Key);
     finish(value.has_value(), value.has_value() ? value->size() : Default.size());
     return value.value_or(Default);
 }
@@ -46,36 +113,36 @@ bool cInifile::setValue(const QString& value) {
     return setValues({{Key, value}});
 }
 
-bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
-    Cached& cached = load();
-    const QByteArray before = cached.document.bytes();
+bool cInifile::setKeys(std::vector<Change> changes, const std::vector<cIniDocument::KeyValue>& values) {
     bool usable = true;
     for (const auto& [key, value] : values) {
-        usable = cached.document.setValue(Section, key, value) && usable;
+        if (cIniDocument::usable(Section, key)) {
+            changes.push_back({Section, key, value});
+        } else {
+            usable = false;
+        }
     }
-    const bool stored = store(cached, before) && usable;
+    const bool stored = store(Path, changes) && usable;
     return finish(stored, stored ? 1 : 0);
 }
 
+bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
+    return setKeys({}, values);
+}
+
 bool cInifile::DeleteKey() {
-    Cached& cached = load();
-    const QByteArray before = cached.document.bytes();
-    cached.document.removeKey(Section, Key);
-    const bool stored = store(cached, before);
+    const bool stored = store(Path, {{Section, Key, std::nullopt}});
     return finish(stored, stored ? 1 : 0);
 }
 
 bool cInifile::DeleteSection() {
-    Cached& cached = load();
-    const QByteArray before = cached.document.bytes();
-    cached.document.removeSection(Section);
-    const bool stored = store(cached, before);
+    const bool stored = store(Path, {{Section, {}, std::nullopt}});
     return finish(stored, stored ? 1 : 0);
 }
 
 QString cInifile::INISection() {
     QString block;
-    for (const auto& [key, value] : load().document.entries(Section)) {
+    for (const auto& [key, value] : load(Path).document.entries(Section)) {
         block += key + u'=' + value + u'\n';
     }
     finish(true, block.size());
@@ -84,32 +151,28 @@ QString cInifile::INISection() {
 
 bool cInifile::setINISection(const QString& block) {
     const cIniDocument given(toBytes(block));
-    Cached& cached = load();
-    const QByteArray before = cached.document.bytes();
-    cached.document.removeKeys(Section);
-    bool usable = true;
-    for (const auto& [key, value] : given.entries({})) {
-        usable = cached.document.setValue(Section, key, value) && usable;
+    std::vector<Change> changes;
+    for (const auto& [key, value] : load(Path).document.entries(Section)) {
+        changes.push_back({Section, key, std::nullopt});
     }
-    const bool stored = store(cached, before) && usable;
-    return finish(stored, stored ? 1 : 0);
+    return setKeys(std::move(changes), given.entries({}));
 }
 
 QStringList cInifile::Sections() {
-    const QStringList names = load().document.sections();
+    const QStringList names = load(Path).document.sections();
     finish(true, names.size());
     return names;
 }
 
 std::vector<cIniDocument::KeyValue> cInifile::EnumerateCurrentSection() {
-    auto entries = load().document.entries(Section);
+    auto entries = load(Path).document.entries(Section);
     finish(true, static_cast<qsizetype>(entries.size()));
     return entries;
 }
 
 std::vector<std::pair<QString, std::vector<cIniDocument::KeyValue>>> cInifile::EnumerateAllSections() {
     std::vector<std::pair<QString, std::vector<cIniDocument::KeyValue>>> all;
-    const cIniDocument& document = load().document;
+    const cIniDocument& document = load(Path).document;
     for (const QString& section : document.sections()) {
         all.emplace_back(section, document.entries(section));
     }

@@ -6,7 +6,9 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
 #include <map>
+#include <optional>
 #include <vector>
 
 namespace tessel {
@@ -17,6 +19,9 @@ namespace tessel {
 //
 // A file that cannot be read, or is larger than `kMaxIniBytes`, reads as empty, and is never written:
 // what stands in it is not this program's to lose. Every write replaces the file at once.
+//
+// What could not be written is remembered, key by key, and holds for this run as if it were: reading
+// finds it, and each later write to the file, or `tryAgain`, brings it into the file as that then is.
 class cInifile {
 public:
     QString Path;
@@ -43,19 +48,40 @@ public:
     // Writes several keys of `Section` with one replacement of the file.
     bool setValues(const std::vector<cIniDocument::KeyValue>& values);
 
+    // Writes what earlier writes could not, in every file.
+    void tryAgain();
+    // Leaves a file as it is for the rest of this run, whatever is written to it.
+    void forbid(const QString& path);
+
+    // Told of each write, and whether it reached its file.
+    std::function<void(const QString& path, bool stored)> written;
+
     // A whole number, or `fallback` for a text that is none or out of range.
     static int CLngDefault(const QString& text, int fallback);
 
 private:
+    struct Change {
+        QString section;
+        QString key;
+        std::optional<QString> value; // none: the key is to go, or without a key the section
+    };
     struct Cached {
-        cIniDocument document;
+        QByteArray bytes;      // of the file
+        cIniDocument document; // the same with what waits
+        bool current = false;  // the document is made of these bytes
         bool exists = false;
-        bool writable = false; // false: there is a file that could not be read
+        bool writable = false;  // false: there is a file that could not be read
+        bool forbidden = false; // for this run
+        std::vector<Change> waiting;
     };
 
-    Cached& load();
-    // Writes what differs from `before`, the bytes that were loaded.
-    bool store(Cached& cached, const QByteArray& before);
+    Cached& load(const QString& path);
+    static void apply(cIniDocument& document, const Change& change);
+    // Makes the changes and writes the file; what does not reach it waits.
+    bool store(const QString& path, const std::vector<Change>& changes);
+    static bool replace(const QString& path, Cached& cached);
+    // Behind `changes`, the values of keys of `Section`.
+    bool setKeys(std::vector<Change> changes, const std::vector<cIniDocument::KeyValue>& values);
     bool finish(bool success, qsizetype code);
 
     std::map<QString, Cached> m_files;

@@ -61,7 +61,9 @@ bool replaceFile(const QString& path, const QByteArray& bytes) {
         return false;
     }
     file.setPermissions(kOwnFile);
-    if (file.write(bytes) != bytes.size()) {
+    // What fails at the commit's own flush goes unnoticed there, and an empty file takes the place of
+    // the good one.
+    if (file.write(bytes) != bytes.size() || !file.flush()) {
         file.cancelWriting();
     }
     return file.commit();
@@ -79,7 +81,15 @@ bool appendToFile(const QString& path, const QByteArray& bytes, qint64 maxBytes)
     if (made) {
         file.setPermissions(kOwnFile);
     }
-    return file.write(bytes) == bytes.size() && file.flush();
+    const qint64 before = file.size();
+    const bool added = file.write(bytes) == bytes.size() && file.flush();
+    // A part of a line would run into the next one. The file must forget what it could not write
+    // first, or its end writes it.
+    if (!added) {
+        file.close();
+        QFile::resize(path, before);
+    }
+    return added;
 }
 
 } // namespace tessel

@@ -3,6 +3,7 @@
 #include "engine/core/cInifile.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Limits.h"
+#include "support/full_disk.h"
 
 #include <QDir>
 #include <QFile>
@@ -171,18 +172,51 @@ TEST_F(IniFile, WhatCannotBeReadIsNeverOverwritten) {
     const QByteArray large = "[a]\nk=1\n" + QByteArray(static_cast<qsizetype>(kMaxIniBytes), ';');
     put(large);
     EXPECT_EQ(read("a", "k"), "default");
-    EXPECT_FALSE(write("a", "k", "2"));
+    EXPECT_FALSE(write("a", "late", "2"));
     EXPECT_EQ(bytes(), large);
+    EXPECT_EQ(read("a", "late"), "2") << "it holds for this run";
 
     put("[a]\nk=1\n" + QByteArray(static_cast<qsizetype>(kMaxIniBytes) - 20, ';'));
     EXPECT_EQ(read("a", "k"), "1");
     EXPECT_FALSE(write("a", "grown", "beyond the limit")) << "it could not be read again";
-    EXPECT_EQ(read("a", "grown"), "default") << "a write that failed must not seem to have worked";
+    EXPECT_EQ(read("a", "grown"), "default") << "what can never be written must not seem to have worked";
 
     QFile::remove(path);
     QDir().mkdir(path);
     EXPECT_EQ(read("a", "k"), "default");
     EXPECT_FALSE(write("a", "k", "2")) << "a folder stands where the file should be";
+}
+
+TEST_F(IniFile, AFullDiskCostsNothingAndTheLastValueGetsIntoTheFileOfThen) {
+    const QByteArray before = "[a]\nk=1\nold=1\nkept=1\n";
+    put(before);
+    int failed = 0;
+    ini.written = [&failed](const QString&, bool stored) { failed += stored ? 0 : 1; };
+    {
+        const FullDisk full;
+        EXPECT_FALSE(write("a", "k", "2"));
+        EXPECT_FALSE(write("A", "K", "3"));
+        aim("a", "old");
+        EXPECT_FALSE(ini.DeleteKey());
+        EXPECT_EQ(bytes(), before) << "the good file must not give way to an empty one";
+        EXPECT_EQ(read("a", "k"), "3");
+        ini.tryAgain();
+        EXPECT_EQ(failed, 4);
+        EXPECT_EQ(QDir(home.path()).entryList(QDir::Files), QStringList("user.cfg"));
+    }
+    put("; by hand\n[a]\nk=7\nold=7\nkept=7\n");
+    ini.tryAgain();
+    EXPECT_EQ(bytes(), "; by hand\n[a]\nk=3\nkept=7\n");
+    put("[a]\nk=8\n");
+    ini.tryAgain();
+    EXPECT_EQ(read("a", "k"), "8") << "once written, it is others' to change";
+
+    {
+        const FullDisk full;
+        EXPECT_FALSE(write("a", "k", "9"));
+    }
+    EXPECT_TRUE(write("b", "next", "1"));
+    EXPECT_EQ(bytes(), "[a]\nk=9\n\n[b]\nnext=1\n") << "the next write takes what waits along";
 }
 
 TEST_F(IniFile, SeveralKeysAndWholeSections) {
