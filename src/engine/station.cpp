@@ -82,6 +82,8 @@ void Station::wire() {
     ini.written = [this](const QString& path, bool stored) { saver.note(path, stored); };
     connect(&history, &NotificationHistory::saved, &saver, &cSaver::note);
     connect(&saver, &cSaver::tryAgain, this, [this] { ini.tryAgain(); });
+    connect(&saver, &cSaver::notice, this,
+            [this](const QString& text) { m_popupDisplay.Set_TrayPopup(kProductName, text); });
     connect(&saver, &cSaver::footer, &footer, &Footer::SetFooter);
     connect(&network, &NetworkMC::remark, &footer, &Footer::Remark);
     connect(&network, &NetworkMC::startingNetwork, &views, &LocationViews::ClearLocationsTabsCount);
@@ -153,6 +155,9 @@ void Station::start() {
     own.windowsUserName = m_facts.userName;
     identity.LoadSID();
     own.SID = fitOwn(own.SID);
+    if (!identity.damage().isEmpty()) {
+        saver.tellOnce(identity.damage());
+    }
     network.LoadNetworkProtocol();
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
     usage.load();

@@ -23,6 +23,14 @@ bool hasLineBreak(const QString& text) {
     return text.contains(u'\n') || text.contains(u'\r') || text.contains(QChar(0));
 }
 
+// Some editors put it before the first line. Behind another line it may stand where two files were
+// joined; it means nothing there either.
+constexpr QByteArrayView kByteOrderMark("\xEF\xBB\xBF");
+
+bool isBreak(char c) {
+    return c == '\n' || c == '\r';
+}
+
 // A name with a character that has no code would come back as another name.
 bool hasCodes(const QString& name) {
     return toText(toBytes(name)) == name;
@@ -35,7 +43,7 @@ bool usableSection(const QString& section) {
 bool usableKey(const QString& key) {
     const QString bare = key.trimmed();
     return !bare.isEmpty() && !hasLineBreak(bare) && !bare.contains(u'=') && !bare.startsWith(u'[') &&
-           !bare.startsWith(u';') && hasCodes(bare);
+           !bare.startsWith(u';') && !bare.startsWith(toText(kByteOrderMark)) && hasCodes(bare);
 }
 
 // A line break inside a value would make lines of its own out of the rest.
@@ -70,25 +78,28 @@ void cIniDocument::parse() {
     while (pos < m_bytes.size()) {
         Line line;
         line.begin = pos;
-        const qsizetype feed = m_bytes.indexOf('\n', pos);
-        line.next = feed < 0 ? m_bytes.size() : feed + 1;
-        line.end = feed < 0 ? m_bytes.size() : feed;
-        if (line.end > line.begin && m_bytes[line.end - 1] == '\r') {
-            --line.end;
+        line.end = std::find_if(m_bytes.cbegin() + pos, m_bytes.cend(), isBreak) - m_bytes.cbegin();
+        line.next = std::min(line.end + 1, m_bytes.size());
+        if (line.next < m_bytes.size() && m_bytes[line.end] == '\r' && m_bytes[line.next] == '\n') {
+            ++line.next;
         }
         pos = line.next;
 
-        const QByteArrayView text =
-            QByteArrayView(m_bytes).sliced(line.begin, line.end - line.begin).trimmed();
+        QByteArrayView text = QByteArrayView(m_bytes).sliced(line.begin, line.end - line.begin);
+        if (text.startsWith(kByteOrderMark)) {
+            text = text.sliced(kByteOrderMark.size());
+        }
+        const qsizetype name = line.end - text.size();
+        text = text.trimmed();
         if (text.startsWith('[')) {
             const qsizetype close = text.indexOf(']');
             line.kind = Line::Kind::Section;
             line.name = toText(close < 0 ? text.sliced(1) : text.sliced(1, close - 1)).trimmed();
             section = folded(line.name);
         } else if (!text.isEmpty() && !text.startsWith(';')) {
-            const qsizetype equals = m_bytes.indexOf('=', line.begin);
+            const qsizetype equals = m_bytes.indexOf('=', name);
             if (equals >= 0 && equals < line.end) {
-                line.name = toText(QByteArrayView(m_bytes).sliced(line.begin, equals - line.begin)).trimmed();
+                line.name = toText(QByteArrayView(m_bytes).sliced(name, equals - name)).trimmed();
                 line.value = equals + 1;
                 line.kind = line.name.isEmpty() ? Line::Kind::Other : Line::Kind::Key;
             }
@@ -103,8 +114,15 @@ void cIniDocument::parse() {
         m_lines.push_back(std::move(line));
     }
     if (!m_lines.empty()) {
-        m_lineEnd = m_lines.front().next - m_lines.front().end == 2 ? "\r\n" : "\n";
+        const Line& first = m_lines.front();
+        m_lineEnd = first.next > first.end ? m_bytes.sliced(first.end, first.next - first.end) : "\n";
     }
+}
+
+bool cIniDocument::damaged() const {
+    const auto isSection = [](const Line& line) { return line.kind == Line::Kind::Section; };
+    return m_bytes.contains('\0') ||
+           (!m_bytes.isEmpty() && std::none_of(m_lines.begin(), m_lines.end(), isSection));
 }
 
 QString cIniDocument::lineValue(const Line& line) const {
@@ -148,12 +166,13 @@ bool cIniDocument::setValue(const QString& section, const QString& key, const QS
     QByteArray added = toBytes(key.trimmed()) + '=' + bytes + m_lineEnd;
     if (at < 0) {
         added.prepend('[' + toBytes(section.trimmed()) + ']' + m_lineEnd);
-        if (!m_bytes.isEmpty() && !m_bytes.endsWith("\n" + m_lineEnd) && m_bytes.endsWith('\n')) {
+        if (!m_bytes.isEmpty() && !m_bytes.endsWith(m_lineEnd.back() + m_lineEnd) &&
+            isBreak(m_bytes.back())) {
             added.prepend(m_lineEnd);
         }
         at = m_bytes.size();
     }
-    if (at > 0 && m_bytes[at - 1] != '\n') {
+    if (at > 0 && !isBreak(m_bytes[at - 1])) {
         added.prepend(m_lineEnd);
     }
     m_bytes.insert(at, added);

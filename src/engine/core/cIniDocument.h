@@ -14,7 +14,7 @@ namespace tessel {
 
 // Sections and keys are matched without regard to case. A section that stands twice counts as one,
 // and of a key that stands twice the first holds. Lines that are no section, key or comment are kept
-// and mean nothing.
+// and mean nothing. A line ends with CR LF, LF or CR; a byte order mark before it is no part of it.
 class cIniDocument {
 public:
     using KeyValue = std::pair<QString, QString>;
@@ -28,6 +28,10 @@ public:
     static bool sameName(const QString& one, const QString& other);
 
     const QByteArray& bytes() const { return m_bytes; }
+
+    // True when this was no such file, or is none any more: it holds zero bytes, or no section at all.
+    // An empty file is in order.
+    bool damaged() const;
 
     // The value without outer blanks, at most `kMaxIniValue` characters; nothing if the key is absent.
     std::optional<QString> value(const QString& section, const QString& key) const;

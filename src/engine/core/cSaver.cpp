@@ -5,6 +5,8 @@
 
 #include <QFileInfo>
 
+#include <utility>
+
 namespace tessel {
 
 namespace {
@@ -20,7 +22,7 @@ void cSaver::note(const QString& path, bool saved) {
     const QString name = QFileInfo(path).fileName();
     if (saved) {
         if (m_unsaved.removeAll(name) > 0 && m_unsaved.isEmpty()) {
-            tmrSaver.setEnabled(false);
+            tmrSaver.setEnabled(!m_notices.isEmpty());
             tellLog();
             if (m_inFooter) {
                 m_inFooter = false;
@@ -38,11 +40,23 @@ void cSaver::note(const QString& path, bool saved) {
     tmrSaver.setEnabled(true);
 }
 
+void cSaver::tellOnce(const QString& text) {
+    m_notices += text;
+    tmrSaver.setEnabled(true);
+}
+
 void cSaver::tick() {
     // The log first: once there is room again, it must not forget why.
     tellLog();
     emit tryAgain();
+    if (m_own.online) {
+        for (const QString& text : std::exchange(m_notices, {})) {
+            emit notice(text);
+            emit footer(text, {}, false);
+        }
+    }
     tell();
+    tmrSaver.setEnabled(!m_unsaved.isEmpty() || !m_notices.isEmpty());
 }
 
 void cSaver::unload() {
@@ -57,8 +71,11 @@ void cSaver::tell() {
     // Other words of the footer are of the network: as long as it is down, they matter more.
     if (!m_unsaved.isEmpty() && m_own.online) {
         m_inFooter = true;
-        emit footer(QLatin1String("Not saved: ") + m_unsaved.join(QLatin1String(", ")),
-                    QStringLiteral("The disk may be full. It is tried again every 30 seconds."), false);
+        emit footer(
+            QLatin1String("Not saved: ") + m_unsaved.join(QLatin1String(", ")),
+            QStringLiteral(
+                "The disk may be full, or the file cannot be written. It is tried again every 30 seconds."),
+            false);
     }
 }
 

@@ -22,6 +22,8 @@ public:
 
     // The last write of the file succeeded, or did not.
     void note(const QString& path, bool saved);
+    // Something about the files that the user is to read once the station is online.
+    void tellOnce(const QString& text);
     // The program ends: the last try.
     void unload();
 
@@ -32,6 +34,8 @@ public:
 
 signals:
     void tryAgain();
+    // A text for the desktop to show, with `footer` or without.
+    void notice(const QString& text);
     void footer(const QString& text, const QString& tip, bool timed);
 
 private:
@@ -43,6 +47,7 @@ private:
     Clock& m_clock;
     cErrorLog& m_log;
     QStringList m_unsaved;
+    QStringList m_notices;
     QStringList m_untold; // of these the log does not know yet
     std::int64_t m_toldAt = -1;
     bool m_inFooter = false;

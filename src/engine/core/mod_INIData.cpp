@@ -1,9 +1,33 @@
 #include "engine/core/mod_INIData.h"
 
 #include "engine/core/cInifile.h"
+#include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
+#include "engine/core/mod_Limits.h"
+
+#include <QFile>
+#include <QFileInfo>
 
 namespace tessel {
+
+namespace {
+
+constexpr int kMostKept = 1000;
+
+// A name beside the file that is not taken; empty when all are.
+QString nameForDamaged(const QString& path) {
+    for (int number = 1; number <= kMostKept; ++number) {
+        const QString name =
+            path + QLatin1String(".damaged") + (number == 1 ? QString() : QString::number(number));
+        const QFileInfo taken(name);
+        if (!taken.exists() && !taken.isSymLink()) {
+            return name;
+        }
+    }
+    return {};
+}
+
+} // namespace
 
 void INIData::aim(const QString& path, const QString& section, const QString& key) const {
     m_ini.Path = path;
@@ -48,6 +72,23 @@ bool INIData::WriteSettings(const QString& file, const QString& section,
 void INIData::DeleteSetting(const QString& file, const QString& section, const QString& key) {
     aim(m_folders.dataFile(file), section, key);
     m_ini.DeleteKey();
+}
+
+bool INIData::PutAsideDamaged(const QString& file, QString& keptAs) {
+    const QString path = m_folders.dataFile(file);
+    keptAs.clear();
+    QByteArray bytes;
+    if (!QFileInfo::exists(path) ||
+        (readWholeFile(path, static_cast<qint64>(kMaxIniBytes), bytes) && !cIniDocument(bytes).damaged())) {
+        return true;
+    }
+    const QString name = nameForDamaged(path);
+    if (name.isEmpty() || !QFile::rename(path, name)) {
+        m_ini.forbid(path);
+        return false;
+    }
+    keptAs = QFileInfo(name).fileName();
+    return true;
 }
 
 } // namespace tessel

@@ -34,6 +34,11 @@ public:
     bool WriteSettingPath(const QString& path, const QString& section, const QString& key,
                           const QString& value);
 
+    // Puts a damaged file aside, so that nothing is written into it: one that cannot be read, or is no
+    // file of settings. `keptAs` is its new name, empty when it is in order or not there. False when
+    // it is damaged and stands where it was; then this run leaves it alone.
+    bool PutAsideDamaged(const QString& file, QString& keptAs);
+
 private:
     void aim(const QString& path, const QString& section, const QString& key) const;
 

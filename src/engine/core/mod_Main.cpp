@@ -26,10 +26,24 @@ Main::Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std
 }
 
 void Main::LoadSID() {
+    QString keptAs;
+    if (!m_data.PutAsideDamaged(kUserFile, keptAs)) {
+        m_own.SID.clear();
+        tellOfDamage(QStringLiteral("user.cfg is damaged and cannot be put aside: nothing is saved"));
+        return;
+    }
+    if (!keptAs.isEmpty()) {
+        tellOfDamage(QStringLiteral("user.cfg was damaged and is kept as %1").arg(keptAs));
+    }
     m_own.SID = m_data.ReadSettingRaw(kUserFile, kUserSection, kSIDKey);
     if (m_own.SID.isEmpty()) {
         m_own.SID = CreateSID();
     }
+}
+
+void Main::tellOfDamage(const QString& text) {
+    m_log.LogEvent(QStringLiteral("Files"), text, QStringLiteral("FDM"));
+    m_damage = text;
 }
 
 QString Main::CreateSID() {

@@ -1,7 +1,9 @@
 // The id that makes a station the same location from day to day.
+#include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_TimeText.h"
 #include "support/LoneStation.h"
 
+#include <QFile>
 #include <QRegularExpression>
 
 #include <gtest/gtest.h>
@@ -10,7 +12,20 @@
 
 using namespace tessel;
 
-using Identity = LoneStation;
+class Identity : public LoneStation {
+protected:
+    // A start that finds nothing of the location: the user is asked for its name.
+    void beginAnew() {
+        world.start(0);
+        ASSERT_TRUE(me.desktop.calls.contains("showWelcome"));
+        WelcomeChoices choices;
+        choices.location = "Room 1";
+        me->SaveUserName(choices);
+        me.desktop.windows.onShowMain();
+        world.run(6);
+        ASSERT_TRUE(me->own.online);
+    }
+};
 
 TEST_F(Identity, FollowsItsMask) {
     const QRegularExpression SID("^\\d{3}[A-Z]{2}\\d{3}[A-Z]{3}\\d$");
@@ -53,6 +68,52 @@ TEST_F(Identity, ResetHoldsFromTheNextStart) {
     EXPECT_EQ(loggedWith("SID Deleted"), 2);
     me->identity.LoadSID();
     EXPECT_EQ(me->own.SID, stored);
+}
+
+// A file that a crash of the machine filled with zeros, or an editor saved as something else.
+TEST_F(Identity, ADamagedFileIsPutAsideAndTheUserIsTold) {
+    const QString path = me.facts.appData + "Tessel Status/user.cfg";
+    const QByteArray junk = QByteArray("[User]\nSID=111AA111AAA1\n") + QByteArray(100, '\0');
+    ASSERT_TRUE(replaceFile(path + ".damaged", "an older one"));
+    ASSERT_TRUE(replaceFile(path, junk));
+    beginAnew();
+    EXPECT_EQ(me.fileBytes("user.cfg.damaged"), "an older one");
+    EXPECT_EQ(me.fileBytes("user.cfg.damaged2"), junk);
+    EXPECT_EQ(me->own.SID.size(), 12);
+    EXPECT_NE(me->own.SID, kMe);
+    EXPECT_EQ(me.get(kUserFile, "User", "SID"), me->own.SID);
+    EXPECT_EQ(loggedWith("FDM ,user.cfg was damaged and is kept as user.cfg.damaged2"), 1);
+    world.run(30);
+    EXPECT_EQ(me->footer.text().trimmed(), "user.cfg was damaged and is kept as user.cfg.damaged2");
+    EXPECT_EQ(me.desktop.calls.filter("Set_TrayPopup").size(), 1);
+    EXPECT_FALSE(me->saver.tmrSaver.enabled());
+}
+
+TEST_F(Identity, ADamagedFileThatCannotBePutAsideIsLeftAlone) {
+    const QString path = me.facts.appData + "Tessel Status/user.cfg";
+    const QByteArray junk = "nothing of ours";
+    ASSERT_TRUE(replaceFile(path, junk));
+    for (int number = 1; number <= 1000; ++number) {
+        QFile taken(path + ".damaged" + (number == 1 ? QString() : QString::number(number)));
+        ASSERT_TRUE(taken.open(QIODevice::WriteOnly));
+    }
+    beginAnew();
+    EXPECT_EQ(me->own.SID, "");
+    world.run(100);
+    EXPECT_EQ(me->footer.text().trimmed(), "Not saved: user.cfg");
+    me->ExitProc();
+    EXPECT_EQ(me.fileBytes(kUserFile), junk);
+}
+
+TEST_F(Identity, AReadableFileWithoutAnIdGetsOne) {
+    for (const char* const content : {"", "[Settings]\nEOC=1\n", "[User]\nSID=\n"}) {
+        ASSERT_TRUE(replaceFile(me.facts.appData + "Tessel Status/user.cfg", content));
+        me->folders.SetupFolders([](const QString&) { return false; });
+        me->identity.LoadSID();
+        EXPECT_EQ(me->own.SID.size(), 12);
+        EXPECT_EQ(me.get(kUserFile, "User", "SID"), me->own.SID);
+        EXPECT_FALSE(FileExists(me.facts.appData + "Tessel Status/user.cfg.damaged"));
+    }
 }
 
 TEST_F(Identity, LinesOfTheErrorLogHoldTheirFields) {

@@ -102,6 +102,30 @@ TEST(IniDocument, AChangeLeavesEveryOtherByteAlone) {
     EXPECT_EQ(preamble.bytes(), "; about this file\nk=1\n");
 }
 
+TEST(IniDocument, AnEditorMayPutAMarkBeforeTheFirstLineOrEndLinesItsOwnWay) {
+    const QByteArray mark = "\xEF\xBB\xBF";
+    for (const QByteArray& end : {QByteArray("\n"), QByteArray("\r\n"), QByteArray("\r")}) {
+        for (const QByteArray& start : {QByteArray(), mark}) {
+            const QByteArray before =
+                start + "[User]" + end + "SID=mine" + end + end + "[Note]" + end + "ACTIVE=x" + end;
+            cIniDocument document(before);
+            EXPECT_EQ(document.value("User", "SID"), "mine");
+            EXPECT_EQ(document.value("Note", "ACTIVE"), "x");
+            EXPECT_FALSE(document.damaged());
+            ASSERT_TRUE(document.setValue("User", "TAG", "5"));
+            ASSERT_TRUE(document.setValue("New", "k", "v"));
+            EXPECT_EQ(document.bytes(),
+                      QByteArray(before).replace("mine" + end, "mine" + end + "TAG=5" + end) + end + "[New]" +
+                          end + "k=v" + end);
+        }
+    }
+    EXPECT_EQ(cIniDocument(mark + "SID=x\n").value("", "SID"), "x");
+    EXPECT_TRUE(cIniDocument("no section\n").damaged());
+    EXPECT_TRUE(cIniDocument(QByteArray("[User]\nSID=a\0", 13)).damaged());
+    EXPECT_TRUE(cIniDocument(QByteArray(4096, '\0')).damaged());
+    EXPECT_FALSE(cIniDocument(QByteArray()).damaged());
+}
+
 // What another station sends can end up as section, key and value.
 TEST(IniDocument, NothingWrittenCanBecomeALineOfItsOwn) {
     const QString evil = QStringLiteral("x\r\n[User]\nSID=stolen\r;");
