@@ -75,12 +75,7 @@ AlertEngine::AlertEngine(const Settings& settings, Clock& clock, NetworkProtocol
 void AlertEngine::play(const Kind& kind, const QString& title, const QString& label,
                        const QString& senderName, const QString& senderSid, const QString& text) {
     const QString time = m_clock.timeText();
-    if (kind.popup) {
-        m_popups.ShowNotifyPopupAlert({kind.theme, label,
-                                       kind.code == HistoryCode::DoorBellEveryone ? text : text.trimmed(),
-                                       time, senderSid, QLatin1String(kind.caption), kind.kind, senderName});
-    }
-    m_tones.PlayTone(QLatin1String(kind.tone));
+    // First: whatever happens next, what was shown is in the history.
     if (kind.history) {
         const QString word = kind.word != nullptr ? QString::fromLatin1(kind.word) : title;
         const bool named = kind.kind == NoticeKind::DoorBell;
@@ -89,6 +84,12 @@ void AlertEngine::play(const Kind& kind, const QString& title, const QString& la
              kind.code == HistoryCode::Urgent ? word + QLatin1String(" (") + senderName + u')' : word,
              named ? senderName : QString(), text, time, m_clock.dateText(), senderSid});
     }
+    if (kind.popup) {
+        m_popups.ShowNotifyPopupAlert({kind.theme, label,
+                                       kind.code == HistoryCode::DoorBellEveryone ? text : text.trimmed(),
+                                       time, senderSid, QLatin1String(kind.caption), kind.kind, senderName});
+    }
+    m_tones.PlayTone(QLatin1String(kind.tone));
     if (m_settings.Settings_DBB()) {
         BuzzFunc();
     }

@@ -11,13 +11,14 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessel {
 
 namespace {
 
 const QString kRecentsFile = QStringLiteral("recents.dat");
-constexpr qint64 kMaxFileBytes = 16 << 20;
+constexpr qint64 kMaxFileBytes = 32 << 20; // more than the entries below can come to
 constexpr int kMaxEntries = 20000;
 // Characters of all records together: a flood of long messages pushes the oldest entries out earlier.
 constexpr qsizetype kMaxCharacters = 16 << 20;
@@ -137,7 +138,7 @@ Heading headingOf(const HistoryMessage& message) {
 NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, Clock& clock,
                                          const LocationViews& views)
     : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
-      m_folders(folders), m_clock(clock), m_views(views) {}
+      m_folders(folders), m_clock(clock), m_journal(clock, folders, kRecentsFile), m_views(views) {}
 
 QString NotificationHistory::stamp(const QString& time, const QString& date) {
     if (date != m_stampDate) {
@@ -222,14 +223,8 @@ void NotificationHistory::add(const ReportRecordPtr& record, bool loading) {
             rptNotifications.remove(oldest);
         }
         if (m_settings.Recents_SAVE()) {
-            const std::int64_t now = m_clock.monotonicMs();
-            if (!m_dirty) {
-                m_dirty = true;
-                m_dirtySince = now;
-            }
-            if (!tmrSave.enabled() || now - m_dirtySince < kLongestUnsavedMs - tmrSave.interval()) {
-                tmrSave.restart();
-            }
+            m_journal.add(item(*record, CardItem::Record).text);
+            saveLater();
         }
     }
     if (m_settings.Recents_EV()) {
@@ -237,15 +232,42 @@ void NotificationHistory::add(const ReportRecordPtr& record, bool loading) {
     }
 }
 
+void NotificationHistory::saveLater() {
+    const std::int64_t now = m_clock.monotonicMs();
+    if (!m_dirty) {
+        m_dirty = true;
+        m_dirtySince = now;
+    }
+    if (!tmrSave.enabled() || now - m_dirtySince < kLongestUnsavedMs - tmrSave.interval()) {
+        tmrSave.restart();
+    }
+    // A disk that did not take the last save is not asked at each entry of a flood.
+    if (m_journal.wantsSave() && !m_saveFailed) {
+        SaveRecents();
+    }
+}
+
 void NotificationHistory::LoadRecents() {
     QByteArray bytes;
-    const QString path = m_folders.dataFile(kRecentsFile);
     rptNotifications.clear();
     m_characters = 0;
-    if (!readFileStart(path, kMaxFileBytes, bytes)) {
-        return;
+    readFileStart(m_folders.dataFile(kRecentsFile), kMaxFileBytes, bytes);
+    QStringList records = readQuotedRecords(bytes, kMaxEntries);
+    bool changed = false;
+    if (m_settings.Recents_SAVE()) {
+        for (const cJournal::Change& change : m_journal.replay(bytes)) {
+            changed = true;
+            if (change.kind == cJournal::Change::Kind::Added) {
+                records.prepend(change.text);
+            } else if (change.kind == cJournal::Change::Kind::AllRemoved) {
+                records.clear();
+            }
+        }
     }
-    for (const QString& record : readQuotedRecords(bytes, kMaxEntries)) {
+    for (const QString& record : std::as_const(records)) {
+        if (rptNotifications.count() >= kMaxEntries) {
+            break;
+        }
         QStringList values = record.split(ValueMark);
         if (values.at(0) == u"0" && values.size() >= EvCount) {
             const int code = values[EvCode].toInt();
@@ -259,6 +281,9 @@ void NotificationHistory::LoadRecents() {
                        true);
         }
     }
+    if (changed) {
+        saveLater();
+    }
 }
 
 void NotificationHistory::SaveRecents() {
@@ -271,9 +296,9 @@ void NotificationHistory::SaveRecents() {
     }
     // A disk that is full now may have room at the next try.
     const QString path = m_folders.dataFile(kRecentsFile);
-    const bool stored = replaceFile(path, writeQuotedRecords(records));
+    const bool stored = m_journal.save(writeQuotedRecords(records));
     emit saved(path, stored);
-    m_dirty = m_dirty && !stored;
+    m_saveFailed = m_dirty = !stored;
     tmrSave.setEnabled(m_dirty);
 }
 
@@ -281,6 +306,9 @@ void NotificationHistory::ClearRecents() {
     rptNotifications.clear();
     m_characters = 0;
     SaveRecents();
+    if (m_dirty && m_settings.Recents_SAVE()) {
+        m_journal.removeAll(); // the old file stands yet, and must not come back
+    }
 }
 
 void NotificationHistory::unload() {

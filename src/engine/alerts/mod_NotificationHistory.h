@@ -1,6 +1,7 @@
-// The running log of what happened at this location, and its file recents.dat.
+// The running log of what happened at this location, its file recents.dat and the file's journal.
 #pragma once
 
+#include "engine/core/cJournal.h"
 #include "engine/network/cEndpointNews.h"
 #include "engine/ports/cClock.h"
 #include "records/cReportRecords.h"
@@ -51,7 +52,7 @@ public:
     void AddItem(const HistoryEntry& entry, bool loading = false);
     void AddMessage(const HistoryMessage& message, bool loading = false);
 
-    // Reads recents.dat. What cannot be read is left out.
+    // Reads recents.dat, and what came since from its journal. What cannot be read is left out.
     void LoadRecents();
     // Writes the newest `SAVE_CNT` entries.
     void SaveRecents();
@@ -73,13 +74,16 @@ signals:
 
 private:
     void add(const ReportRecordPtr& record, bool loading);
+    void saveLater();
     QString stamp(const QString& time, const QString& date);
 
     Settings& m_settings;
     const Folders& m_folders;
     Clock& m_clock;
+    cJournal m_journal;
     const LocationViews& m_views;
     bool m_dirty = false;
+    bool m_saveFailed = false; // the last one
     std::int64_t m_dirtySince = 0;
     qsizetype m_characters = 0; // of all records
     // The long form of a date is dear to make, and most entries are of a few days.

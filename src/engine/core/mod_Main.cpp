@@ -27,6 +27,7 @@ Main::Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std
 
 void Main::LoadSID() {
     QString keptAs;
+    m_damage.clear();
     if (!m_data.PutAsideDamaged(kUserFile, keptAs)) {
         m_own.SID.clear();
         tellOfDamage(QStringLiteral("user.cfg is damaged and cannot be put aside: nothing is saved"));

@@ -11,7 +11,7 @@
 #include <random>
 
 using namespace tessel;
-using testing::IsEmpty;
+using testing::ElementsAre;
 
 namespace {
 
@@ -181,11 +181,53 @@ TEST_F(History, AKilledProgramLeavesAWholeFile) {
     EXPECT_EQ(file(), old) << "killed now, the old file is there";
     world.run(1);
     EXPECT_TRUE(file().startsWith("2\r\n"));
-    EXPECT_THAT(QDir(QFileInfo(path()).path()).entryList({kFile + ".*"}, QDir::Files), IsEmpty())
+    EXPECT_THAT(QDir(QFileInfo(path()).path()).entryList({kFile + ".*"}, QDir::Files),
+                ElementsAre(kFile + ".journal"))
         << "nothing half written lies about";
     ring("last");
     me->ExitProc();
     EXPECT_TRUE(file().startsWith("3\r\n")) << "an orderly end saves what came since";
+}
+
+TEST_F(History, AKilledProgramLosesNothing) {
+    begin();
+    ring("saved");
+    world.run(30);
+    ring("say \"when\"\r\n\u20AC");
+    me->history.AddMessage(
+        {0, MessageLog::Received, true, "id", "Ann", "SID", "body", "1:00:00 PM", "2/28/2026"});
+    const QStringList before = records();
+    ASSERT_EQ(before.size(), 3);
+    reload();
+    EXPECT_EQ(records(), before);
+    ring("later");
+    reload();
+    ASSERT_EQ(count(), 4);
+    EXPECT_EQ(records().mid(1), before);
+    world.run(30);
+    EXPECT_TRUE(file().startsWith("4\r\n")) << "the next run saves what it found";
+    reload();
+    EXPECT_EQ(count(), 4) << "once";
+
+    QFile::remove(path());
+    QDir().mkpath(path()); // a folder in the place of the file: it cannot be replaced
+    me->history.ClearRecents();
+    ring("two");
+    QDir().rmdir(path());
+    store("1\r\n\"" + QByteArray("0~0~W~L~one~T~D~S").replace('~', ".\x80.") + "\"\r\n");
+    reload();
+    ASSERT_EQ(count(), 1) << "what was cleared does not come back";
+    EXPECT_EQ(record()[4], "two");
+}
+
+TEST_F(History, WithoutSavingNothingIsKeptAnywhere) {
+    user("Recents", "SAVE", "0");
+    begin();
+    ring();
+    world.run(60);
+    reload();
+    EXPECT_EQ(count(), 0);
+    EXPECT_FALSE(FileExists(path() + ".journal"));
 }
 
 TEST_F(History, TheFileKeepsTheNewest) {
@@ -260,6 +302,7 @@ TEST_F(History, AFloodPushesOutTheOldestAndDoesNotGrow) {
     EXPECT_LT(characters, 20'000'000);
     EXPECT_GT(count(), 100);
     EXPECT_EQ(record()[4], "499") << "the newest stays";
+    EXPECT_LT(QFileInfo(path() + ".journal").size(), cJournal::kWantsSaveBytes + 100'000);
     me->history.ClearRecents();
     for (int i = 0; i < 21000; ++i) {
         add(event(HistoryCode::DoorBell));
