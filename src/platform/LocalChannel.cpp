@@ -5,9 +5,7 @@
 #include <QCryptographicHash>
 #include <QElapsedTimer>
 #include <QFile>
-#include <QLocalSocket>
 #include <QPointer>
-#include <QTimer>
 
 #include <sys/stat.h>
 #include <unistd.h>
@@ -19,7 +17,11 @@ namespace {
 // A request is one line; anything longer is no request.
 constexpr qint64 kLongestRequest = 16384;
 constexpr qint64 kLongestAnswer = 16 << 20;
-constexpr int kMaxClients = 16;
+constexpr int kMaxPending = 16;
+// Open at once. A client is served as soon as its line is there, so the oldest is the one that means
+// nothing by it.
+constexpr std::size_t kMaxClients = 32;
+constexpr int kListenAgainMs = 1000;
 constexpr int kClientMs = 5000;
 // The system's limit for the path of a local socket is 108 bytes.
 constexpr qsizetype kLongestPath = 100;
@@ -67,14 +69,26 @@ bool LocalChannel::claim() {
     if (!m_lock->tryLock(0) && (m_lock->error() == QLockFile::LockFailedError || somebodyListens())) {
         return false;
     }
-    // What a crashed station left is in the way of a new one.
-    QLocalServer::removeServer(m_path);
     m_server = std::make_unique<QLocalServer>();
     m_server->setSocketOptions(QLocalServer::UserAccessOption);
-    m_server->setMaxPendingConnections(kMaxClients);
-    m_server->listen(m_path);
+    m_server->setMaxPendingConnections(kMaxPending);
     connect(m_server.get(), &QLocalServer::newConnection, this, &LocalChannel::accept);
+    listen();
+    // The server closes itself without a word when it cannot accept, as when the process has no
+    // descriptor left.
+    connect(&m_listenAgain, &QTimer::timeout, this, [this] {
+        if (!m_server->isListening()) {
+            listen();
+        }
+    });
+    m_listenAgain.start(kListenAgainMs);
     return true;
+}
+
+void LocalChannel::listen() {
+    // What a crashed station left is in the way of a new one.
+    QLocalServer::removeServer(m_path);
+    m_server->listen(m_path);
 }
 
 bool LocalChannel::somebodyListens() const {
@@ -91,12 +105,26 @@ void LocalChannel::serve(Answer answer) {
 
 void LocalChannel::accept() {
     while (m_answer && m_server && m_server->hasPendingConnections()) {
+        makeRoom();
         QLocalSocket* const socket = m_server->nextPendingConnection();
+        m_clients.push_back(socket);
+        connect(socket, &QObject::destroyed, this, [this, socket] { std::erase(m_clients, socket); });
         connect(socket, &QLocalSocket::readyRead, this, [this, socket] { readRequest(socket); });
         connect(socket, &QLocalSocket::disconnected, socket, &QObject::deleteLater);
+        if (socket->state() == QLocalSocket::UnconnectedState) {
+            socket->deleteLater(); // gone already, and tells nobody
+        }
         QTimer::singleShot(kClientMs, socket, &QLocalSocket::abort);
         socket->setReadBufferSize(kLongestRequest + 1);
         readRequest(socket);
+    }
+}
+
+void LocalChannel::makeRoom() {
+    while (m_clients.size() >= kMaxClients) {
+        QLocalSocket* const oldest = m_clients.front();
+        m_clients.erase(m_clients.begin());
+        oldest->abort(); // deletes itself
     }
 }
 
@@ -110,7 +138,7 @@ void LocalChannel::readRequest(QLocalSocket* socket) {
     // Blanks belong to the request: commands are compared exactly, and a text keeps its own.
     QByteArray line = socket->readLine(kLongestRequest + 1);
     line.chop(1); // canReadLine saw the line feed
-    socket->disconnect(this);
+    disconnect(socket, &QLocalSocket::readyRead, this, nullptr);
     const QString request = QString::fromUtf8(line);
     // The answer may run the event loop, and the client may be gone by then.
     const QPointer<QLocalSocket> alive(socket);

@@ -3,15 +3,16 @@
 #pragma once
 
 #include <QLocalServer>
+#include <QLocalSocket>
 #include <QLockFile>
 #include <QObject>
 #include <QString>
+#include <QTimer>
 
 #include <functional>
 #include <memory>
 #include <optional>
-
-class QLocalSocket;
+#include <vector>
 
 namespace tessel {
 
@@ -42,12 +43,16 @@ public:
 
 private:
     bool somebodyListens() const;
+    void listen();
     void accept();
+    void makeRoom();
     void readRequest(QLocalSocket* socket);
 
     QString m_path;
     std::unique_ptr<QLockFile> m_lock;
+    std::vector<QLocalSocket*> m_clients; // the oldest first; they go with the server
     std::unique_ptr<QLocalServer> m_server;
+    QTimer m_listenAgain;
     Answer m_answer;
 };
 

@@ -12,6 +12,7 @@
 #include <QThread>
 
 #include <csignal>
+#include <sys/resource.h>
 #include <sys/stat.h>
 #include <sys/wait.h>
 #include <unistd.h>
@@ -142,6 +143,45 @@ TEST_F(LocalChannelTest, BadClientsAreDroppedAndOthersServed) {
     EXPECT_TRUE(requests.filter(QStringLiteral("half")).isEmpty());
     EXPECT_TRUE(requests.filter(QStringLiteral("xxx")).isEmpty());
     EXPECT_TRUE(waitUntil([&] { return half.state() == QLocalSocket::UnconnectedState; })) << "kept for ever";
+}
+
+// A script that runs wild must not cost the user the way back to the window, nor the station its
+// descriptors.
+TEST_F(LocalChannelTest, ManyHeldConnectionsAndNoDescriptorsLeft) {
+    LocalChannel station(facts);
+    ASSERT_TRUE(station.claim());
+    station.serve([](const QString&) { return QStringLiteral("ok"); });
+    const auto open = [] {
+        return QDir(QStringLiteral("/proc/self/fd"))
+            .entryList(QDir::NoDotAndDotDot | QDir::System | QDir::Files)
+            .size();
+    };
+    const auto before = open();
+    std::vector<std::unique_ptr<QLocalSocket>> held;
+    for (int i = 0; i < 200; ++i) {
+        held.push_back(std::make_unique<QLocalSocket>());
+        held.back()->connectToServer(socketPath());
+        ASSERT_TRUE(held.back()->waitForConnected(kTooLongMs));
+        letPass(1);
+    }
+    EXPECT_EQ(askFromOutside(QStringLiteral("x")), QStringLiteral("ok"));
+    EXPECT_LT(open() - before, 200 + 40);
+    held.clear();
+
+    // The connection waits in the system until it is accepted, and that fails.
+    QLocalSocket waiting;
+    rlimit usual{};
+    ASSERT_EQ(::getrlimit(RLIMIT_NOFILE, &usual), 0);
+    letPass();
+    waiting.connectToServer(socketPath());
+    rlimit none = usual;
+    none.rlim_cur = 3;
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &none), 0);
+    letPass();
+    ASSERT_EQ(::setrlimit(RLIMIT_NOFILE, &usual), 0);
+    EXPECT_TRUE(socketPath().isEmpty()) << "the accept did not fail: this shows nothing";
+    EXPECT_TRUE(waitUntil([this] { return !socketPath().isEmpty(); }));
+    EXPECT_EQ(askFromOutside(QStringLiteral("x")), QStringLiteral("ok"));
 }
 
 // The channel takes orders: no other user of the machine may give any.
