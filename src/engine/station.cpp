@@ -1,7 +1,6 @@
 #include "engine/station.h"
 
 #include "engine/core/mod_Definitions.h"
-#include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Limits.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_NetworkGroups.h"
@@ -17,7 +16,6 @@ const QString kUserSection = QStringLiteral("User");
 const QString kProgramSection = QStringLiteral("Program");
 const QString kConfigSection = QStringLiteral("Config");
 const QString kNetKey = QStringLiteral("net");
-const QString kUpdateHelper = QStringLiteral("update.exe");
 
 // What files and the system say of this location may be written by hand or from afar, and travels in
 // every packet: a packet must stay whole, and short enough to send.
@@ -60,12 +58,11 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       messages(own, settings, log, m_clock, protocol),
       footer(own, m_clock),
       shell(settings, views, m_clock),
-      menu({own, settings, windows, shell, network, status, presence, alerts,
-          [this] { tmrExit.setEnabled(true); }}),
-      commands({own, windows, session, network, endpoints, status, presence, alerts,
+      updates(own, folders, admin, m_clock, session),
+      commands({own, settings, windows, shell, network, status, presence, alerts, updates, tmrExit}),
+      remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
-      tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }),
-      tmrUpdates(m_clock, "tmrUpdates", 30000, Timer::Kind::OneShot, [this] { checkForUpdates(); }) {
+      tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }) {
     // clang-format on
     wire();
     attachOrders();
@@ -175,7 +172,7 @@ void Station::loadMain() {
     status.LoadStatusSettings();
     tones.LoadToneList();
     shell.tmrTime.setEnabled(true);
-    tmrUpdates.setEnabled(settings.Settings_UPD());
+    updates.tmrUpdates.setEnabled(settings.Settings_UPD());
     own.host = fitOwn(m_facts.hostName);
     loadLocationName();
 }
@@ -252,23 +249,6 @@ void Station::resetSID() {
     network.RestartNetwork();
 }
 
-bool Station::canUpdate() const {
-    return !Admin::restricted(admin.Updates) && FileExists(folders.program() + kUpdateHelper);
-}
-
-void Station::startUpdateHelper(UpdateRun run) {
-    const QString tail = run == UpdateRun::Silent     ? QStringLiteral("/silent")
-                         : run == UpdateRun::CheckNow ? QStringLiteral("/checknow")
-                                                      : QStringLiteral("/configure");
-    session.startProgram(folders.program() + kUpdateHelper, {tail});
-}
-
-void Station::checkForUpdates() {
-    if (!Admin::restricted(admin.Updates) && !own.remoteSession) {
-        startUpdateHelper(UpdateRun::Silent);
-    }
-}
-
 void Station::writeProgramRecord() {
     data.WriteSettings(kUserFile, kProgramSection,
                        {{QStringLiteral("VER"), QString::fromLatin1(kVersion)},
@@ -300,8 +280,8 @@ CloseAction Station::closing(CloseReason reason) {
 void Station::disableTimers() {
     for (Timer* const timer :
          {&network.tmrNetStart, &network.tmrSettle, &hearing.tmrRenew, &network.tmrAnnounce, &network.tmrKA,
-          &tmrUpdates, &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake, &popups.tmrStatusPopup,
-          &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
+          &updates.tmrUpdates, &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake,
+          &popups.tmrStatusPopup, &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
         timer->setEnabled(false);
     }
     alertBar.tstmrAlertOff.setEnabled(false);

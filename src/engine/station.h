@@ -28,6 +28,7 @@
 #include "engine/operations/mod_NetworkUsage.h"
 #include "engine/operations/mod_RemoteCommands.h"
 #include "engine/operations/mod_Shortcuts.h"
+#include "engine/operations/mod_Updates.h"
 #include "engine/ports/cClock.h"
 #include "engine/ports/cHotKeys.h"
 #include "engine/ports/cLink.h"
@@ -45,9 +46,6 @@ namespace tessel {
 
 enum class CloseReason { User, Code, SessionEnd, TaskManager };
 enum class CloseAction { Close, Minimise };
-
-// How the helper that updates the program is started.
-enum class UpdateRun { Silent, CheckNow, Configure };
 
 // What the dialog of the first run asks.
 struct WelcomeChoices {
@@ -86,9 +84,6 @@ public:
     // Stores another network group, and restarts the network if it differs from the stored one.
     void SaveNetwork(int group);
     int networkGroupRow() const;
-    // Whether there is a helper that updates the program, and the user may start it.
-    bool canUpdate() const;
-    void startUpdateHelper(UpdateRun run);
     // The facts of this location, one a line.
     QString diagInfo() const;
     // Gives the station a new SID at its next start, and resets the network.
@@ -134,17 +129,16 @@ public:
     Messages messages;
     Footer footer;
     Shell shell;
-    Commands menu;
-    RemoteCommands commands;
+    Updates updates;
+    Commands commands;
+    RemoteCommands remoteCommands;
 
     Timer tmrExit;
-    Timer tmrUpdates;
 
 private:
     void wire();
     void attachOrders();
     void messageArrived(const ReceivedMessage& message);
-    void checkForUpdates();
     void disableTimers();
     void writeProgramRecord();
 

@@ -88,7 +88,7 @@ TEST_F(RealDesktop, AModalDialogHoldsTheMainWindow) {
     QWidget* const dialog = desktop.windows.window(WindowId::GlobalDoorBell);
     EXPECT_FALSE(dialog->isModal());
     station.own.online = true;
-    station.commands.execute(QStringLiteral("/dbw"));
+    station.remoteCommands.execute(QStringLiteral("/dbw"));
     EXPECT_EQ(desktop.windows.window(WindowId::GlobalDoorBell), dialog);
     EXPECT_TRUE(dialog->isVisible());
     EXPECT_EQ(dialog->windowModality(), Qt::WindowModal);

@@ -42,7 +42,7 @@ int setUpFolders(int argc, char** argv) {
 
 QString answer(const QString& request, Station& station) {
     if (request.startsWith(LocalChannel::kCommand)) {
-        const bool accepted = station.commands.execute(request.sliced(LocalChannel::kCommand.size()));
+        const bool accepted = station.remoteCommands.execute(request.sliced(LocalChannel::kCommand.size()));
         return accepted ? QStringLiteral("accepted") : QString();
     }
     if (request == LocalChannel::kBringUp) {

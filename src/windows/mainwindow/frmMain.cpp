@@ -14,9 +14,9 @@
 #include "engine/station.h"
 #include "windows/WindowPlaces.h"
 #include "windows/clsOnTop.h"
-#include "windows/mainwindow/frmMenus.h"
 #include "windows/mainwindow/frmTray.h"
 #include "windows/mainwindow/frmViews.h"
+#include "windows/mainwindow/mod_Toolbars.h"
 
 #include <QCloseEvent>
 #include <QShortcut>
@@ -29,13 +29,6 @@ const QString kFormName = QStringLiteral("frmMain");
 constexpr QSize kFirstSize(480, 620);
 constexpr QSize kLeastSize(300, 320);
 constexpr int kGrid = 8;
-// Commands that have a key of their own.
-constexpr int kExit = 100;
-constexpr int kSetStatus = 102;
-constexpr int kNotifications = 104;
-constexpr int kRingDoorbell = 106;
-constexpr int kRefresh = 107;
-constexpr int kSendDoorbell = 112;
 constexpr int kCountMs = 100; // between a change of a list and its count in the caption of its tab
 } // namespace
 
@@ -55,7 +48,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     connectStation();
     m_station.shell.SetTabView(m_station.shell.storedView());
     m_station.shell.countRows();
-    refreshCommands();
+    refreshCommands(Touches::All);
     search({});
     showFooter();
     showMessageBars();
@@ -64,19 +57,16 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
 frmMain::~frmMain() = default;
 
 void frmMain::createCommands() {
-    m_commands = new CommandSet(commandItems(m_station.menu), this);
+    m_commands = new CommandSet(LoadCommands(m_station.commands), this);
     m_commands->setIconProvider([this](int number) { return m_images.image(number, palette()); });
-    const bool updates = m_station.canUpdate();
-    m_commands->setVisible(kCheckForUpdates, updates);
-    m_commands->setVisible(kUpdateOptions, updates);
-    connect(m_commands, &CommandSet::triggered, this, [this](int id) { execute(id); });
-    CreateSortMenu();
+    connect(m_commands, &CommandSet::triggered, this, &frmMain::execute);
+    createSortMenu();
 }
 
 void frmMain::createBars() {
-    m_ribbon = new Ribbon(*m_commands, ribbonPlan(), this);
-    m_quickBar = new CommandBar(*m_commands, quickBarIds(), tr("Quick commands"), this);
-    m_panes = new PaneBar(*m_commands, paneIds(), this);
+    m_ribbon = new Ribbon(*m_commands, CreateRibbon(), this);
+    m_quickBar = new CommandBar(*m_commands, CreateQuickBar(), tr("Quick commands"), this);
+    m_panes = new PaneBar(*m_commands, CreateStatusBar_NoteBoard(), this);
     m_alertBar = new MessageBar(MessageBar::Accent::Alert, this);
     m_alertBar->setObjectName(QStringLiteral("AlertBar"));
     m_alertBar->setButton(QStringLiteral("Close"), tr("Close the alert"));
@@ -101,13 +91,12 @@ void frmMain::createShortcuts() {
     };
     add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
     add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
-    // Not F5, which is the key of a quick status.
-    add(Qt::CTRL | Qt::Key_R, [this] { execute(kRefresh, {}); });
-    add(Qt::CTRL | Qt::Key_M, [this] { execute(kSetStatus, {}); });
-    add(Qt::CTRL | Qt::Key_D, [this] { execute(kRingDoorbell, {}); });
-    add(Qt::CTRL | Qt::SHIFT | Qt::Key_N, [this] { execute(kNotifications, {}); });
-    add(Qt::CTRL | Qt::SHIFT | Qt::Key_A, [this] { execute(kShowConnections, {}); });
-    add(Qt::CTRL | Qt::Key_Q, [this] { execute(kExit, {}); });
+    for (const CommandRow& command : commandTable()) {
+        if (*command.keys != '\0') {
+            add(QKeySequence(QLatin1String(command.keys)),
+                [this, number = command.number()] { execute(number); });
+        }
+    }
 }
 
 void frmMain::layOut() {
@@ -137,15 +126,13 @@ void frmMain::connectStation() {
     connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
     connect(&shell, &Shell::sortChanged, m_views, &Views::applySort);
     connect(&shell, &Shell::onTopChanged, this, &frmMain::Set_onTop);
-    for (const auto signal : {&Shell::viewChanged, &Shell::previewModeChanged, &Shell::reportFontChanged,
-                              &Shell::sortChanged, &Shell::onTopChanged}) {
-        connect(&shell, signal, this, &frmMain::refreshCommands);
-    }
-    connect(&shell, &Shell::doorbellOfferChanged, this, &frmMain::refreshCommands);
     // A storm of packets is counted once.
     m_counts.setSingleShot(true);
     m_counts.setInterval(kCountMs);
-    connect(&m_counts, &QTimer::timeout, this, &frmMain::SetTabCaptions);
+    connect(&m_counts, &QTimer::timeout, this, [this] {
+        m_station.shell.countRows();
+        refreshCommands(Touches::Counts);
+    });
     for (const ReportRecords* list : {&m_station.views.rptEndpoints, &m_station.views.rptFavorites}) {
         connect(list, &ReportRecords::changed, this, [this] {
             if (!m_counts.isActive()) {
@@ -153,17 +140,27 @@ void frmMain::connectStation() {
             }
         });
     }
-    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::refreshCommands);
     connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showMessageBars);
-    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, this, &frmMain::refreshCommands);
-    connect(&m_station.status, &LocalStatus::quickStatusesLoaded, this, &frmMain::refreshCommands);
-    connect(&m_station.presence, &OwnPresence::changed, this, &frmMain::refreshCommands);
     connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showMessageBars);
     connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
-    // Going on and off line shows in the footer, and changes what can be used.
-    connect(&m_station.footer, &Footer::changed, this, &frmMain::refreshCommands);
-    connect(m_views, &Views::currentRowChanged, this, &frmMain::refreshCommands);
     connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
+    refreshOn(shell, &Shell::viewChanged, Touches::View);
+    refreshOn(shell, &Shell::previewModeChanged, Touches::Preview);
+    refreshOn(shell, &Shell::reportFontChanged, Touches::Font);
+    refreshOn(shell, &Shell::sortChanged, Touches::Sort);
+    refreshOn(shell, &Shell::onTopChanged, Touches::OnTop);
+    refreshOn(shell, &Shell::doorbellOfferChanged, Touches::Offers);
+    refreshOn(m_station.status, &LocalStatus::changed, Touches::OwnStatus);
+    refreshOn(m_station.status, &LocalStatus::doNotDisturbChanged, Touches::DND);
+    refreshOn(m_station.status, &LocalStatus::quickStatusesLoaded, Touches::QuickNames);
+    refreshOn(m_station.presence, &OwnPresence::changed, Touches::Room);
+    refreshOn(m_station.network, &NetworkMC::canSendChanged, Touches::Online);
+    refreshOn(*m_views, &Views::currentRowChanged, Touches::Row);
+}
+
+template <typename Sender, typename Signal>
+void frmMain::refreshOn(const Sender& sender, Signal signal, unsigned touched) {
+    connect(&sender, signal, this, [this, touched] { refreshCommands(touched); });
 }
 
 void frmMain::createTray() {
@@ -172,56 +169,16 @@ void frmMain::createTray() {
     connect(m_tray.get(), &Tray::showRequested, this, [this] { putInFront(*this); });
     connect(m_tray.get(), &Tray::clicked, this, [this] { putInFront(*this); });
     connect(m_tray.get(), &Tray::resetRequested, this, &frmMain::resetPlace);
-    connect(m_tray.get(), &Tray::exitRequested, this, [this] { m_station.tmrExit.setEnabled(true); });
+    connect(m_tray.get(), &Tray::exitRequested, this,
+            [this] { execute(static_cast<int>(Command::ShutDown)); });
 }
 
-void frmMain::execute(int id, const QString& text) {
-    switch (id) {
-    case kShowConnections:
-        m_station.windows.show({WindowId::Endpoints});
-        break;
-    case kShowAdapters:
-        m_station.windows.show({WindowId::Adapters});
-        break;
-    case kCheckForUpdates:
-        m_station.startUpdateHelper(UpdateRun::CheckNow);
-        break;
-    case kUpdateOptions:
-        m_station.startUpdateHelper(UpdateRun::Configure);
-        break;
-    default:
-        m_station.menu.Execute(id, m_views->currentRow(), text);
-        break;
-    }
-    refreshCommands();
+void frmMain::execute(int number) {
+    m_station.commands.Execute(number, m_views->currentRow());
 }
 
-void frmMain::refreshCommands() {
-    const ReportRecord* const row = m_views->currentRow();
-    const Image room = m_station.own.occupied ? Image::RemovePatient : Image::SeatPatient;
-    if (room != m_roomShown) {
-        m_roomShown = room;
-        m_commands->setIcon(static_cast<int>(Image::QuickOccupied), static_cast<int>(room));
-        m_commands->setIcon(static_cast<int>(Image::OwnOccupied), static_cast<int>(room));
-    }
-    m_commands->setVisible(kSendDoorbell, m_station.settings.Settings_DBNAV());
-    for (const CommandRow* command = firstCommand(); command != endOfCommands(); ++command) {
-        const int id = command->id;
-        m_commands->setCaption(id, m_station.menu.caption(id));
-        m_commands->setTip(id, m_station.menu.tip(id));
-        m_commands->setEnabled(id, m_station.menu.enabled(id, row));
-        if (command->checkable) {
-            m_commands->setChecked(id, m_station.menu.checked(id));
-        }
-    }
-}
-
-void frmMain::SetTabCaptions() {
-    m_station.shell.countRows();
-    for (const ViewRow& view : kViews) {
-        const int id = static_cast<int>(view.view);
-        m_commands->setCaption(id, m_station.menu.caption(id));
-    }
+void frmMain::refreshCommands(unsigned touched) {
+    refresh(*m_commands, m_station.commands, touched, m_views->currentRow());
 }
 
 void frmMain::showView() {
@@ -239,24 +196,23 @@ void frmMain::search(const QString& text) {
 }
 
 void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos) {
-    refreshCommands();
+    refreshCommands(Touches::All); // settings, too, have a say in what it offers
     auto* const menu = new CommandMenu(*m_commands, this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
-    menu->setEntries(rowMenu(m_station.menu, *record));
+    menu->setEntries(rowMenu(m_station.commands, *record));
     connect(menu, &CommandMenu::triggered, this, [this, record](int id, const QString& text) {
         // The list may have moved on: the command is for the row that the menu was opened on.
-        m_station.menu.Execute(id, record.get(), text);
-        refreshCommands();
+        m_station.commands.Execute(id, record.get(), text);
     });
     menu->popup(globalPos);
 }
 
-void frmMain::CreateSortMenu() {
+void frmMain::createSortMenu() {
     auto* const menu = new CommandMenu(*m_commands, this);
     // Its pictures are drawn when it is first looked at.
-    connect(menu, &QMenu::aboutToShow, menu, [menu] { menu->setEntries(sortMenu()); });
-    connect(menu, &CommandMenu::triggered, this, [this](int id) { execute(id); });
-    m_commands->setMenu(kSortMenu, menu);
+    connect(menu, &QMenu::aboutToShow, menu, [menu] { menu->setEntries(CreateSortMenu()); });
+    connect(menu, &CommandMenu::triggered, this, &frmMain::execute);
+    m_commands->setMenu(static_cast<int>(Command::SortOptions), menu);
 }
 
 void frmMain::showFooter() {

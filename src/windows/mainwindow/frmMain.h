@@ -54,7 +54,7 @@ protected:
 
 private:
     void createCommands();
-    void CreateSortMenu();
+    void createSortMenu();
     void createBars();
     void createSearch();
     void createShortcuts();
@@ -62,9 +62,11 @@ private:
     void createTray();
     void connectStation();
 
-    void execute(int id, const QString& text = {});
-    void refreshCommands();
-    void SetTabCaptions();
+    void execute(int number);
+    // `touched`: bits of `Touches`.
+    void refreshCommands(unsigned touched);
+    template <typename Sender, typename Signal>
+    void refreshOn(const Sender& sender, Signal signal, unsigned touched);
     void showView();
     void showFooter();
     void showMessageBars();
@@ -85,8 +87,7 @@ private:
     MessageBar* m_alertBar = nullptr;
     MessageBar* m_ownBar = nullptr; // "My Status:"
     std::unique_ptr<Tray> m_tray;
-    std::optional<QPoint> m_rest;             // place during a shake
-    Image m_roomShown = Image::QuickOccupied; // picture of the command that seats and removes
+    std::optional<QPoint> m_rest; // place during a shake
     QTimer m_counts;
     bool m_loaded = false;
 };

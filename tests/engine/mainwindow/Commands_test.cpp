@@ -29,10 +29,10 @@ protected:
     QStringList does(int id, const ReportRecord* row = nullptr, const QString& text = {}) {
         sent();
         me.desktop.calls.clear();
-        me->menu.Execute(id, row, text);
+        me->commands.Execute(id, row, text);
         return sent() + me.desktop.calls;
     }
-    bool enabled(int id, const ReportRecord* row = nullptr) { return me->menu.enabled(id, row); }
+    bool enabled(int id, const ReportRecord* row = nullptr) { return me->commands.enabled(id, row); }
     const ReportRecord* lab() { return viewRow(); }
     const ReportRecord* own() { return viewRow(kMe); }
     static QString shows(WindowId window) {
@@ -92,8 +92,8 @@ TEST_F(CommandTable, OwnRowActsHere) {
     EXPECT_EQ(me->own.staffTag, 0);
     EXPECT_EQ(does(438, own()), QStringList({shows(WindowId::SetStatus)}));
 
-    EXPECT_TRUE(me->menu.isOwn(*own()));
-    EXPECT_FALSE(me->menu.isOwn(*lab()));
+    EXPECT_TRUE(me->commands.isOwn(*own()));
+    EXPECT_FALSE(me->commands.isOwn(*lab()));
 }
 
 TEST_F(CommandTable, OpensItsWindows) {
@@ -130,16 +130,16 @@ TEST_F(CommandTable, OfflineAndSwitchesGreyOut) {
 }
 
 TEST_F(CommandTable, RoomSaysWhoIsInIt) {
-    EXPECT_EQ(me->menu.caption(205), "Seat Patient");
-    EXPECT_FALSE(me->menu.checked(205));
+    EXPECT_EQ(me->commands.caption(205), "Seat Patient");
+    EXPECT_FALSE(me->commands.checked(205));
     EXPECT_EQ(does(205), QStringList({"XALU"}));
     EXPECT_TRUE(me->own.occupied);
-    EXPECT_EQ(me->menu.caption(433), "Remove Patient");
-    EXPECT_TRUE(me->menu.checked(433));
+    EXPECT_EQ(me->commands.caption(433), "Remove Patient");
+    EXPECT_TRUE(me->commands.checked(433));
     does(433);
     EXPECT_FALSE(me->own.occupied);
 
     // Names come from other stations: none may set a key, or pass for a line or shortcut of its own.
     hear("XALSN", body({kMe, "A&B\tCtrl+Q\nExit"}));
-    EXPECT_EQ(me->menu.caption(205), "Remove Patient (A&&B Ctrl+Q Exit)");
+    EXPECT_EQ(me->commands.caption(205), "Remove Patient (A&&B Ctrl+Q Exit)");
 }

@@ -99,7 +99,7 @@ TEST(FitText, AnOwnDoorbellArrivesWholeWhateverTheLocationWasGiven) {
     const std::vector<Road> roads{
         {"note from afar", [&](const QString& text) { receive("XALN", text); }},
         {"note by hand", [&](const QString& text) { me->presence.SetLocationNote(text); }},
-        {"note by command", [&](const QString& text) { me->commands.execute("/note:" + text); }},
+        {"note by command", [&](const QString& text) { me->remoteCommands.execute("/note:" + text); }},
         {"note of the file",
          [&](const QString& text) {
              me.set(kUserFile, "Note", "ACTIVE", text);
@@ -107,7 +107,7 @@ TEST(FitText, AnOwnDoorbellArrivesWholeWhateverTheLocationWasGiven) {
          }},
         {"status from afar", [&](const QString& text) { receive("XAS2", text); }},
         {"status by hand", [&](const QString& text) { me->status.choose(text, -1); }},
-        {"status by command", [&](const QString& text) { me->commands.execute("/status:" + text); }},
+        {"status by command", [&](const QString& text) { me->remoteCommands.execute("/status:" + text); }},
         {"quick status",
          [&](const QString& text) {
              world.run(3);

@@ -16,17 +16,17 @@ protected:
     }
     // Everything that a user may press to send an alert.
     void pressAll() {
-        me->menu.Execute(404, viewRow(), "tea");
+        me->commands.Execute(404, viewRow(), "tea");
         me->alerts.SendQuickAlert(QuickAlert::Urgent, {kOther, 0}, "help");
         EXPECT_FALSE(me->alerts.SendDoorBell("text"));
         EXPECT_FALSE(me->alerts.SendDoorBell_Group("Room:" + kOther + ListMark, "text"));
-        me->commands.execute("/db:text");
+        me->remoteCommands.execute("/db:text");
     }
     void expectOffline() {
         me.sounds.played.clear();
         me.desktop.calls.clear();
         for (const int id : {106, 107, 112, 404, 405, 406}) {
-            EXPECT_FALSE(me->menu.enabled(id, viewRow())) << id;
+            EXPECT_FALSE(me->commands.enabled(id, viewRow())) << id;
         }
         pressAll();
         EXPECT_EQ(me->footer.text(), "  Not sent: offline");
@@ -40,7 +40,7 @@ protected:
 TEST_F(Leaving, FromTheGoodbyeToTheNextStartNothingIsSentAndEverybodyIsTold) {
     QStringList whenDrawn;
     QObject::connect(&me->footer, &Footer::changed, [&] {
-        whenDrawn += me->footer.text() + (me->menu.enabled(106, nullptr) ? " on" : " off");
+        whenDrawn += me->footer.text() + (me->commands.enabled(106, nullptr) ? " on" : " off");
     });
     Timer inTheGoodbye(world.clock, "probe", 500, Timer::Kind::OneShot, [this] {
         EXPECT_TRUE(me->own.online);
@@ -60,7 +60,7 @@ TEST_F(Leaving, FromTheGoodbyeToTheNextStartNothingIsSentAndEverybodyIsTold) {
     EXPECT_EQ(sentCodes(), QStringList("XAN"));
     EXPECT_EQ(whenDrawn.back(), "  Online on");
     EXPECT_EQ(me->own.note, "note from afar");
-    me->menu.Execute(404, viewRow(), "tea");
+    me->commands.Execute(404, viewRow(), "tea");
     EXPECT_EQ(sentCodes(), QStringList("XAD1"));
 }
 
@@ -75,7 +75,7 @@ TEST_F(Leaving, AnEndSaysGoodbyeLast) {
 TEST_F(Leaving, ANewNameTakesLeaveOnceAndARestartMeanwhileIsNotForgotten) {
     Timer inTheGoodbye(world.clock, "probe", 500, Timer::Kind::OneShot, [this] {
         me->network.AnnounceAnew();
-        me->menu.Execute(107, nullptr, {});
+        me->commands.Execute(107, nullptr, {});
     });
     inTheGoodbye.setEnabled(true);
     me->network.AnnounceAnew();

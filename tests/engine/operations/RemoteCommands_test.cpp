@@ -24,7 +24,7 @@ protected:
     }
     // What came of a command: what was asked of the desktop, what was sent, whether it reported back.
     QString outcome(const QString& command) {
-        const bool accepted = me->commands.execute(command);
+        const bool accepted = me->remoteCommands.execute(command);
         QStringList all = std::exchange(me.desktop.calls, {});
         all += sentCodes();
         if (accepted) {
@@ -45,7 +45,7 @@ protected:
 TEST_F(RemoteTest, WhatTheyLeaveBehind) {
     const auto after = [this](const QString& command) {
         world.run(3);
-        me->commands.execute(command);
+        me->remoteCommands.execute(command);
         return state();
     };
     EXPECT_EQ(after("/s1"), "Quick 0||0|0|0");

@@ -14,7 +14,7 @@ struct Watch {
 
     void note(const char* what) {
         const Timer* const timers[] = {&station->network.tmrNetStart, &station->network.tmrKA,
-                                       &station->network.tmrAnnounce, &station->tmrUpdates,
+                                       &station->network.tmrAnnounce, &station->updates.tmrUpdates,
                                        &station->footer.tmrFooter,    &station->tmrExit};
         const auto running = std::count_if(std::begin(timers), std::end(timers),
                                            [](const Timer* timer) { return timer->enabled(); });

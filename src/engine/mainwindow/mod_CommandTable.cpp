@@ -1,0 +1,413 @@
+#include "engine/mainwindow/mod_CommandTable.h"
+
+#include "engine/alerts/mod_AlertEngine.h"
+#include "engine/core/cOwnState.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/mainwindow/mod_Shell.h"
+#include "engine/network/mod_Network_MC.h"
+#include "engine/operations/mod_Updates.h"
+#include "engine/ports/cClock.h"
+#include "engine/presence/mod_LocalStatus.h"
+#include "engine/presence/mod_LocationViews.h"
+#include "engine/presence/mod_OwnPresence.h"
+
+#include <algorithm>
+#include <array>
+
+namespace tessel {
+
+namespace {
+
+using T = CommandRow::Targets;
+using C = CommandRow::Call;
+
+constexpr char kDoorBellTip[] = "Send Doorbell alert to all locations or groups";
+constexpr char kStatusTip[] = "Show all locations what you are doing";
+constexpr char kRoomTip[] = "This location is in use, or not any more";
+constexpr char kNotesTip[] = "Show or hide the notes of locations";
+
+// Pictures that are no command's own.
+constexpr int kSeatPatientPicture = 13;
+constexpr int kRemovePatientPicture = 21;
+
+// Names come from outside, and a menu takes what stands behind a tabulator for a shortcut.
+QString shown(const QString& name) {
+    return name.simplified().replace(u'&', QLatin1String("&&"));
+}
+
+// How far a command stands behind the first of its kind.
+int behind(C call, Command first) {
+    return static_cast<int>(call.command) - static_cast<int>(first);
+}
+
+// The quick statuses, by the command of each.
+int quickIndex(C call) {
+    return behind(call, Command::Quick1);
+}
+void setQuick(T t, C call) {
+    t.status.SetStatus(quickIndex(call));
+}
+bool quickLatched(T t, C call) {
+    return t.status.latched(quickIndex(call));
+}
+QString quickCaption(T t, C call) {
+    const QuickStatus& quick = t.status.quick(quickIndex(call));
+    const QString& name = quick.Name.isEmpty() ? quick.Message : quick.Name;
+    return name.isEmpty() ? QStringLiteral("Quick %1").arg(quickIndex(call) + 1) : shown(name);
+}
+QString quickTip(T t, C call) {
+    return t.status.quick(quickIndex(call)).Message;
+}
+
+// Who sits at this location.
+void toggleRoom(T t, C) {
+    t.presence.SetOccupiedStatusRemote(false, {});
+}
+bool roomOccupied(T t, C) {
+    return t.own.occupied;
+}
+QString roomCaption(T t, C) {
+    if (!t.own.occupied) {
+        return QStringLiteral("Seat Patient");
+    }
+    const QString& patient = t.own.patientName;
+    return patient.isEmpty() ? QStringLiteral("Remove Patient")
+                             : QLatin1String("Remove Patient (") + shown(patient) + u')';
+}
+
+int roomPicture(T t, C) {
+    return t.own.occupied ? kRemovePatientPicture : kSeatPatientPicture;
+}
+
+void setView(T t, C call) {
+    t.shell.SetTabView(static_cast<int>(call.command));
+}
+bool isView(T t, C call) {
+    return static_cast<int>(t.shell.view()) == static_cast<int>(call.command);
+}
+
+void setPreview(T t, C) {
+    t.shell.SetPreviewMode();
+}
+bool previewOn(T t, C) {
+    return t.shell.previewMode();
+}
+
+QString SetTabCaption(T t, C call) {
+    return t.shell.tabCaption(static_cast<int>(call.command));
+}
+
+// A row's alerts.
+void quickAlert(T t, C call) {
+    t.alerts.SendQuickAlert(static_cast<QuickAlert>(call.command),
+                            {GetSID(*call.row), GetLocationTag(*call.row)}, call.text.trimmed());
+}
+void clearRowStatus(T t, C call) {
+    const QString SID = GetSID(*call.row);
+    if (SID == t.own.SID) {
+        t.status.TurnOffStatus();
+    } else {
+        t.status.clearStatusOf(SID);
+    }
+}
+
+bool heading(T, C) {
+    return false;
+}
+
+void setHomeSort(T t, C call) {
+    t.shell.SetSort_EndpointView(behind(call, Command::HomeByColor));
+}
+bool isHomeSort(T t, C call) {
+    return t.settings.Settings_SORTEV() == behind(call, Command::HomeByColor);
+}
+void setStatusSort(T t, C call) {
+    t.shell.SetSort_StatusView(behind(call, Command::StatusByTimeColor));
+}
+bool isStatusSort(T t, C call) {
+    return t.settings.Settings_SORTSV() == behind(call, Command::StatusByTimeColor);
+}
+void setFavoritesSort(T t, C call) {
+    t.shell.SetSort_FavoriteView(behind(call, Command::FavoritesByColor));
+}
+bool isFavoritesSort(T t, C call) {
+    return t.settings.Settings_SORTFV() == behind(call, Command::FavoritesByColor);
+}
+
+constexpr std::array kCommands{
+    CommandRow{.command = Command::ShutDown,
+               .caption = "ShutDown",
+               .tip = "End the program",
+               .keys = "Ctrl+Q",
+               .act = [](T t, C) { t.tmrExit.setEnabled(true); }},
+    CommandRow{.command = Command::SetStatus,
+               .caption = "Set your Status",
+               .tip = kStatusTip,
+               .keys = "Ctrl+M",
+               .window = WindowId::SetStatus},
+    CommandRow{.command = Command::Notifications,
+               .caption = "Notifications",
+               .tip = "What happened at this location",
+               .keys = "Ctrl+Shift+N",
+               .window = WindowId::Notifications},
+    CommandRow{.command = Command::RingDoorbell,
+               .caption = "Ring Doorbell",
+               .tip = kDoorBellTip,
+               .keys = "Ctrl+D",
+               .sends = true,
+               .window = WindowId::GlobalDoorBell},
+    CommandRow{.command = Command::Refresh,
+               .caption = "Refresh",
+               .tip = "Look for locations that are not listed yet",
+               .keys = "Ctrl+R",
+               .sends = true,
+               .act = [](T t, C) { t.network.Announce(); }},
+    CommandRow{.command = Command::OnTop,
+               .caption = "Always OnTop",
+               .tip = "Keep the window above all others",
+               .touches = Touches::OnTop,
+               .act = [](T t, C) { t.shell.toggleOnTop(); },
+               .checked = [](T t, C) { return t.settings.Settings_ONTOP(); }},
+    CommandRow{.command = Command::SendDoorbell,
+               .caption = "Send Doorbell",
+               .tip = kDoorBellTip,
+               .touches = Touches::Offers,
+               .sends = true,
+               .window = WindowId::GlobalDoorBell,
+               .offered = [](T t) { return t.settings.Settings_DBNAV(); }},
+    CommandRow{.command = Command::Connections,
+               .caption = "Active &Connections",
+               .tip = "All locations as the network tells of them",
+               .keys = "Ctrl+Shift+A",
+               .window = WindowId::Endpoints},
+    CommandRow{.command = Command::Adapters,
+               .caption = "Network &Adapter",
+               .tip = "Choose the network adapter",
+               .window = WindowId::Adapters},
+    CommandRow{.command = Command::CheckForUpdates,
+               .caption = "Check for &Updates",
+               .tip = "Look for a newer version now",
+               .act = [](T t, C) { t.updates.start(UpdateRun::CheckNow); },
+               .offered = [](T t) { return t.updates.allowed(); }},
+    CommandRow{.command = Command::UpdateOptions,
+               .caption = "Update O&ptions",
+               .tip = "Choose how updates are made",
+               .act = [](T t, C) { t.updates.start(UpdateRun::Configure); },
+               .offered = [](T t) { return t.updates.allowed(); }},
+    CommandRow{.command = Command::MyStatus,
+               .caption = "My Status",
+               .tip = "Set your status",
+               .window = WindowId::SetStatus},
+    CommandRow{.command = Command::Quick1,
+               .caption = "",
+               .tip = "First quick status",
+               .touches = Touches::OwnStatus | Touches::QuickNames,
+               .sends = true,
+               .oncePerDoubleClick = true,
+               .act = setQuick,
+               .checked = quickLatched,
+               .captionNow = quickCaption,
+               .tipNow = quickTip},
+    CommandRow{.command = Command::Quick2,
+               .caption = "",
+               .tip = "Second quick status",
+               .touches = Touches::OwnStatus | Touches::QuickNames,
+               .sends = true,
+               .oncePerDoubleClick = true,
+               .act = setQuick,
+               .checked = quickLatched,
+               .captionNow = quickCaption,
+               .tipNow = quickTip},
+    CommandRow{.command = Command::Quick3,
+               .caption = "",
+               .tip = "Third quick status",
+               .touches = Touches::OwnStatus | Touches::QuickNames,
+               .sends = true,
+               .oncePerDoubleClick = true,
+               .act = setQuick,
+               .checked = quickLatched,
+               .captionNow = quickCaption,
+               .tipNow = quickTip},
+    CommandRow{.command = Command::Occupied,
+               .caption = "Occupied",
+               .tip = kRoomTip,
+               .touches = Touches::Room,
+               .sends = true,
+               .act = toggleRoom,
+               .checked = roomOccupied,
+               .captionNow = roomCaption,
+               .pictureNow = roomPicture},
+    CommandRow{.command = Command::DND,
+               .caption = "DND",
+               .tip = "Do Not Disturb",
+               .touches = Touches::DND,
+               .act = [](T t, C) { t.status.SetDND(); },
+               .checked = [](T t, C) { return t.own.doNotDisturb; }},
+    CommandRow{.command = Command::Preview,
+               .caption = "Location Notes",
+               .tip = kNotesTip,
+               .touches = Touches::Preview,
+               .act = setPreview,
+               .checked = previewOn},
+    CommandRow{.command = Command::Home,
+               .caption = kViews[0].caption,
+               .tip = kViews[0].tip,
+               .touches = Touches::View | Touches::Counts,
+               .act = setView,
+               .checked = isView,
+               .captionNow = SetTabCaption},
+    CommandRow{.command = Command::StatusView,
+               .caption = kViews[1].caption,
+               .tip = kViews[1].tip,
+               .touches = Touches::View | Touches::Counts,
+               .act = setView,
+               .checked = isView,
+               .captionNow = SetTabCaption},
+    CommandRow{.command = Command::Favorites,
+               .caption = kViews[2].caption,
+               .tip = kViews[2].tip,
+               .touches = Touches::View | Touches::Counts,
+               .act = setView,
+               .checked = isView,
+               .captionNow = SetTabCaption},
+    CommandRow{.command = Command::RowDoorBell,
+               .caption = "DoorBell",
+               .tip = "Ring the doorbell of this location",
+               .touches = Touches::Row,
+               .sends = true,
+               .act = quickAlert,
+               .enabled = [](T t, C c) { return c.row != nullptr && t.settings.QuickMenu_AlertDoorBell(); }},
+    CommandRow{.command = Command::RowPhoneCall,
+               .caption = "Phone Call",
+               .tip = "Tell this location of a phone call",
+               .touches = Touches::Row,
+               .sends = true,
+               .act = quickAlert,
+               .enabled = [](T t, C c) { return c.row != nullptr && t.settings.QuickMenu_AlertPhone(); }},
+    CommandRow{.command = Command::RowUrgent,
+               .caption = "Urgent",
+               .tip = "Call this location urgently",
+               .touches = Touches::Row,
+               .sends = true,
+               .act = quickAlert,
+               .enabled = [](T t, C c) { return c.row != nullptr && t.settings.QuickMenu_AlertUrgent(); }},
+    CommandRow{.command = Command::RowClearStatus,
+               .caption = "Clear Status",
+               .tip = "Turn this location's status off",
+               .touches = Touches::Row,
+               .act = clearRowStatus,
+               .enabled = [](T, C c) { return c.row != nullptr && GetStatusActive(*c.row); }},
+    CommandRow{.command = Command::RowClearTag,
+               .caption = "Clear Status Tag",
+               .tip = "Take the staff tag of this location away",
+               .touches = Touches::Row,
+               .act = [](T t, C c) { t.presence.ClearStaffTag(GetSID(*c.row)); },
+               .enabled = [](T, C c) { return c.row != nullptr && GetStatusTag(*c.row) != 0; }},
+    CommandRow{.command = Command::Close, .caption = "Close"},
+    CommandRow{.command = Command::OwnClearStatus,
+               .caption = "Clear Status",
+               .tip = "Turn your status off",
+               .touches = Touches::OwnStatus,
+               .act = [](T t, C) { t.status.TurnOffStatus(); },
+               .enabled = [](T t, C) { return !t.own.status.isEmpty(); }},
+    CommandRow{.command = Command::OwnOccupied,
+               .caption = "Occupied",
+               .tip = kRoomTip,
+               .touches = Touches::Room,
+               .sends = true,
+               .act = toggleRoom,
+               .checked = roomOccupied,
+               .captionNow = roomCaption,
+               .pictureNow = roomPicture},
+    CommandRow{.command = Command::OwnClearTag,
+               .caption = "Clear Status Tag",
+               .tip = "Take your staff tag away",
+               .touches = Touches::Room,
+               .act = [](T t, C) { t.presence.ClearStaffTag(t.own.SID); },
+               .enabled = [](T t, C) { return t.own.staffTag != 0; }},
+    CommandRow{.command = Command::OwnSetStatus,
+               .caption = "Set Status",
+               .tip = kStatusTip,
+               .window = WindowId::SetStatus},
+    CommandRow{.command = Command::Notes,
+               .caption = "Show\\Hide Location Notes",
+               .tip = kNotesTip,
+               .touches = Touches::Preview,
+               .act = setPreview,
+               .checked = previewOn},
+    CommandRow{.command = Command::HomeSort, .caption = "Home Sort Options", .enabled = heading},
+    CommandRow{.command = Command::HomeByColor,
+               .caption = "Sort by Color",
+               .touches = Touches::Sort,
+               .act = setHomeSort,
+               .checked = isHomeSort},
+    CommandRow{.command = Command::HomeByName,
+               .caption = "Sort by Name",
+               .touches = Touches::Sort,
+               .act = setHomeSort,
+               .checked = isHomeSort},
+    CommandRow{.command = Command::StatusSort, .caption = "Status Sort Options", .enabled = heading},
+    CommandRow{.command = Command::StatusByTimeColor,
+               .caption = "Sort by Time && Color",
+               .touches = Touches::Sort,
+               .act = setStatusSort,
+               .checked = isStatusSort},
+    CommandRow{.command = Command::StatusByTimeName,
+               .caption = "Sort by Time && Name",
+               .touches = Touches::Sort,
+               .act = setStatusSort,
+               .checked = isStatusSort},
+    CommandRow{.command = Command::StatusByNameTime,
+               .caption = "Sort by Name && Time",
+               .touches = Touches::Sort,
+               .act = setStatusSort,
+               .checked = isStatusSort},
+    CommandRow{.command = Command::FavoritesSort, .caption = "Favorites Sort Options", .enabled = heading},
+    CommandRow{.command = Command::FavoritesByColor,
+               .caption = "Sort by Color",
+               .touches = Touches::Sort,
+               .act = setFavoritesSort,
+               .checked = isFavoritesSort},
+    CommandRow{.command = Command::FavoritesByName,
+               .caption = "Sort by Name",
+               .touches = Touches::Sort,
+               .act = setFavoritesSort,
+               .checked = isFavoritesSort},
+    CommandRow{.command = Command::LargerFont,
+               .caption = "Increase Font Size",
+               .touches = Touches::Font,
+               .act = [](T t, C) { t.shell.IncreaseReportFont(); },
+               .enabled = [](T t, C) { return t.shell.reportFont() < Shell::kLargestFont; },
+               .tipNow = [](T t, C) { return t.shell.increaseTip(); }},
+    CommandRow{.command = Command::SmallerFont,
+               .caption = "Decrease Font Size",
+               .touches = Touches::Font,
+               .act = [](T t, C) { t.shell.DecreaseReportFont(); },
+               .enabled = [](T t, C) { return t.shell.reportFont() > Shell::kSmallestFont; },
+               .tipNow = [](T t, C) { return t.shell.decreaseTip(); }},
+    CommandRow{
+        .command = Command::SortOptions, .caption = "Sort Options", .tip = "Choose the order of the lists"},
+};
+
+constexpr bool rising() {
+    for (std::size_t i = 1; i < kCommands.size(); ++i) {
+        if (kCommands[i - 1].number() >= kCommands[i].number()) {
+            return false;
+        }
+    }
+    return true;
+}
+static_assert(rising());
+
+} // namespace
+
+std::span<const CommandRow> commandTable() {
+    return kCommands;
+}
+
+const CommandRow* findCommand(int number) {
+    const auto found = std::ranges::lower_bound(kCommands, number, {}, &CommandRow::number);
+    return found != kCommands.end() && found->number() == number ? &*found : nullptr;
+}
+
+} // namespace tessel
