@@ -124,20 +124,17 @@ bool MulticastLink::setUp(const LinkConfig& config) {
 }
 
 bool MulticastLink::join(const LinkConfig& config) {
-    ip_mreqn membership{};
-    toAddress(config.group, membership.imr_multiaddr);
-    if (!config.receiveInterface.isEmpty() && !toAddress(config.receiveInterface, membership.imr_address)) {
+    m_membership = {};
+    toAddress(config.group, m_membership.imr_multiaddr);
+    if (!config.receiveInterface.isEmpty() && !toAddress(config.receiveInterface, m_membership.imr_address)) {
         errno = EINVAL;
         return fail("receive interface");
     }
-    if (!setOption(m_socket, IPPROTO_IP, IP_ADD_MEMBERSHIP, membership)) {
+    findInterface();
+    if (!setOption(m_socket, IPPROTO_IP, IP_ADD_MEMBERSHIP, m_membership)) {
         return fail("join");
     }
-    findInterface(membership);
-    in_addr sendInterface{};
-    if (!config.sendInterface.isEmpty() &&
-        (!toAddress(config.sendInterface, sendInterface) ||
-         !setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, sendInterface))) {
+    if (!chooseSendInterface(config)) {
         return fail("send interface");
     }
     if (!setOption(m_socket, IPPROTO_IP, IP_MULTICAST_ALL, 0) ||
@@ -148,13 +145,11 @@ bool MulticastLink::join(const LinkConfig& config) {
     return true;
 }
 
-void MulticastLink::findInterface(const ip_mreqn& membership) {
-    m_membership = membership;
-    if (membership.imr_address.s_addr == 0) {
-        sockaddr_in group{};
-        group.sin_family = AF_INET;
-        group.sin_port = m_to.sin_port;
-        group.sin_addr = membership.imr_multiaddr;
+void MulticastLink::findInterface() {
+    const ip_mreqn asked = m_membership;
+    if (asked.imr_address.s_addr == 0) {
+        sockaddr_in group = m_to;
+        group.sin_addr = asked.imr_multiaddr;
         m_membership.imr_address = routedAddress(group);
     }
     for (const QNetworkInterface& interface : QNetworkInterface::allInterfaces()) {
@@ -163,7 +158,23 @@ void MulticastLink::findInterface(const ip_mreqn& membership) {
             return;
         }
     }
-    m_membership = membership;
+    m_membership = asked; // the system finds it, or fails
+}
+
+bool MulticastLink::chooseSendInterface(const LinkConfig& config) {
+    if (!config.sendInterface.isEmpty()) {
+        in_addr address{};
+        return toAddress(config.sendInterface, address) &&
+               setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, address);
+    }
+    if (!config.receiveInterface.isEmpty() || m_membership.imr_ifindex == 0) {
+        return true;
+    }
+    // The system's choice holds for both directions: a tunnel that comes up later and takes the routes
+    // must not carry away what is sent, while the station goes on listening here.
+    ip_mreqn here{};
+    here.imr_ifindex = m_membership.imr_ifindex;
+    return setOption(m_socket, IPPROTO_IP, IP_MULTICAST_IF, here);
 }
 
 bool MulticastLink::interfaceIsThere() const {

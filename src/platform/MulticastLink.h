@@ -40,7 +40,8 @@ private:
 
     bool setUp(const LinkConfig& config);
     bool join(const LinkConfig& config);
-    void findInterface(const ip_mreqn& membership);
+    void findInterface();
+    bool chooseSendInterface(const LinkConfig& config);
     bool fail(const char* step);
     void drain();
     // False when the socket is beyond use.

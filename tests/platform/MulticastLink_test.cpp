@@ -342,6 +342,26 @@ TEST_F(MulticastLinkTest, TellsWhenInterfacesChangeAndWhetherItsOwnIsThere) {
     EXPECT_FALSE(there.link.interfaceIsThere());
 }
 
+// A tunnel that comes up takes the routes: the station stays on the network on which it began.
+TEST_F(MulticastLinkTest, KeepsToItsInterfaceWhenTheRoutesMoveOn) {
+    if (!run("ip", {"link", "add", "tsl1", "type", "bridge"})) {
+        GTEST_SKIP() << "not allowed to make an interface";
+    }
+    ASSERT_TRUE(run("ip", {"link", "set", "tsl1", "up"}));
+    ASSERT_TRUE(run("ip", {"address", "add", "10.9.7.1/24", "dev", "tsl1"}));
+    ASSERT_TRUE(run("ip", {"route", "replace", "224.0.0.0/4", "dev", "tsl1"}));
+    Listener one;
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    ASSERT_TRUE(run("ip", {"route", "replace", "224.0.0.0/4", "dev", "lo"}));
+    one.link.send("where it began");
+    EXPECT_TRUE(waitUntil([&] { return !one.heard.empty(); }));
+    EXPECT_EQ(one.lastSource, 0x0A090701U);
+    EXPECT_TRUE(one.link.interfaceIsThere());
+    ASSERT_TRUE(run("ip", {"link", "delete", "tsl1"}));
+    EXPECT_FALSE(one.link.interfaceIsThere());
+    EXPECT_FALSE(one.link.rejoin());
+}
+
 TEST_F(MulticastLinkTest, JoinsAnewOnTheSameSocket) {
     Listener one;
     EXPECT_FALSE(one.link.rejoin());
