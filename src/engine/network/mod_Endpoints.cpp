@@ -7,6 +7,7 @@
 #include "engine/core/mod_ElapsedText.h"
 #include "engine/core/mod_Limits.h"
 #include "engine/core/mod_Settings.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/ports/cClock.h"
@@ -338,7 +339,7 @@ void Endpoints::ProcessStaffUpdate(const QString& Location, const QString& SID, 
     const auto presence = Presence::of(Presence);
     if (SID == m_own.SID) {
         m_own.staffTag = presence.staffTag;
-        m_own.staffTagTime = presence.staffTag != 0 ? presence.staffTagTime : QString();
+        m_own.staffTagTime = presence.staffTag != 0 ? FitText(presence.staffTagTime) : QString();
     }
     if (ReportRecord* const record = m_records.find(SID); record != nullptr) {
         ReportItem& time = item(*record, EndpointItem::StaffTagTime);

@@ -74,6 +74,16 @@ TEST_F(History, CardsTellWhoAndWhat) {
     hear("XAP", body({kMe, "call"}));
     EXPECT_EQ(text(CardItem::Name), "") << "a phone call names nobody";
     EXPECT_EQ(text(CardItem::Heading), "PhoneCall");
+    EXPECT_EQ(item(*list().at(0), CardItem::Heading).icon, 19);
+    const auto iconOf = [this](HistoryCode code) {
+        me->history.AddItem({code, "word", "Ann", "text", "9:00:00 AM", "3/2/2026", kOther});
+        return item(*list().at(0), CardItem::Heading).icon;
+    };
+    EXPECT_EQ(iconOf(HistoryCode::Urgent), 0);
+    for (const HistoryCode quiet : {HistoryCode::StatusCleared, HistoryCode::Occupied, HistoryCode::Open,
+                                    HistoryCode::StaffTagSet, HistoryCode::StaffTagCleared}) {
+        EXPECT_NE(iconOf(quiet), 0) << "the urgent triangle is for what is urgent";
+    }
     const auto heading = [this](int type, MessageLog log, bool everyone) {
         me->history.AddMessage({type, log, everyone, "id", "Ann", "SID", "first" + ListMark + "quoted",
                                 "9:00:00 AM", "3/2/2026"});

@@ -124,6 +124,12 @@ TEST(FitText, AnOwnDoorbellArrivesWholeWhateverTheLocationWasGiven) {
          }},
         {"patient from afar", [&](const QString& text) { receive("XALSN", text); }},
         {"patient by hand", [&](const QString& text) { me->presence.SetOccupiedStatusRemote(true, text); }},
+        {"staff tag of a packet under the own SID",
+         [&](const QString& text) {
+             const QString block =
+                 QStringList{{}, {}, "0", {}, "31", text.chopped(2), {}, "0", {}}.join(ValueMark);
+             me->protocol.receive(RawPacket{.SID = me->own.SID, .code = "XAST", .presence = block}.bytes());
+         }},
         {"name of the file",
          [&](const QString& text) {
              me.set(kUserFile, "User", "LOCATION", text);
