@@ -31,6 +31,7 @@ public:
     void SaveFormSize(const QString&, QSize) override {}
     std::optional<QSize> GetFormSize(const QString&) const override { return std::nullopt; }
     void SetAutoStart(const QString&, bool) override {}
+    bool autoStart() const override { return false; }
 };
 
 // Milliseconds from its making.

@@ -28,6 +28,7 @@ public:
     void SaveFormSize(const QString&, QSize) override {}
     std::optional<QSize> GetFormSize(const QString&) const override { return QSize(900, 900); }
     void SetAutoStart(const QString&, bool) override {}
+    bool autoStart() const override { return false; }
 };
 
 // Milliseconds of a call.

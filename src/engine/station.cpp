@@ -49,6 +49,8 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       presence(own, data, m_clock, protocol),
       hotKeys(admin, status, log, ports.hotKeys),
       shortcuts(folders, session),
+      profile(own, data, settings, admin, protocol, network),
+      shortKeys(status, windows, m_clock),
       tones(own, settings, folders, ini, ports.sounds),
       popups(own, settings, data, m_clock, ports.popups),
       notices(own, settings, favorites, popups, tones),
@@ -92,7 +94,7 @@ void Station::wire() {
             [this](const QString& text, const QString& tip) { footer.SetFooter(text, tip, false); });
     connect(&hearing, &Hearing::footerOver, &footer, &Footer::EndText);
     connect(&hearing, &Hearing::duplicateIdentity, &footer, [this] {
-        footer.Remark(QStringLiteral("Another computer has this identity"),
+        footer.Remark(QStringLiteral("Another computer uses this location's identity"),
                       QStringLiteral("One of the two needs a new SID: Active Connections, Tools, Reset SID"));
     });
     connect(&endpoints, &Endpoints::added, &hearing,
@@ -118,11 +120,15 @@ void Station::wire() {
             [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
                 notices.setHere(text, tone, location, SID);
             });
+    connect(&profile, &LocationProfile::nameStored, this, &Station::loadLocationName);
     connect(&sharedStatus, &SharedStatus::deleted, &status, &LocalStatus::LoadStatusSettings);
     connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
     connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { windows.bringUp(); });
     connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
+    connect(&popups, &Popups::openMessageOptions, this, [this] {
+        windows.show({.window = WindowId::Options, .page = kMessageOptionsPage});
+    });
     connect(&messages, &Messages::arrived, this, &Station::messageArrived);
 }
 
@@ -281,7 +287,8 @@ void Station::disableTimers() {
     for (Timer* const timer :
          {&network.tmrNetStart, &network.tmrSettle, &hearing.tmrRenew, &network.tmrAnnounce, &network.tmrKA,
           &updates.tmrUpdates, &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake,
-          &popups.tmrStatusPopup, &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime, &tmrExit}) {
+          &popups.tmrStatusPopup, &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime,
+          &shortKeys.tmrKeyMod, &tmrExit}) {
         timer->setEnabled(false);
     }
     alertBar.tstmrAlertOff.setEnabled(false);

@@ -25,8 +25,10 @@
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/operations/mod_Admin.h"
 #include "engine/operations/mod_HotKeys.h"
+#include "engine/operations/mod_LocationProfile.h"
 #include "engine/operations/mod_NetworkUsage.h"
 #include "engine/operations/mod_RemoteCommands.h"
+#include "engine/operations/mod_ShortKeys.h"
 #include "engine/operations/mod_Shortcuts.h"
 #include "engine/operations/mod_Updates.h"
 #include "engine/ports/cClock.h"
@@ -120,6 +122,8 @@ public:
     OwnPresence presence;
     QuickHotKeys hotKeys;
     Shortcuts shortcuts;
+    LocationProfile profile;
+    ShortKeys shortKeys;
     Tones tones;
     Popups popups;
     StatusNotices notices;

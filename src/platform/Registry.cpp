@@ -30,6 +30,11 @@ private:
 constexpr char kPosition[] = "Position";
 constexpr char kSize[] = "Size";
 
+QString autoStartFile() {
+    return QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
+           QLatin1String("/autostart/") + kApplication + QLatin1String(".desktop");
+}
+
 } // namespace
 
 void Registry::SaveFormPos(const QString& form, QPoint position) {
@@ -49,8 +54,7 @@ std::optional<QSize> Registry::GetFormSize(const QString& form) const {
 }
 
 void Registry::SetAutoStart(const QString& program, bool on) {
-    const QString path = QStandardPaths::writableLocation(QStandardPaths::GenericConfigLocation) +
-                         QLatin1String("/autostart/") + kApplication + QLatin1String(".desktop");
+    const QString path = autoStartFile();
     if (!on) {
         DeleteFile(path);
         return;
@@ -58,6 +62,13 @@ void Registry::SetAutoStart(const QString& program, bool on) {
     const QString entry = QLatin1String("[Desktop Entry]\nType=Application\nName=Tessel Status\nExec=") +
                           quotedForExec(program) + QLatin1String("\nTerminal=false\n");
     replaceFile(path, entry.toUtf8());
+}
+
+bool Registry::autoStart() const {
+    constexpr qint64 kLargestEntry = 65536;
+    QByteArray entry;
+    return readWholeFile(autoStartFile(), kLargestEntry, entry) && !entry.contains("\nHidden=true") &&
+           !entry.contains("\nX-GNOME-Autostart-enabled=false");
 }
 
 } // namespace tessel

@@ -13,6 +13,7 @@ public:
     void SaveFormSize(const QString& form, QSize size) override;
     std::optional<QSize> GetFormSize(const QString& form) const override;
     void SetAutoStart(const QString& program, bool on) override;
+    bool autoStart() const override;
 };
 
 } // namespace tessel

@@ -25,6 +25,10 @@ void DesktopSession::SetAutoStart(bool on) {
     m_registry.SetAutoStart(QCoreApplication::applicationFilePath(), on);
 }
 
+bool DesktopSession::autoStart() const {
+    return m_registry.autoStart();
+}
+
 void FormDesktop::setStation(Station& station) {
     windows.setStation(station);
     popups.setEngine(station.popups);

@@ -16,6 +16,7 @@ public:
     bool openPath(const QString& path) override;
     void startProgram(const QString& path, const QStringList& arguments) override;
     void SetAutoStart(bool on) override;
+    bool autoStart() const override;
 
 private:
     WindowRegistry& m_registry;

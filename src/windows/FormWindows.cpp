@@ -112,7 +112,7 @@ QWidget* FormWindows::make(const WindowRow& row, bool modal) {
     if (row.life == Life::Face) {
         new IconAfterFirstPaint(made);
     } else {
-        keepPlace(*made, m_registry);
+        keepPlace(*made, m_registry, m_station->settings.Advanced_MultipleMonitors());
     }
     tessel::Set_onTop(*made, m_station->settings.Settings_ONTOP());
     return made;

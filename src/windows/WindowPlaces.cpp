@@ -31,7 +31,9 @@ void fitOnScreen(QWidget& window) {
 
 class PlaceKeeper : public QObject {
 public:
-    PlaceKeeper(QWidget& window, WindowRegistry& registry) : QObject(&window), m_registry(registry) {
+    // `lent`: where it stands as long as its own screen is missing.
+    PlaceKeeper(QWidget& window, WindowRegistry& registry, std::optional<QPoint> lent)
+        : QObject(&window), m_registry(registry), m_lent(lent) {
         window.installEventFilter(this);
     }
 
@@ -41,7 +43,9 @@ public:
             fitOnScreenSoon(*window);
         }
         if (event->type() == QEvent::Hide && !event->spontaneous() && isUsual(*window)) {
-            m_registry.SaveFormPos(window->objectName(), window->pos());
+            if (window->pos() != m_lent) {
+                m_registry.SaveFormPos(window->objectName(), window->pos());
+            }
             m_registry.SaveFormSize(window->objectName(), window->size());
         }
         return false;
@@ -49,20 +53,26 @@ public:
 
 private:
     WindowRegistry& m_registry;
+    std::optional<QPoint> m_lent;
 };
 
 } // namespace
 
-void keepPlace(QWidget& window, WindowRegistry& registry) {
+void keepPlace(QWidget& window, WindowRegistry& registry, bool allScreens) {
+    std::optional<QPoint> lent;
+    const QList<QRect> screens = freeScreenAreas(allScreens);
     const auto position = registry.GetFormPos(window.objectName());
     if (position.has_value()) {
         const QSize size = registry.GetFormSize(window.objectName()).value_or(window.sizeHint());
         const QRect place =
-            placedOnScreens(position, size.expandedTo(window.minimumSizeHint()), freeScreenAreas());
+            placedOnScreens(position, size.expandedTo(window.minimumSizeHint()), screens);
         window.resize(place.size());
         window.move(place.topLeft());
+        if (!isOnScreens(*position, screens)) {
+            lent = place.topLeft();
+        }
     }
-    new PlaceKeeper(window, registry);
+    new PlaceKeeper(window, registry, lent);
 }
 
 void fitOnScreenSoon(QWidget& window) {

@@ -9,7 +9,9 @@ class WindowRegistry;
 
 // Puts a window where it was when it was last closed, onto a screen of today, and remembers its place
 // from now on whenever it goes. Its object name tells it from the others. To be called before it shows.
-void keepPlace(QWidget& window, WindowRegistry& registry);
+// `allScreens`: false puts it on the main screen, wherever it was. While its own screen is missing it stands
+// on another one, and returns once that is there again.
+void keepPlace(QWidget& window, WindowRegistry& registry, bool allScreens = true);
 
 // Brings an open window wholly onto its screen, frame included, soon after it is put up: the frame is
 // the window manager's, and not known before.

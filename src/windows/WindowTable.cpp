@@ -3,31 +3,22 @@
 #include "engine/station.h"
 #include "windows/alerts/frmGlobalDoorBell.h"
 #include "windows/alerts/frmNotifications.h"
+#include "windows/alerts/frmRecentOptions.h"
+#include "windows/dialogs/frmAbout.h"
 #include "windows/dialogs/frmWelcome.h"
 #include "windows/mainwindow/frmMain.h"
 #include "windows/network/frmAdapters.h"
 #include "windows/network/frmEndpoints.h"
 #include "windows/operations/frmNetworkInfo.h"
+#include "windows/options/frmOptions.h"
 #include "windows/presence/frmSetStatus.h"
-
-#include <QMessageBox>
+#include "windows/presence/frmStatusButtonEditor.h"
 
 #include <array>
 
 namespace tessel {
 
 namespace {
-
-// Until there is a page for them, the texts of the quick statuses are edited in their file.
-QWidget* tellOfStatusFile(const WindowParts& p) {
-    auto* const box = new QMessageBox(QMessageBox::Information, kProductName,
-                                      QObject::tr("This quick status has no text yet.\n"
-                                                  "The texts stand in %1 and are read at the start.")
-                                          .arg(p.station.folders.dataFile(kStatusFile)),
-                                      QMessageBox::Ok, p.owner);
-    box->setTextFormat(Qt::PlainText);
-    return box;
-}
 
 // In the order of `WindowId`.
 constexpr std::array kWindows{
@@ -46,7 +37,8 @@ constexpr std::array kWindows{
         [](const WindowParts& p) -> QWidget* { return new frmNetworkInfo(p.station.diagInfo(), p.owner); }},
     WindowRow{WindowId::SetStatus, "frmSetStatus", Life::Dialog,
               [](const WindowParts& p) -> QWidget* { return new frmSetStatus(p.station, p.owner); }},
-    WindowRow{WindowId::Options, "frmOptions", Life::Modal, tellOfStatusFile},
+    WindowRow{WindowId::Options, "frmOptions", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* { return new frmOptions(p.station, p.owner); }},
     WindowRow{WindowId::Notifications, "frmNotifications", Life::Kept,
               [](const WindowParts& p) -> QWidget* {
                   return new frmNotifications(p.station.settings, p.station.history);
@@ -56,7 +48,21 @@ constexpr std::array kWindows{
                   return new frmGlobalDoorBell(p.station.own, p.station.folders, p.station.network,
                                                p.station.alerts, p.owner);
               }},
+    WindowRow{WindowId::RecentOptions, "frmRecentOptions", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmRecentOptions(p.station.settings, p.station.history, p.owner);
+              }},
+    WindowRow{WindowId::StatusButtonEditor, "frmStatusButtonEditor", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmStatusButtonEditor(p.station.own, p.station.admin, p.station.network,
+                                                   p.station.tones, p.station.sharedStatus, p.owner);
+              }},
+    WindowRow{WindowId::About, "frmAbout", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmAbout(p.station.folders, p.station.session, p.owner);
+              }},
 };
+static_assert(kWindows.size() == kWindowCount);
 
 constexpr bool inOrder() {
     for (std::size_t i = 0; i < kWindows.size(); ++i) {

@@ -242,7 +242,7 @@ TEST(Bars, TheTabsTellAndAreMinimisedByTheCurrentOne) {
     EXPECT_FALSE(w.ribbon.isMinimised()) << "many click twice where once is enough";
     doubleClick(2);
     EXPECT_TRUE(w.ribbon.isMinimised());
-    w.key(Qt::Key_F1, Qt::ControlModifier);
+    w.key(Qt::Key_R, Qt::ControlModifier | Qt::ShiftModifier);
     EXPECT_FALSE(w.ribbon.isMinimised());
 }
 

@@ -92,10 +92,15 @@ public:
     void startProgram(const QString& path, const QStringList& arguments) override {
         m_calls += QStringLiteral("startProgram ") + path.section(u'/', -1) + u' ' + arguments.join(u' ');
     }
-    void SetAutoStart(bool on) override { m_calls += QStringLiteral("SetAutoStart %1").arg(on ? 1 : 0); }
+    void SetAutoStart(bool on) override {
+        m_calls += QStringLiteral("SetAutoStart %1").arg(on ? 1 : 0);
+        m_autoStart = on;
+    }
+    bool autoStart() const override { return m_autoStart; }
 
 private:
     QStringList& m_calls;
+    bool m_autoStart = false;
 };
 
 // The three together, with one list of all calls in their order.

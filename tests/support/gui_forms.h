@@ -26,7 +26,9 @@ struct MemoryRegistry : WindowRegistry {
     std::optional<QSize> GetFormSize(const QString& form) const override {
         return sizes.contains(form) ? std::optional(sizes[form]) : std::nullopt;
     }
-    void SetAutoStart(const QString&, bool) override {}
+    bool autoStarts = false;
+    void SetAutoStart(const QString&, bool on) override { autoStarts = on; }
+    bool autoStart() const override { return autoStarts; }
 };
 
 // The texts of one item of the rows that a list shows, from the top.

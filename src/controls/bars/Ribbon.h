@@ -49,7 +49,7 @@ public:
     // Shows the tab's page; nothing is triggered.
     void setCurrentTab(int id);
 
-    // Shows the tabs alone, as Ctrl+F1 and a double click on the current tab do. The commands are in the
+    // Shows the tabs alone, as Ctrl+Shift+R and a double click on the current tab do. The commands are in the
     // menu at the end of the tabs then.
     bool isMinimised() const { return m_minimised; }
     void setMinimised(bool minimised);

@@ -76,6 +76,11 @@ ColorTagPicker::ColorTagPicker(const std::vector<QColor>& colors, const QString&
     grid->addWidget(none, grid->rowCount(), 0, 1, kColumns);
     grid->setColumnStretch(kColumns, 1);
     none->setChecked(true);
+    connect(m_buttons, &QButtonGroup::idToggled, this, [this](int, bool on) {
+        if (on) {
+            emit chosenChanged();
+        }
+    });
     for (QAbstractButton* const button : m_buttons->buttons()) {
         button->installEventFilter(this);
     }

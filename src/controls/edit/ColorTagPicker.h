@@ -22,6 +22,10 @@ public:
 
     bool eventFilter(QObject* button, QEvent* event) override;
 
+signals:
+    // The user chose another one.
+    void chosenChanged();
+
 private:
     QButtonGroup* m_buttons;
 };

@@ -42,14 +42,19 @@ QRect placedOnScreens(std::optional<QPoint> position, QSize wanted, const QList<
             size};
 }
 
-QList<QRect> freeScreenAreas() {
+bool isOnScreens(QPoint position, const QList<QRect>& freeAreas) {
+    return std::any_of(freeAreas.begin(), freeAreas.end(),
+                       [position](const QRect& area) { return area.contains(position); });
+}
+
+QList<QRect> freeScreenAreas(bool all) {
     QList<QRect> areas;
     const QScreen* const main = QGuiApplication::primaryScreen();
     if (main != nullptr) {
         areas += main->availableGeometry();
     }
     for (const QScreen* const screen : QGuiApplication::screens()) {
-        if (screen != main) {
+        if (all && screen != main) {
             areas += screen->availableGeometry();
         }
     }

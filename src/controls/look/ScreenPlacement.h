@@ -14,7 +14,10 @@ namespace tessel {
 // wholly inside its free area, and cut to it. Without a position: the middle of the first screen.
 QRect placedOnScreens(std::optional<QPoint> position, QSize wanted, const QList<QRect>& freeAreas);
 
-// The free areas of today's screens, the main one first.
-QList<QRect> freeScreenAreas();
+// Whether a window that was put at `position` finds the screen that it was on.
+bool isOnScreens(QPoint position, const QList<QRect>& freeAreas);
+
+// The free areas of today's screens, the main one first; `all`: false for the main one alone.
+QList<QRect> freeScreenAreas(bool all = true);
 
 } // namespace tessel

@@ -33,6 +33,14 @@ inline const QString kVirtualMarker = QStringLiteral("TSL2V");
 inline const QString kTypedCharacters =
     QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]\\{}|;':,./?&");
 
+// What can be typed into the name of a location: everything on a keyboard but what separates the values
+// of packets and lists.
+inline const QString kNameCharacters =
+    QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]{};',./?&"
+                   "\u00E4\u00F6\u00FC\u00DF\u00E0\u00E1\u00E2\u00E3\u00E5\u00E6\u00E7\u00E8\u00E9"
+                   "\u00EA\u00EB\u00EC\u00ED\u00EE\u00EF\u00F1\u00F2\u00F3\u00F4\u00F5\u00F8\u00F9"
+                   "\u00FA\u00FB\u00FD\u00FF\u0153\u0161\u017E");
+
 // Files of the data folder.
 inline const QString kUserFile = QStringLiteral("user.cfg");
 inline const QString kNetFile = QStringLiteral("net.cfg");

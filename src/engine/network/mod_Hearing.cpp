@@ -103,6 +103,7 @@ void Hearing::tellDuplicate(const cPacket& packet, quint32 source) {
     m_log.LogEvent(QStringLiteral("SID"),
                    QLatin1String("Another computer has the same SID: ") + other.host + u' ' + other.address,
                    QStringLiteral("DSID"));
+    m_duplicate = other;
     emit duplicateIdentity(other);
 }
 

@@ -8,6 +8,8 @@
 #include <QSet>
 #include <QString>
 
+#include <optional>
+
 namespace tessel {
 
 class cErrorLog;
@@ -36,6 +38,9 @@ public:
     // and joins it again, since a switch may have forgotten the membership; when the own packets do not
     // come back, restarts the network.
     void tick();
+
+    // The last one that was told of in this run.
+    const std::optional<DuplicateIdentity>& duplicate() const { return m_duplicate; }
 
     // Renews the membership where that has helped, or always if net.cfg says so.
     Timer tmrRenew;
@@ -74,6 +79,7 @@ private:
     std::int64_t m_joinedAt = -1;
     std::int64_t m_restartedAt = -1;
     std::int64_t m_duplicateAt = -1;
+    std::optional<DuplicateIdentity> m_duplicate;
     std::int64_t m_quietUntil = 0; // own packets of before may still be on their way
     bool m_joinedInVain = false;   // so far, in this silence
     QString m_shown;               // in the footer

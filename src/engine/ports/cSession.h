@@ -20,6 +20,8 @@ public:
     virtual void startProgram(const QString& path, const QStringList& arguments) = 0;
     // Switches the start of this program with the session on or off.
     virtual void SetAutoStart(bool on) = 0;
+    // Whether it is on.
+    virtual bool autoStart() const = 0;
 };
 
 } // namespace tessel

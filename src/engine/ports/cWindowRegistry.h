@@ -23,6 +23,8 @@ public:
     virtual std::optional<QSize> GetFormSize(const QString& form) const = 0;
     // Writes or deletes the entry that starts `program` with the user's session.
     virtual void SetAutoStart(const QString& program, bool on) = 0;
+    // Whether there is one that the desktop does not skip.
+    virtual bool autoStart() const = 0;
 };
 
 } // namespace tessel

@@ -3,6 +3,8 @@
 
 #include <QString>
 
+#include <cstddef>
+
 namespace tessel {
 
 // Windows that can be asked for. Each has a row in the table of windows.
@@ -15,8 +17,15 @@ enum class WindowId {
     SetStatus,
     Options,
     Notifications,
-    GlobalDoorBell
+    GlobalDoorBell,
+    RecentOptions,
+    StatusButtonEditor,
+    About
 };
+inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::About) + 1;
+
+// Page of the options that concerns messages.
+inline constexpr int kMessageOptionsPage = 4;
 
 // Which window is wanted, and what it is to show. A window reads what concerns it.
 struct WindowRequest {

@@ -7,6 +7,7 @@
 #include "engine/core/mod_INIData.h"
 #include "engine/core/mod_Limits.h"
 #include "engine/core/mod_Main.h"
+#include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
 
 #include <algorithm>
@@ -29,11 +30,6 @@ constexpr AuthorKey kAuthorKeys[] = {
     {"user", &SharedStatus::Author::user}, {"host", &SharedStatus::Author::host},
     {"id", &SharedStatus::Author::id},     {"time", &SharedStatus::Author::time},
     {"date", &SharedStatus::Author::date}, {"ver", &SharedStatus::Author::ver}};
-
-// A value of the packet: the marks around it are not part of any.
-QString unmarked(QString value) {
-    return value.replace(AuthorMark, QLatin1String(" ")).replace(ValueMark, QLatin1String(" "));
-}
 
 // An entry as it may stand in the file: a text no longer than can be typed, and a tone.
 QString usable(const QString& entry) {
@@ -119,7 +115,7 @@ int SharedStatus::SaveStatus(const std::vector<Row>& rows) {
                    m_ids.MakeMessageID()},
                   {}};
         for (std::size_t index = 0; index < rows.size() && index < list.entries.size(); ++index) {
-            QString text = unmarked(rows[index].text.trimmed());
+            QString text = FitText(rows[index].text.trimmed());
             text.replace(ListMark, QLatin1String(" "));
             if (text.size() >= kShortestLabel) {
                 list.entries[index] = usable(text + ListMark + QString::number(rows[index].tone));
@@ -159,12 +155,12 @@ void SharedStatus::SendToAllUsers() {
     const Author author = LoadAuthorInformation();
     QStringList header;
     for (const AuthorKey& row : kAuthorKeys) {
-        header += unmarked(author.*row.value);
+        header += FitText(author.*row.value);
     }
     QString entries;
     for (int index = 0; index < kUsed; ++index) {
         entries +=
-            unmarked(m_data.ReadSettingRaw(kSharedFile, kEntrySection, QString::number(index))) + AuthorMark;
+            FitText(m_data.ReadSettingRaw(kSharedFile, kEntrySection, QString::number(index))) + AuthorMark;
     }
     m_protocol.send(Code::ZS01, QString(header.join(AuthorMark) + ValueMark + entries));
 }

@@ -18,11 +18,6 @@ namespace {
 
 constexpr int kGrid = 8;
 constexpr int kLineCharacters = 58;
-// Everything on a keyboard but what separates the values of packets and lists: a name that holds one
-// of those would break each packet of this location.
-constexpr char16_t kAllowed[] = u"0123456789abcdefghijklmnopqrstuvwxyz `~!@#$%^*()-=_+[]{};',./?&"
-                                u"äöüßàáâãåæçèéêëìíîïñòóôõøùúûýÿœšž";
-
 constexpr char kNameText[] =
     "This computer has successfully installed Tessel Status. Please enter the name by which "
     "the other locations will know this one, for example Front Desk or Room 1.";
@@ -57,7 +52,7 @@ frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFil
     m_doorBell = new QCheckBox(tr("Add the &DoorBell icon"), this);
     m_doorBell->setObjectName(QStringLiteral("chkDoorBell_Nav"));
     m_doorBell->setChecked(m_station.settings.Settings_DBNAV());
-    m_name->setAllowedCharacters(QString::fromUtf16(kAllowed));
+    m_name->setAllowedCharacters(kNameCharacters);
     m_name->setMaximumLength(kLongestLocation);
     m_name->setText(m_station.storedLocationName());
     m_name->setAccessibleName(tr("Name of this location"));

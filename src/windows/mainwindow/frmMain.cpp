@@ -14,6 +14,7 @@
 #include "engine/station.h"
 #include "windows/WindowPlaces.h"
 #include "windows/clsOnTop.h"
+#include "windows/mainwindow/ShortKeyFilter.h"
 #include "windows/mainwindow/frmTray.h"
 #include "windows/mainwindow/frmViews.h"
 #include "windows/mainwindow/mod_Toolbars.h"
@@ -119,6 +120,11 @@ void frmMain::layOut() {
 }
 
 void frmMain::connectStation() {
+    auto* const keys = new ShortKeyFilter(m_station.shortKeys, this);
+    keys->watchSearch(*m_search);
+    for (const View view : {View::Home, View::Status, View::Favorites}) {
+        keys->watchList(m_views->list(view));
+    }
     Shell& shell = m_station.shell;
     connect(&shell, &Shell::clearSearchBox, m_search, &PromptEdit::clearSearch);
     connect(&shell, &Shell::viewChanged, this, &frmMain::showView);
@@ -268,9 +274,14 @@ bool frmMain::shake(QPoint offset) {
 
 void frmMain::restorePlace() {
     const QSize size = m_registry.GetFormSize(kFormName).value_or(kFirstSize).expandedTo(kLeastSize);
-    const QRect place = placedOnScreens(m_registry.GetFormPos(kFormName), size, freeScreenAreas());
+    const auto position = m_registry.GetFormPos(kFormName);
+    const QList<QRect> screens = freeScreenAreas(m_station.settings.Advanced_MultipleMonitors());
+    const QRect place = placedOnScreens(position, size, screens);
     resize(place.size());
     move(place.topLeft());
+    if (position && !isOnScreens(*position, screens)) {
+        m_lent = place.topLeft();
+    }
 }
 
 void frmMain::resetPlace() {
@@ -278,6 +289,7 @@ void frmMain::resetPlace() {
     showNormal();
     resize(place.size());
     move(place.topLeft());
+    m_lent.reset();
     savePlace();
     fitOnScreenSoon(*this);
 }
@@ -286,7 +298,10 @@ void frmMain::savePlace() {
     // What is stored is the place of the window as it is when neither maximised nor minimised.
     const bool usual = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
     const QPoint frame = geometry().topLeft() - pos();
-    m_registry.SaveFormPos(kFormName, usual ? m_rest.value_or(pos()) : normalGeometry().topLeft() - frame);
+    const QPoint place = usual ? m_rest.value_or(pos()) : normalGeometry().topLeft() - frame;
+    if (place != m_lent) {
+        m_registry.SaveFormPos(kFormName, place);
+    }
     m_registry.SaveFormSize(kFormName, usual ? size() : normalGeometry().size());
 }
 

@@ -88,6 +88,7 @@ private:
     MessageBar* m_ownBar = nullptr; // "My Status:"
     std::unique_ptr<Tray> m_tray;
     std::optional<QPoint> m_rest; // place during a shake
+    std::optional<QPoint> m_lent; // where it stands while its own screen is missing
     QTimer m_counts;
     bool m_loaded = false;
 };

@@ -10,8 +10,12 @@
 #include "windows/dialogs/restartBox.h"
 
 #include <QCloseEvent>
+#include <QFrame>
+#include <QHBoxLayout>
+#include <QLabel>
 #include <QMenuBar>
 #include <QMessageBox>
+#include <QPushButton>
 #include <QStatusBar>
 #include <QVBoxLayout>
 
@@ -78,11 +82,41 @@ frmEndpoints::frmEndpoints(Station& station)
     auto* const layout = new QVBoxLayout(centre);
     layout->setContentsMargins(kGrid, kGrid, kGrid, 0);
     layout->setSpacing(kGrid);
+    layout->addWidget(createIdentityNotice());
     layout->addWidget(m_filter);
     layout->addWidget(m_grid, 1);
     setCentralWidget(centre);
     statusBar();
     m_grid->setFocus();
+}
+
+QWidget* frmEndpoints::createIdentityNotice() {
+    auto* const notice = new QFrame(this);
+    notice->setObjectName(QStringLiteral("IdentityNotice"));
+    notice->setFrameShape(QFrame::StyledPanel);
+    m_identityText = new QLabel(notice);
+    m_identityText->setTextFormat(Qt::PlainText);
+    m_identityText->setWordWrap(true);
+    auto* const reset = new QPushButton(tr("Reset &SID…"), notice);
+    reset->setObjectName(QStringLiteral("cmdResetSID"));
+    reset->setToolTip(tr("Gives this location an identity of its own; needs a restart"));
+    connect(reset, &QPushButton::clicked, this, &frmEndpoints::askSIDReset);
+    auto* const layout = new QHBoxLayout(notice);
+    layout->addWidget(m_identityText, 1);
+    layout->addWidget(reset);
+    m_identity = notice;
+    connect(&m_station.hearing, &Hearing::duplicateIdentity, this, &frmEndpoints::showIdentityNotice);
+    showIdentityNotice();
+    return notice;
+}
+
+void frmEndpoints::showIdentityNotice() {
+    const auto& other = m_station.hearing.duplicate();
+    m_identity->setVisible(other.has_value());
+    if (other) {
+        m_identityText->setText(tr("Another computer uses this location's identity: %1 %2")
+                                    .arg(oneLine(other->host), other->address));
+    }
 }
 
 void frmEndpoints::createGrid() {

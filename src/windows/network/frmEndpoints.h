@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+class QLabel;
+
 namespace tessel {
 
 class Station;
@@ -27,11 +29,15 @@ private:
     void refreshCaption();
     void showRow(const ReportRecordPtr& record);
     void askSIDReset();
+    QWidget* createIdentityNotice();
+    void showIdentityNotice();
     void openLog();
 
     Station& m_station;
     PromptEdit* m_filter; // txtFilter
     ReportControl* m_grid;
+    QWidget* m_identity = nullptr; // shown while another computer has the own SID
+    QLabel* m_identityText = nullptr;
     double m_scale = 1; // of widths, by the size of the desktop's font
 };
 

@@ -155,7 +155,7 @@ TEST_F(Hears, TellsOnceAnHourThatAnotherHasItsIdentity) {
     EXPECT_EQ(told, 1);
     EXPECT_EQ(last.address, "192.168.1.5");
     EXPECT_EQ(loggedWith("SID ,DSID ,Another computer has the same SID: host1 192.168.1.5"), 1);
-    EXPECT_EQ(footer(), "  Another computer has this identity");
+    EXPECT_EQ(footer(), "  Another computer uses this location's identity");
     world.run(3600);
     asMe("clone", 0);
     EXPECT_EQ(told, 2);

@@ -88,3 +88,25 @@ TEST_F(HotKeysOf, RestrictedTheyAreLeftAlone) {
     EXPECT_EQ(loggedWith("HotKey"), 0);
     EXPECT_EQ(me->hotKeys.state(0), QuickHotKeys::State::Off);
 }
+
+TEST_F(HotKeysOf, TheChordOpensTheTableOfLocationsForFourSeconds) {
+    begin();
+    const auto opened = [&] { return me.desktop.calls.filter("show").size(); };
+    const auto before = opened();
+    me->shortKeys.Process_Keys(5);
+    me->shortKeys.Process_Keys(26);
+    world.clock.advance(4001);
+    me->shortKeys.Process_Keys(5);
+    EXPECT_EQ(opened(), before);
+    me->shortKeys.Process_Keys(26);
+    world.clock.advance(3000);
+    me->shortKeys.Process_Keys('x');
+    me->shortKeys.Process_Keys(5);
+    EXPECT_EQ(opened(), before + 1);
+    me->shortKeys.Process_Keys(5);
+    EXPECT_EQ(opened(), before + 1);
+    me->shortKeys.Process_ShortKeys(112 + 8);
+    EXPECT_EQ(me->own.status, "Busy 8");
+    me->shortKeys.Process_ShortKeys(112 + 9);
+    EXPECT_EQ(me->own.status, "Busy 8");
+}
