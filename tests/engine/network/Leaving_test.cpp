@@ -11,7 +11,10 @@ protected:
     void SetUp() override {
         me.addTones();
         begin();
-        hear("XAN");
+        hear({.code = "XAN", .presence = presence("Busy", "9:00:00 AM", false, {}, 34)});
+        for (const int id : {106, 107, 112, 404, 405, 406, 407, 410}) {
+            ASSERT_TRUE(me->commands.enabled(id, viewRow())) << id;
+        }
         sentCodes();
     }
     // Everything that a user may press to send an alert.
@@ -25,7 +28,7 @@ protected:
     void expectOffline() {
         me.sounds.played.clear();
         me.desktop.calls.clear();
-        for (const int id : {106, 107, 112, 404, 405, 406}) {
+        for (const int id : {106, 107, 112, 404, 405, 406, 407, 410}) {
             EXPECT_FALSE(me->commands.enabled(id, viewRow())) << id;
         }
         pressAll();
