@@ -21,6 +21,7 @@
 #include "engine/mainwindow/mod_Shell.h"
 #include "engine/network/mod_Endpoints.h"
 #include "engine/network/mod_Hearing.h"
+#include "engine/network/mod_LinkLoad.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/operations/mod_Admin.h"
@@ -111,6 +112,7 @@ public:
     Settings settings;
     Main identity;
     NetworkProtocol protocol;
+    LinkLoad linkLoad{m_link, protocol, log, m_clock};
     NetworkMC network;
     NetworkUsage usage;
     Hearing hearing;

@@ -1,5 +1,7 @@
 #include "platform/MulticastLink.h"
 
+#include "platform/DatagramReader.h"
+
 #include <QElapsedTimer>
 #include <QHostAddress>
 #include <QNetworkInterface>
@@ -15,13 +17,16 @@ namespace tessel {
 
 namespace {
 
-// The configured sizes are lower bounds: a queue of some kilobytes loses every burst. The kernel cuts
-// this down to what the user may have.
-constexpr int kWantedQueueBytes = 4 << 20;
-// After so long the windows get their turn, before the rest. A look at the clock costs a tenth of what
-// a keep-alive does, so not every datagram pays for one.
-constexpr qint64 kTurnMs = 20;
+// After so long the windows get their turn, before the rest.
+constexpr qint64 kTurnNs = 20'000'000;
+// What came meanwhile is taken in so often. A look at the clock costs a tenth of what a keep-alive does,
+// so not every datagram pays for one, unless they are slow.
+constexpr qint64 kTakeInNs = 1'000'000;
 constexpr unsigned kDatagramsALook = 8;
+// A sender as fast as this reader must not keep it reading for ever.
+constexpr int kReadingsInARow = 256;
+// What a waiting datagram costs beside its bytes.
+constexpr qsizetype kOverhead = 256;
 constexpr int kFailuresInARow = 16;
 
 bool toAddress(const QString& text, in_addr& address) {
@@ -60,7 +65,12 @@ bool hasAddress(const QNetworkInterface& interface, in_addr address) {
 
 } // namespace
 
-MulticastLink::MulticastLink() = default;
+MulticastLink::MulticastLink() : MulticastLink(Room{}) {}
+
+MulticastLink::MulticastLink(const Room& room) : m_room(room), m_reader(std::make_unique<DatagramReader>()) {
+    m_goOn.setSingleShot(true);
+    connect(&m_goOn, &QTimer::timeout, this, &MulticastLink::drain);
+}
 
 MulticastLink::~MulticastLink() {
     close();
@@ -100,8 +110,16 @@ bool MulticastLink::setUp(const LinkConfig& config) {
     if (m_socket < 0) {
         return fail("socket");
     }
-    setOption(m_socket, SOL_SOCKET, SO_RCVBUF, std::max(config.inBufferSize, kWantedQueueBytes));
-    setOption(m_socket, SOL_SOCKET, SO_SNDBUF, std::max(config.outBufferSize, kWantedQueueBytes));
+    // The configured sizes are lower bounds: a queue of some kilobytes loses every burst. Beyond what the
+    // system grants everybody, it takes a privilege.
+    const int queueBytes = std::max(config.inBufferSize, m_room.queueBytes);
+    if (!setOption(m_socket, SOL_SOCKET, SO_RCVBUFFORCE, queueBytes)) {
+        setOption(m_socket, SOL_SOCKET, SO_RCVBUF, queueBytes);
+    }
+    setOption(m_socket, SOL_SOCKET, SO_SNDBUF, std::max(config.outBufferSize, m_room.queueBytes));
+    setOption(m_socket, SOL_SOCKET, SO_RXQ_OVFL, 1);
+    m_lost = 0;
+    m_failures = 0;
     m_maxPacketSize = config.maxPacketSize;
 
     // Bound to the group, not to the own address: other groups of the same port stay unheard, and so
@@ -206,6 +224,9 @@ void MulticastLink::close() {
     }
     ::close(m_socket); // leaves the group
     m_socket = -1;
+    m_goOn.stop();
+    m_waiting.clear();
+    m_waitingBytes = 0;
 }
 
 void MulticastLink::send(QByteArrayView datagram) {
@@ -227,13 +248,13 @@ void MulticastLink::send(QByteArrayView datagram) {
     }
 }
 
-bool MulticastLink::readFailed(int number, int& failures) {
+bool MulticastLink::readFailed(int number) {
     if (number == EINTR) {
         return true;
     }
     errno = number;
     fail("receive");
-    if (++failures < kFailuresInARow && number != EBADF && number != ENOTSOCK) {
+    if (++m_failures < kFailuresInARow && number != EBADF && number != ENOTSOCK) {
         return true;
     }
     close();
@@ -242,32 +263,115 @@ bool MulticastLink::readFailed(int number, int& failures) {
     return false;
 }
 
-void MulticastLink::drain() {
-    if (m_depth == m_buffers.size()) {
-        m_buffers.push_back(std::make_unique<Buffer>());
+// Lets go what the engine can do without, once a turn: judging costs more than reading. Room for an
+// eighth comes at once, so that not every datagram behind it asks again.
+bool MulticastLink::makeRoom() {
+    if (m_sifted) {
+        return false;
     }
-    Buffer& buffer = *m_buffers[m_depth];
-    ++m_depth;
+    m_sifted = true;
+    const qsizetype wanted = m_room.bytes / 8;
+    std::vector<bool> goes;
+    if (m_sieve) {
+        std::vector<QByteArrayView> views;
+        views.reserve(m_waiting.size());
+        for (const Waiting& waiting : m_waiting) {
+            views.emplace_back(waiting.bytes);
+        }
+        goes = m_sieve(views, wanted);
+    }
+    goes.resize(m_waiting.size());
+    qsizetype freed = 0;
+    for (std::size_t i = 0; i < goes.size(); ++i) {
+        freed += goes[i] ? m_waiting[i].bytes.size() + kOverhead : 0;
+    }
+    for (std::size_t i = 0; i < goes.size() && freed < wanted; ++i) {
+        freed += goes[i] ? 0 : m_waiting[i].bytes.size() + kOverhead;
+        goes[i] = true;
+    }
+    int count = 0;
+    qint64 bytes = 0;
+    std::size_t kept = 0;
+    for (std::size_t i = 0; i < goes.size(); ++i) {
+        if (goes[i]) {
+            ++count;
+            bytes += m_waiting[i].bytes.size();
+        } else {
+            m_waiting[kept++] = std::move(m_waiting[i]);
+        }
+    }
+    m_waiting.erase(m_waiting.begin() + static_cast<std::ptrdiff_t>(kept), m_waiting.end());
+    m_waitingBytes -= freed;
+    emit letGo(count, bytes);
+    return true;
+}
+
+void MulticastLink::takeIn() {
+    for (int reading = 0; reading < kReadingsInARow && m_socket >= 0; ++reading) {
+        if (m_waitingBytes >= m_room.bytes && !makeRoom()) {
+            return;
+        }
+        const int count = m_reader->read(m_socket);
+        if (count < 0) {
+            if (errno == EAGAIN || errno == EWOULDBLOCK || !readFailed(errno)) {
+                return;
+            }
+            continue;
+        }
+        m_failures = 0;
+        quint32 lostNow = m_lost;
+        for (int i = 0; i < count; ++i) {
+            const QByteArrayView bytes = m_reader->bytes(i);
+            m_waiting.push_back({bytes.toByteArray(), m_reader->source(i)});
+            m_waitingBytes += bytes.size() + kOverhead;
+            lostNow = m_reader->lost(i, lostNow);
+        }
+        if (lostNow != m_lost) {
+            const quint32 more = lostNow - m_lost; // the system's count begins anew after its largest
+            m_lost = lostNow;
+            emit lost(more);
+        }
+        if (count < DatagramReader::kMost && !m_reader->oneByOne()) {
+            return;
+        }
+    }
+}
+
+// A handler may close the link, open it anew, or wait, in which case the next drain comes in between.
+void MulticastLink::drain() {
     const int socket = m_socket;
-    int failures = 0;
+    if (socket < 0) {
+        return;
+    }
+    m_sifted = false;
+    takeIn();
     QElapsedTimer turn;
     turn.start();
-    for (unsigned count = 1; m_socket == socket && socket >= 0; ++count) {
-        if (count % kDatagramsALook == 0 && turn.hasExpired(kTurnMs)) {
+    qint64 looked = 0;
+    qint64 taken = 0;
+    unsigned untilLook = 1;
+    while (m_socket == socket && !m_waiting.empty()) {
+        const Waiting next = std::move(m_waiting.front());
+        m_waiting.pop_front();
+        m_waitingBytes -= next.bytes.size() + kOverhead;
+        emit dataIn(next.bytes, next.source);
+        if (--untilLook > 0 && !m_waiting.empty()) {
+            continue;
+        }
+        const qint64 now = turn.nsecsElapsed();
+        untilLook = now - looked > kTakeInNs / 4 ? 1 : kDatagramsALook;
+        looked = now;
+        if (now >= kTurnNs) {
             break;
         }
-        sockaddr_in from{};
-        socklen_t fromSize = sizeof from;
-        const ssize_t size = ::recvfrom(socket, buffer.data(), buffer.size(), 0,
-                                        reinterpret_cast<sockaddr*>(&from), &fromSize);
-        if (size >= 0) {
-            failures = 0;
-            emit dataIn(QByteArrayView(buffer.data(), size), ntohl(from.sin_addr.s_addr));
-        } else if (errno == EAGAIN || errno == EWOULDBLOCK || !readFailed(errno, failures)) {
-            break;
+        if (m_socket == socket && (now - taken >= kTakeInNs || m_waiting.empty())) {
+            taken = now;
+            takeIn();
         }
     }
-    --m_depth;
+    if (m_socket >= 0 && !m_waiting.empty()) {
+        m_goOn.start(0);
+    }
 }
 
 std::vector<Adapter> MulticastLink::adapters() const {

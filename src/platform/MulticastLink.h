@@ -5,22 +5,34 @@
 
 #include "platform/InterfaceWatch.h"
 
+#include <QByteArray>
 #include <QElapsedTimer>
 #include <QSet>
 #include <QSocketNotifier>
+#include <QTimer>
 
 #include <netinet/in.h>
 
-#include <array>
+#include <deque>
 #include <memory>
-#include <vector>
 
 namespace tessel {
 
+class DatagramReader;
+
+// What has arrived waits in own memory until it is handled, so that slow handlers do not fill the
+// system's queue: that one is small and gives up whatever comes next.
 class MulticastLink : public Link {
     Q_OBJECT
 public:
+    // What may wait. The queue is asked of the system, which may grant less.
+    struct Room {
+        int queueBytes = 4 << 20;
+        qsizetype bytes = 8 << 20;
+    };
+
     MulticastLink();
+    explicit MulticastLink(const Room& room);
     ~MulticastLink() override;
 
     bool open(const LinkConfig& config) override;
@@ -36,7 +48,10 @@ public:
     int receiveQueueBytes() const;
 
 private:
-    using Buffer = std::array<char, 65536>;
+    struct Waiting {
+        QByteArray bytes;
+        quint32 source;
+    };
 
     bool setUp(const LinkConfig& config);
     bool join(const LinkConfig& config);
@@ -44,16 +59,24 @@ private:
     bool chooseSendInterface(const LinkConfig& config);
     bool fail(const char* step);
     void drain();
+    // Takes in all that the system has, if there is room.
+    void takeIn();
+    bool makeRoom();
     // False when the socket is beyond use.
-    bool readFailed(int number, int& failures);
+    bool readFailed(int number);
 
     int m_socket = -1;
     int m_maxPacketSize = 0;
     sockaddr_in m_to{};
     std::unique_ptr<QSocketNotifier> m_notifier;
-    // One buffer for each drain under way: a handler that waits lets the next drain in.
-    std::vector<std::unique_ptr<Buffer>> m_buffers;
-    std::size_t m_depth = 0;
+    Room m_room;
+    std::unique_ptr<DatagramReader> m_reader;
+    std::deque<Waiting> m_waiting; // a handler that waits lets the next drain take from it, in order
+    qsizetype m_waitingBytes = 0;
+    bool m_sifted = false; // in this turn already
+    int m_failures = 0;
+    quint32 m_lost = 0; // what the system gave up since the socket was made, as last told
+    QTimer m_goOn;
     mutable QSet<quint32> m_ownAddresses; // as last read
     mutable QElapsedTimer m_ownAddressesRead;
     // Made by the first `open`: what happened before is seen by it.

@@ -31,7 +31,12 @@ LinkConfig configOf(int group) {
 
 // A link that keeps what it hears.
 struct Listener {
-    Listener() {
+    explicit Listener(const MulticastLink::Room& room = {}) : link(room) {
+        QObject::connect(&link, &Link::letGo, &link, [this](int datagrams, qint64 bytes) {
+            letGo += datagrams;
+            letGoBytes += bytes;
+        });
+        QObject::connect(&link, &Link::lost, &link, [this](quint32 datagrams) { lost += datagrams; });
         QObject::connect(&link, &Link::dataIn, &link, [this](QByteArrayView datagram, quint32 source) {
             heard.push_back(datagram.toByteArray());
             lastSource = source;
@@ -47,6 +52,9 @@ struct Listener {
     std::vector<QByteArray> heard;
     std::vector<int> errors;
     quint32 lastSource = 0;
+    int letGo = 0;
+    qint64 letGoBytes = 0;
+    quint32 lost = 0;
     std::function<void(QByteArrayView)> onData;
 };
 
@@ -195,6 +203,71 @@ TEST_F(MulticastLinkTest, ABurstComesWholeAndInOrder) {
     for (int i = 0; i < burst; ++i) {
         ASSERT_EQ(one.heard[static_cast<std::size_t>(i)].trimmed().toInt(), i);
     }
+}
+
+// A small queue of the system's, and handlers that are slow: what comes meanwhile waits in own memory.
+TEST_F(MulticastLinkTest, WhatComesWhileAHandlerIsSlowIsTakenInFirst) {
+    Listener one({.queueBytes = 64 << 10, .bytes = 8 << 20});
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    constexpr int kMessages = 600; // three times what the queue holds
+    int sent = 0;
+    one.onData = [&](QByteArrayView) {
+        for (int i = 0; i < 20 && sent < kMessages; ++i) {
+            one.link.send(QByteArray::number(sent++).leftJustified(300));
+        }
+        ::usleep(1000);
+    };
+    one.link.send("first");
+    ASSERT_TRUE(waitUntil([&] { return one.heard.size() == kMessages + 1U; })) << one.heard.size();
+    EXPECT_EQ(one.lost, 0U);
+    for (int i = 0; i < kMessages; ++i) {
+        ASSERT_EQ(one.heard[static_cast<std::size_t>(i) + 1].trimmed().toInt(), i);
+    }
+}
+
+// Without room the engine says what goes. Nothing goes uncounted.
+TEST_F(MulticastLinkTest, WithoutRoomTheSieveDecidesAndAllIsCounted) {
+    Listener one({.queueBytes = 4 << 20, .bytes = 100'000});
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    one.link.setSieve([](const std::vector<QByteArrayView>& waiting, qsizetype) {
+        std::vector<bool> goes;
+        for (const QByteArrayView datagram : waiting) {
+            goes.push_back(datagram.startsWith('k'));
+        }
+        return goes;
+    });
+    qint64 bytes = 0;
+    constexpr int kAll = 1000;
+    for (int i = 0; i < kAll; ++i) {
+        const QByteArray datagram = (i % 5 == 0 ? "alert " : "k ") + QByteArray::number(i).leftJustified(200);
+        bytes += datagram.size();
+        one.link.send(datagram);
+    }
+    ASSERT_TRUE(waitUntil([&] { return one.heard.size() + static_cast<std::size_t>(one.letGo) == kAll; }));
+    EXPECT_GT(one.letGo, 100);
+    int alerts = 0;
+    int last = -1;
+    for (const QByteArray& datagram : one.heard) {
+        bytes -= datagram.size();
+        alerts += datagram.startsWith('a') ? 1 : 0;
+        const int number = datagram.trimmed().split(' ').last().toInt();
+        EXPECT_GT(number, last) << "out of order";
+        last = number;
+    }
+    EXPECT_EQ(alerts, kAll / 5);
+    EXPECT_EQ(bytes, one.letGoBytes);
+}
+
+TEST_F(MulticastLinkTest, WhatTheSystemGivesUpIsTold) {
+    Listener one({.queueBytes = 8 << 10, .bytes = 8 << 20});
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    for (int i = 0; i < 500; ++i) {
+        one.link.send(QByteArray(300, 'x'));
+    }
+    letPass();
+    one.link.send("behind them"); // tells of those before it
+    ASSERT_TRUE(waitUntil([&] { return one.heard.size() + one.lost == 501; })) << one.heard.size();
+    EXPECT_GT(one.lost, 0U);
 }
 
 // Slow handlers must not keep the windows and timers from their turn until all is drained.

@@ -107,6 +107,37 @@ constexpr const CatalogueRow& rowOf(Code code) {
     return kCatalogue[indexOf(code)];
 }
 
+// What the loss of a packet would cost, when more come than can be handled.
+enum class Importance : std::uint8_t {
+    Routine,  // the next one says the same
+    Presence, // a state or an order that is not repeated
+    Alert,    // somebody waits: alerts and messages
+    Urgent
+};
+
+constexpr Importance importanceOf(Code code) {
+    switch (code) {
+    case Code::XRKA:
+    case Code::XAN:
+    case Code::XANR:
+        return Importance::Routine;
+    case Code::XAUM:
+    case Code::XAUMT:
+        return Importance::Urgent;
+    case Code::XAD0:
+    case Code::XAD1:
+    case Code::XAD1T:
+    case Code::XAP:
+    case Code::XAPT:
+    case Code::XATM:
+    case Code::XATE:
+    case Code::XATG:
+        return Importance::Alert;
+    default:
+        return Importance::Presence;
+    }
+}
+
 namespace catalogue_check {
 // A name as a number, so that one comparison settles it; names have at most 8 characters.
 constexpr std::uint64_t packed(std::string_view name) {

@@ -142,6 +142,27 @@ void NetworkProtocol::DispatchPacket(QByteArrayView text, quint32 source) {
     }
 }
 
+NetworkProtocol::Weight NetworkProtocol::weigh(QByteArrayView datagram) const {
+    Weight heaviest;
+    splitDatagram(datagram, [&](QByteArrayView piece) {
+        const auto packet = cPacket::parse(piece, m_settings.ENCODE());
+        const CatalogueRow* const row = packet.has_value() ? findRow(packet->bytes(Field::Code)) : nullptr;
+        if (row == nullptr || !passes(row->filter, *packet)) {
+            return;
+        }
+        const Importance importance = importanceOf(row->code);
+        const bool known = !m_tables.empty() && m_tables.front()->find(packet->text(Field::SID)) != nullptr;
+        // Of the unknown: 1 routine, 3 presence, 5 alerts, 6 urgent ones; of the known: 2, 4, 7, 8.
+        const auto step = static_cast<std::size_t>(importance);
+        const std::size_t weight =
+            importance >= Importance::Alert ? step + (known ? 5U : 3U) : 2 * step + (known ? 2U : 1U);
+        if (weight > heaviest.importance) {
+            heaviest = {weight, qHash(packet->bytes(Field::SID))};
+        }
+    });
+    return heaviest;
+}
+
 bool NetworkProtocol::passes(Filter filter, const cPacket& packet) const {
     if (filter == Filter::OwnToo) {
         return true;

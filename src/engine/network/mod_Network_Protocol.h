@@ -60,6 +60,18 @@ public:
     void AddBytesSent(QByteArrayView packet) { m_bytesSent += static_cast<double>(packet.size()); }
     void AddBytesReceived(QByteArrayView packet) { m_bytesReceived += static_cast<double>(packet.size()); }
 
+    // Packet text that arrived and was not handled.
+    void countReceived(double characters) { m_bytesReceived += characters; }
+
+    // How much a datagram matters here, from 0: it would do nothing. Above that, alerts and messages
+    // matter more than all else, and what known locations send more than the same of unknown ones.
+    struct Weight {
+        std::size_t importance = 0; // below `kWeights`
+        std::size_t sender = 0;     // the same number for the same location
+    };
+    static constexpr std::size_t kWeights = 9;
+    Weight weigh(QByteArrayView datagram) const;
+
     // Packets of this run. A received one is counted when its code is known and its filter let it
     // pass, whether a handler is attached or not.
     std::uint64_t packetsSent() const { return m_packetsSent; }

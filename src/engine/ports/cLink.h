@@ -5,6 +5,7 @@
 #include <QObject>
 #include <QString>
 
+#include <functional>
 #include <vector>
 
 namespace tessel {
@@ -24,6 +25,10 @@ struct LinkConfig {
     QString remoteHost; // to send to
     int timeToLive = 1;
 };
+
+// Says which of the waiting datagrams a link without room lets go, a flag for each. At least `bytes` of
+// them, in all, must go.
+using Sieve = std::function<std::vector<bool>(const std::vector<QByteArrayView>& waiting, qsizetype bytes)>;
 
 struct Adapter {
     QString name;
@@ -52,15 +57,25 @@ public:
     virtual std::vector<Adapter> adapters() const = 0;
     // Whether an IPv4 address, as a number, is one of this machine's.
     virtual bool isOwnAddress(quint32 address) const = 0;
+    // Asked when datagrams come faster than they are handled, for so long that there is no more room.
+    // Without one the oldest go.
+    void setSieve(Sieve sieve) { m_sieve = std::move(sieve); }
 
 signals:
     // A datagram arrived. The bytes hold until the slot returns, also if it waits. `source`: the IPv4
     // address that it came from as a number, 0 when that is not known.
     void dataIn(QByteArrayView datagram, quint32 source = 0);
+    // Datagrams that arrived and were given up for want of room, and their bytes.
+    void letGo(int datagrams, qint64 bytes);
+    // So many datagrams the system gave up before they could be read.
+    void lost(quint32 datagrams);
     // A failure of the open socket. It may have closed itself: see `isActive`.
     void error(int number, const QString& description);
     // Interfaces, their addresses or routes are not as they were. May come many times for one change.
     void interfacesChanged();
+
+protected:
+    Sieve m_sieve;
 };
 
 } // namespace tessel
