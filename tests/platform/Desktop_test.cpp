@@ -1,12 +1,16 @@
 #include "platform/Facts.h"
 #include "platform/Registry.h"
 #include "platform/Signals.h"
+#include "support/full_disk.h"
 #include "waiting.h"
 
 #include <gtest/gtest.h>
 
 #include <QDir>
 #include <QFile>
+#include <QPoint>
+#include <QSettings>
+#include <QSize>
 #include <QStandardPaths>
 
 #include <csignal>
@@ -39,6 +43,14 @@ TEST(Registry, PlacesAndSizesComeBackAndNonsenseIsNone) {
     const QDir config(qEnvironmentVariable("XDG_CONFIG_HOME") + QStringLiteral("/TesselStatus"));
     const QStringList files = config.entryList(QDir::Files);
     ASSERT_EQ(files.size(), 1) << "the settings are not below the user's own folder";
+    {
+        const FullDisk full;
+        registry.SaveFormPos(QStringLiteral("frmMain"), {1, 1});
+        EXPECT_EQ(Registry().GetFormSize(QStringLiteral("frmMain")), QSize(640, 480)) << "emptied";
+    }
+    QSettings desktop(QSettings::NativeFormat, QSettings::UserScope, QStringLiteral("TesselStatus"),
+                      QStringLiteral("TesselStatus"));
+    EXPECT_EQ(desktop.value(QStringLiteral("frmMain/Position")).toPoint(), QPoint(-1200, 35));
     QFile file(config.filePath(files.first()));
     ASSERT_TRUE(file.open(QIODevice::WriteOnly | QIODevice::Truncate));
     file.write("[frmMain]\nPosition=somewhere\nSize=@Size(x y)\n");
