@@ -23,7 +23,7 @@ constexpr char kWriting[] = "Writing";
 constexpr char kInbox[] = "Inbox";
 constexpr char kSounds[] = "Sounds";
 constexpr char kHistory[] = "Notification history";
-constexpr char kCards[] = "Colours of the notifications";
+constexpr char kCards[] = "Colors of the notifications";
 constexpr char kNetwork[] = "Packets";
 constexpr char kScreens[] = "Screens";
 constexpr char kSupport[] = "Support";
@@ -93,7 +93,7 @@ const OptionRow kRows[] = {
      "The tone and the bar of the alert come in any case", &S::Settings_UNP, 0, 0, "", false, nullptr,
      "notify"},
     {Page::Notices, kAlerts, "updAlertBar", Kind::Number, "Keep the bar of an alert for",
-     "The coloured bar in the main window, unless you close it before", &S::Settings_ABPT, 1, kDayMinutes,
+     "The colored bar in the main window, unless you close it before", &S::Settings_ABPT, 1, kDayMinutes,
      " minutes", false, nullptr, "time"},
     {Page::Notices, kAlerts, "chkShake", Kind::Check, "Shake the main window on every alert",
      "For a screen that is watched from afar", &S::Settings_DBB, 0, 0, "", false, nullptr, "move"},

@@ -138,7 +138,7 @@ QWidget* QuickStatusPage::makeSlots() {
             makeHotKey(slot);
             grid->addWidget(row.hotKey, line, kHotKey);
             grid->addWidget(row.notice, line + 1, kMessage, 1, kClear);
-            auto* const link = new QPushButton(tr("Desktop shortcut"), table);
+            auto* const link = new QPushButton(tr("Shortcut"), table);
             link->setObjectName(QStringLiteral("cmdShortcut%1").arg(slot));
             link->setAutoDefault(false);
             link->setToolTip(tr("Puts a link on your desktop that sets this status"));
