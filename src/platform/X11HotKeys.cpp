@@ -5,6 +5,7 @@
 
 #include <algorithm>
 #include <cstdlib>
+#include <utility>
 
 namespace tessel {
 
@@ -122,8 +123,7 @@ void X11HotKeys::readModifiers() {
     }
 }
 
-// All or nothing: a key that comes only while Caps Lock is off would look broken at random.
-bool X11HotKeys::grab(Held& held) {
+void X11HotKeys::locate(Held& held) const {
     held.mask = held.modifier == kModControl ? std::uint16_t{XCB_MOD_MASK_CONTROL}
                 : held.modifier == kModShift ? std::uint16_t{XCB_MOD_MASK_SHIFT}
                                              : m_alt;
@@ -132,6 +132,10 @@ bool X11HotKeys::grab(Held& held) {
     for (const xcb_keycode_t* code = codes.get(); code != nullptr && *code != XCB_NO_SYMBOL; ++code) {
         held.codes.push_back(*code);
     }
+}
+
+// All or nothing: a key that comes only while Caps Lock is off would look broken at random.
+bool X11HotKeys::grab(const Held& held) {
     std::vector<xcb_void_cookie_t> asked;
     for (const std::uint8_t code : held.codes) {
         for (const std::uint16_t lock : m_locks) {
@@ -170,6 +174,7 @@ bool X11HotKeys::RegisterHotKey(int id, int modifier, int key, const QString& /*
         }
     }
     Held wanted{modifier, key, 0, {}};
+    locate(wanted);
     const bool grabbed = !m_held.contains(id) && grab(wanted);
     if (grabbed) {
         m_held.emplace(id, std::move(wanted));
@@ -252,20 +257,33 @@ void X11HotKeys::keyUp(const xcb_key_press_event_t& event) {
     }
 }
 
-// Another keyboard or layout: the keys lie elsewhere now.
+// Another keyboard or layout: the keys may lie elsewhere now. Most often they do not, and then nothing is let
+// go of: the key may be on its way just now, since the server tells of a keyboard by its first key.
 void X11HotKeys::keyboardChanged() {
-    std::map<int, Held> before;
-    before.swap(m_held);
-    for (const auto& [id, held] : before) {
+    const std::vector<std::uint16_t> locks = m_locks;
+    readModifiers();
+    std::map<int, Held> now = m_held;
+    bool same = locks == m_locks;
+    for (auto& [id, held] : now) {
+        locate(held);
+        const Held& before = m_held.at(id);
+        same = same && held.mask == before.mask && held.codes == before.codes;
+    }
+    if (same) {
+        return;
+    }
+    const std::vector<std::uint16_t> today = std::exchange(m_locks, locks);
+    for (const auto& [id, held] : m_held) {
         ungrab(held);
     }
-    readModifiers();
-    for (auto& [id, held] : before) {
+    m_locks = today;
+    m_held.clear();
+    for (const auto& [id, held] : now) {
         if (grab(held)) {
-            m_held.emplace(id, std::move(held));
+            m_held.emplace(id, held);
         }
     }
-    if (m_held.size() != before.size()) {
+    if (m_held.size() != now.size()) {
         emit changed();
     }
 }

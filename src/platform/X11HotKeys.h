@@ -41,7 +41,9 @@ private:
     void disconnectScreen();
     void readModifiers();
     std::uint16_t modifierOf(std::uint32_t symbol) const;
-    bool grab(Held& held);
+    // Finds where the key lies on today's keyboard.
+    void locate(Held& held) const;
+    bool grab(const Held& held);
     void ungrab(const Held& held);
     void readEvents();
     void keyDown(const xcb_key_press_event_t& event);
