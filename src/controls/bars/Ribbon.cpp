@@ -18,7 +18,6 @@
 #include <QToolButton>
 
 #include <algorithm>
-#include <ranges>
 
 namespace tessel {
 
@@ -363,10 +362,9 @@ void Ribbon::fit() {
     };
     bool hidden = false;
     for (const GroupForm form : {GroupForm::Small, GroupForm::Icons, GroupForm::Hidden}) {
-        for (RibbonGroupBox* const group : std::views::reverse(shown)) {
-            if (!over()) {
-                break;
-            }
+        // The last group gives way first.
+        for (auto last = shown.rbegin(); last != shown.rend() && over(); ++last) {
+            RibbonGroupBox* const group = *last;
             // A single button is narrower with its icon above the caption than beside it.
             const GroupForm before = group->form();
             const int room = group->room();

@@ -189,6 +189,7 @@ void frmOptions::addLocation(OptionPage& to) {
     name->setReadOnly(locked || Admin::restricted(m_station.admin.UserName));
 
     std::vector<QColor> colors;
+    colors.reserve(kTagColors.size());
     for (const Argb color : kTagColors) {
         colors.emplace_back(QRgb(color));
     }
