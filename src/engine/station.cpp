@@ -55,9 +55,14 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       popups(own, settings, data, m_clock, ports.popups),
       notices(own, settings, favorites, popups, tones),
       alertBar(settings, m_clock),
-      history(settings, folders, m_clock, views),
+      history(settings, folders, log, m_clock, views),
+      groups(ini, folders),
+      snippets(folders),
       alerts(settings, m_clock, protocol, network, popups, alertBar, tones, history, windows, ports.popups),
       messages(own, settings, log, m_clock, protocol),
+      inbox(settings, folders, log, m_clock, popups),
+      compose(own, settings, m_clock, protocol, endpoints, identity, history, tones),
+      reply(own, views, compose, inbox),
       footer(own, m_clock),
       shell(settings, views, m_clock),
       updates(own, folders, admin, m_clock, session),
@@ -80,6 +85,7 @@ void Station::wire() {
     connect(&network, &NetworkMC::footer, &footer, &Footer::SetFooter);
     ini.written = [this](const QString& path, bool stored) { saver.note(path, stored); };
     connect(&history, &NotificationHistory::saved, &saver, &cSaver::note);
+    connect(&inbox, &Inbox::saved, &saver, &cSaver::note);
     connect(&saver, &cSaver::tryAgain, this, [this] { ini.tryAgain(); });
     connect(&saver, &cSaver::notice, this,
             [this](const QString& text) { m_popupDisplay.Set_TrayPopup(kProductName, text); });
@@ -129,7 +135,19 @@ void Station::wire() {
     connect(&popups, &Popups::openMessageOptions, this, [this] {
         windows.show({.window = WindowId::Options, .page = kMessageOptionsPage});
     });
+    connect(&popups, &Popups::openMessage, &inbox, &Inbox::GetMessageFromPopup);
     connect(&messages, &Messages::arrived, this, &Station::messageArrived);
+    connect(&inbox, &Inbox::opened, &reply,
+            [this](const ReceivedMessage& message) { reply.LoadMessage(message, false); });
+    connect(&history, &NotificationHistory::openMessage, &reply, [this](const HistoryMessage& message) {
+        reply.LoadMessage({QString::number(message.type), message.everyone, message.MessageID, message.name,
+                           message.SID, message.body, message.time, message.date},
+                          true);
+    });
+    connect(&alerts, &AlertEngine::quickMessage, this,
+            [this](const AlertTarget& target, const QString& text, bool toGroup) {
+                compose.CreateMessage(target, text, toGroup);
+            });
 }
 
 // Orders that concern the station as a whole.
@@ -176,6 +194,8 @@ void Station::start() {
 void Station::loadMain() {
     sharedStatus.LoadSharedStatus();
     status.LoadStatusSettings();
+    groups.LoadMessageGroups();
+    snippets.LoadSnippets();
     tones.LoadToneList();
     shell.tmrTime.setEnabled(true);
     updates.tmrUpdates.setEnabled(settings.Settings_UPD());
@@ -184,6 +204,7 @@ void Station::loadMain() {
 }
 
 void Station::messageArrived(const ReceivedMessage& message) {
+    inbox.Add_Message(message);
     if (settings.Recents_MSG()) {
         history.AddMessage({message.kind == u"1" ? 1 : 0, MessageLog::Received, message.everyone,
                             message.MessageID, message.location, message.SID, message.text, message.time,
@@ -199,6 +220,7 @@ void Station::messageArrived(const ReceivedMessage& message) {
 
 void Station::mainLoaded() {
     hotKeys.LoadHotKeys();
+    inbox.Loadinbox();
     history.LoadRecents();
     if (const QString trouble = tones.trouble(); !trouble.isEmpty()) {
         log.LogEvent(QStringLiteral("Sound"), trouble, QString());
@@ -292,6 +314,7 @@ void Station::disableTimers() {
         timer->setEnabled(false);
     }
     alertBar.tstmrAlertOff.setEnabled(false);
+    inbox.tmrSaveInbox.setEnabled(false);
 }
 
 void Station::ExitProc() {
@@ -302,6 +325,9 @@ void Station::ExitProc() {
     m_ended = true;
     windows.saveMainPlace();
     own.exiting = true;
+    if (inbox.dirty()) {
+        inbox.Saveinbox();
+    }
     if (network.protocol() == 0) {
         network.Network_Stop();
     }

@@ -3,9 +3,14 @@
 
 #include "engine/alerts/mod_AlertBar.h"
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Compose.h"
+#include "engine/alerts/mod_Groups.h"
+#include "engine/alerts/mod_Inbox.h"
 #include "engine/alerts/mod_Messages.h"
 #include "engine/alerts/mod_NotificationHistory.h"
 #include "engine/alerts/mod_Popups.h"
+#include "engine/alerts/mod_Reply.h"
+#include "engine/alerts/mod_Snippets.h"
 #include "engine/alerts/mod_StatusNotices.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/cErrorLog.h"
@@ -131,8 +136,13 @@ public:
     StatusNotices notices;
     AlertBar alertBar;
     NotificationHistory history;
+    Groups groups;
+    Snippets snippets;
     AlertEngine alerts;
     Messages messages;
+    Inbox inbox;
+    Compose compose;
+    Reply reply;
     Footer footer;
     Shell shell;
     Updates updates;

@@ -45,7 +45,7 @@ constexpr std::array kWindows{
               }},
     WindowRow{WindowId::GlobalDoorBell, "frmGlobalDoorBell", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {
-                  return new frmGlobalDoorBell(p.station.own, p.station.folders, p.station.network,
+                  return new frmGlobalDoorBell(p.station.own, p.station.snippets, p.station.network,
                                                p.station.alerts, p.owner);
               }},
     WindowRow{WindowId::RecentOptions, "frmRecentOptions", Life::Dialog,

@@ -30,6 +30,7 @@ enum class QuickAlert { Message = 402, DoorBell = 404, PhoneCall = 405, Urgent =
 struct AlertTarget {
     QString SID;
     int groupTag = 0; // to which a text with the group's prefix goes
+    QString name{};
 };
 
 class AlertEngine : public QObject {

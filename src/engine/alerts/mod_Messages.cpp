@@ -17,12 +17,12 @@ Messages::Messages(const OwnState& own, const Settings& settings, cErrorLog& log
         ProcessMessage(packet.bodyText(), packet.text(Field::SID), packet.text(Field::Location));
     });
     protocol.attach(Code::XATE, [this](const cPacket& packet) {
-        ProcessMessageEveryone(packet.bodyText(), packet.text(Field::SID), packet.text(Field::Location));
+        ProcessMessageAll(packet.bodyText(), packet.text(Field::SID), packet.text(Field::Location));
     });
     protocol.attach(Code::XATG, [this](const cPacket& packet) {
         // Cut at the mark wherever it stands: a text that holds it ends there.
-        ProcessMessageEveryone(packet.bodyText().section(ListMark, 1, 1), packet.text(Field::SID),
-                               packet.text(Field::Location));
+        ProcessMessageAll(packet.bodyText().section(ListMark, 1, 1), packet.text(Field::SID),
+                          packet.text(Field::Location));
     });
 }
 
@@ -30,7 +30,7 @@ void Messages::ProcessMessage(const QString& body, const QString& SID, const QSt
     process(m_listed, body, SID, location);
 }
 
-void Messages::ProcessMessageEveryone(const QString& body, const QString& SID, const QString& location) {
+void Messages::ProcessMessageAll(const QString& body, const QString& SID, const QString& location) {
     process(m_everyone, body, SID, location);
 }
 

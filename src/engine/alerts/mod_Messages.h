@@ -32,7 +32,7 @@ public:
 
     // `body`: kind, recipients, message id and text, joined by `ValueMark`.
     void ProcessMessage(const QString& body, const QString& SID, const QString& location);
-    void ProcessMessageEveryone(const QString& body, const QString& SID, const QString& location);
+    void ProcessMessageAll(const QString& body, const QString& SID, const QString& location);
 
 signals:
     void arrived(const ReceivedMessage& message);

@@ -1,14 +1,12 @@
 #include "engine/alerts/mod_NotificationHistory.h"
 
+#include "engine/alerts/mod_MessageCard.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_QuotedRecords.h"
 #include "engine/core/mod_Settings.h"
-#include "engine/core/mod_TimeText.h"
 #include "engine/presence/mod_LocationViews.h"
-
-#include <QLocale>
 
 #include <algorithm>
 #include <utility>
@@ -22,12 +20,9 @@ constexpr qint64 kMaxFileBytes = 32 << 20; // more than the entries below can co
 constexpr int kMaxEntries = 20000;
 // Characters of all records together: a flood of long messages pushes the oldest entries out earlier.
 constexpr qsizetype kMaxCharacters = 16 << 20;
-constexpr int kLongestPreview = 150;
 constexpr int kLongestText = 8000;
 // Entries that follow each other closely put the save off, but not for ever.
 constexpr std::int64_t kLongestUnsavedMs = 5 * 60 * 1000;
-constexpr int kMessageIcon = 9;
-constexpr int kReplyIcon = 61;
 
 enum EventValue { EvKind, EvCode, EvWord, EvLocation, EvText, EvTime, EvDate, EvSID, EvCount };
 enum MessageValue { MsKind, MsType, MsLog, MsEveryone, MsID, MsName, MsSID, MsBody, MsTime, MsDate, MsCount };
@@ -81,28 +76,8 @@ bool isOccupancyKind(HistoryCode code) {
     return code == HistoryCode::Occupied || code == HistoryCode::Open;
 }
 
-// The values of a record are told apart by a mark that a text from the network may hold too, or begin
-// at its end.
-QString joined(QStringList values) {
-    const QStringView beginOfMark = QStringView(ValueMark).chopped(1);
-    for (QString& value : values) {
-        if (value.contains(ValueMark)) {
-            value.replace(ValueMark, QLatin1String(" "));
-        }
-        if (value.endsWith(beginOfMark)) {
-            value += u' ';
-        }
-    }
-    return values.join(ValueMark);
-}
-
 qsizetype charactersOf(const ReportRecord& record) {
     return item(record, CardItem::Record).text.size();
-}
-
-QString preview(const QString& body) {
-    const QString first = body.section(ListMark, 0, 0);
-    return first.size() > kLongestPreview ? first.left(kLongestPreview) + QLatin1String("...") : first;
 }
 
 struct Heading {
@@ -112,14 +87,9 @@ struct Heading {
 };
 
 Heading headingOf(const HistoryMessage& message) {
-    constexpr Argb kPurple = argb(128, 0, 128);
-    constexpr Argb kDarkGreen = argb(0, 128, 0);
     const bool toSeveral = message.log == MessageLog::SentToSeveral;
     if (message.log == MessageLog::ReplySent) {
         return {QStringLiteral("Reply to "), message.name, kBlue};
-    }
-    if (message.type == 1) {
-        return {QStringLiteral("Reply from "), message.name, kBlue};
     }
     if (toSeveral) {
         return {message.everyone ? QStringLiteral("Sent to Everyone") : QStringLiteral("Sent to Multiple "),
@@ -129,25 +99,30 @@ Heading headingOf(const HistoryMessage& message) {
     if (message.log == MessageLog::SentToOne) {
         return {QStringLiteral("Sent to "), message.name, kPurple};
     }
-    return message.everyone ? Heading{QStringLiteral("Everyone from "), message.name, kDarkGreen}
-                            : Heading{QStringLiteral("From "), message.name, kPurple};
+    const MessageHeading received = ReceivedHeading(QString::number(message.type), message.everyone);
+    return {received.lead, message.name, received.nameColor};
 }
 
 } // namespace
 
-NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, Clock& clock,
-                                         const LocationViews& views)
-    : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
-      m_folders(folders), m_clock(clock), m_journal(clock, folders, kRecentsFile), m_views(views) {}
-
-QString NotificationHistory::stamp(const QString& time, const QString& date) {
-    if (date != m_stampDate) {
-        m_stampDate = date;
-        const QDate day = QLocale::c().toDate(date, QStringLiteral("M/d/yyyy"));
-        m_stampLongDate = day.isValid() ? QLocale::system().toString(day, QLocale::LongFormat) : date;
-    }
-    return time + QLatin1String("  ") + m_stampLongDate;
+HistoryMessage HistoryMessageOf(const QString& record) {
+    const QStringList values = splitRecord(record, MsCount);
+    return {values[MsType].toInt(),
+            static_cast<MessageLog>(values[MsLog].toInt()),
+            toBoolean(values[MsEveryone]),
+            values[MsID],
+            values[MsName],
+            values[MsSID],
+            values[MsBody],
+            values[MsTime],
+            values[MsDate]};
 }
+
+NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, cErrorLog& log,
+                                         Clock& clock, const LocationViews& views)
+    : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
+      m_folders(folders), m_log(log), m_clock(clock), m_journal(clock, folders, kRecentsFile),
+      m_views(views) {}
 
 void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
     const bool favoritesOnly = (isStatusKind(entry.code) && m_settings.Recents_STF()) ||
@@ -167,8 +142,8 @@ void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
             text.isEmpty() ? entry.location : entry.location + QLatin1String(" - ") + entry.word;
     }
     heading.icon = iconOf(entry.code);
-    item(*record, CardItem::Text).text = preview(text.isEmpty() ? entry.word : text);
-    item(*record, CardItem::Stamp).text = stamp(entry.time, entry.date);
+    item(*record, CardItem::Text).text = MessagePreview(text.isEmpty() ? entry.word : text);
+    item(*record, CardItem::Stamp).text = m_stamp.stamp(entry.time, entry.date);
     item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
     item(*record, CardItem::Border).backColor = borderOf(m_settings, entry.code);
     QStringList values(EvCount);
@@ -180,7 +155,7 @@ void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
     values[EvTime] = entry.time;
     values[EvDate] = entry.date;
     values[EvSID] = entry.SID;
-    item(*record, CardItem::Record).text = joined(std::move(values));
+    item(*record, CardItem::Record).text = joinRecord(std::move(values));
     add(record, loading);
 }
 
@@ -191,8 +166,8 @@ void NotificationHistory::AddMessage(const HistoryMessage& message, bool loading
     item(*record, CardItem::Heading).icon = message.type == 1 ? kReplyIcon : kMessageIcon;
     item(*record, CardItem::Name).text = heading.name;
     item(*record, CardItem::Name).foreColor = heading.color;
-    item(*record, CardItem::Text).text = preview(message.body);
-    item(*record, CardItem::Stamp).text = stamp(message.time, message.date);
+    item(*record, CardItem::Text).text = MessagePreview(message.body);
+    item(*record, CardItem::Stamp).text = m_stamp.stamp(message.time, message.date);
     item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
     item(*record, CardItem::Border).backColor = m_settings.Recents_MSG_B();
     QStringList values(MsCount);
@@ -206,7 +181,7 @@ void NotificationHistory::AddMessage(const HistoryMessage& message, bool loading
     values[MsBody] = message.body;
     values[MsTime] = message.time;
     values[MsDate] = message.date;
-    item(*record, CardItem::Record).text = joined(std::move(values));
+    item(*record, CardItem::Record).text = joinRecord(std::move(values));
     add(record, loading);
 }
 
@@ -251,8 +226,11 @@ void NotificationHistory::LoadRecents() {
     QByteArray bytes;
     rptNotifications.clear();
     m_characters = 0;
-    readFileStart(m_folders.dataFile(kRecentsFile), kMaxFileBytes, bytes);
-    QStringList records = readQuotedRecords(bytes, kMaxEntries);
+    const QString path = m_folders.dataFile(kRecentsFile);
+    readFileStart(path, kMaxFileBytes, bytes);
+    const QuotedRecords file = readQuotedRecords(bytes, kMaxEntries);
+    keepUnclosed(path, file.unclosed, m_log);
+    QStringList records = file.records;
     bool changed = false;
     if (m_settings.Recents_SAVE()) {
         for (const cJournal::Change& change : m_journal.replay(bytes)) {
@@ -264,25 +242,27 @@ void NotificationHistory::LoadRecents() {
             }
         }
     }
+    // What stood in the file comes with its stand-ins for quotes, what the journal has comes without.
     for (const QString& record : std::as_const(records)) {
         if (rptNotifications.count() >= kMaxEntries) {
             break;
         }
-        QStringList values = record.split(ValueMark);
-        if (values.at(0) == u"0" && values.size() >= EvCount) {
-            const int code = values[EvCode].toInt();
-            AddItem({static_cast<HistoryCode>(code), values[EvWord], values[EvLocation], values[EvText],
-                     values[EvTime], values[EvDate], values[EvSID]},
-                    true);
-        } else if (values.at(0) == u"1" && values.size() >= MsCount) {
-            AddMessage({values[MsType].toInt(), static_cast<MessageLog>(values[MsLog].toInt()),
-                        toBoolean(values[MsEveryone]), values[MsID], values[MsName], values[MsSID],
-                        values[MsBody], values[MsTime], values[MsDate]},
-                       true);
-        }
+        load(record);
     }
     if (changed) {
         saveLater();
+    }
+}
+
+void NotificationHistory::load(const QString& record) {
+    const QString kind = record.section(ValueMark, 0, 0);
+    if (kind == u"0") {
+        const QStringList values = splitRecord(record, EvCount);
+        AddItem({static_cast<HistoryCode>(values[EvCode].toInt()), values[EvWord], values[EvLocation],
+                 values[EvText], values[EvTime], values[EvDate], values[EvSID]},
+                true);
+    } else if (kind == u"1") {
+        AddMessage(HistoryMessageOf(record), true);
     }
 }
 
@@ -314,6 +294,20 @@ void NotificationHistory::ClearRecents() {
 void NotificationHistory::unload() {
     if (m_dirty) {
         SaveRecents();
+    }
+}
+
+void NotificationHistory::Open_Recent(const QString& record) {
+    if (record.section(ValueMark, 0, 0) != u"1") {
+        return;
+    }
+    const HistoryMessage message = HistoryMessageOf(record);
+    if (message.type == 0 &&
+        (message.log == MessageLog::SentToSeveral || message.log == MessageLog::SentToOne)) {
+        m_opened = message;
+        emit openSent();
+    } else {
+        emit openMessage(message);
     }
 }
 

@@ -1,6 +1,7 @@
 // The running log of what happened at this location, its file recents.dat and the file's journal.
 #pragma once
 
+#include "engine/alerts/cStamp.h"
 #include "engine/core/cJournal.h"
 #include "engine/network/cEndpointNews.h"
 #include "engine/ports/cClock.h"
@@ -12,6 +13,7 @@
 
 namespace tessel {
 
+class cErrorLog;
 class Folders;
 class LocationViews;
 class Settings;
@@ -31,6 +33,9 @@ struct HistoryMessage {
     QString date;
 };
 
+// A message's record as it stands in the file. What is missing is empty.
+HistoryMessage HistoryMessageOf(const QString& record);
+
 // Items of a card. All texts are plain; the record is the row's text in the file.
 enum class CardItem { Heading, Name, Text, Stamp, Border, Record };
 inline constexpr int kCardItems = 6;
@@ -45,7 +50,8 @@ inline const ReportItem& item(const ReportRecord& record, CardItem index) {
 class NotificationHistory : public QObject {
     Q_OBJECT
 public:
-    NotificationHistory(Settings& settings, const Folders& folders, Clock& clock, const LocationViews& views);
+    NotificationHistory(Settings& settings, const Folders& folders, cErrorLog& log, Clock& clock,
+                        const LocationViews& views);
 
     // Enters an event, newest first. The switches of its kind have been looked at already, but for
     // those that keep favorites only.
@@ -60,6 +66,10 @@ public:
     void ClearRecents();
     // Saves what is not saved yet; the program ends.
     void unload();
+    // Opens a message from its record; a record of any other kind opens nothing.
+    void Open_Recent(const QString& record);
+    // The sent message that was opened last.
+    const HistoryMessage& openedMessage() const { return m_opened; }
     // Toggles whether a new entry brings the list to its top.
     void SetEnsureVisible_Notification();
 
@@ -71,14 +81,18 @@ signals:
     void saved(const QString& path, bool stored);
     // A new entry wants to be seen.
     void ensureTopVisible();
+    // A message that this location sent, and any other.
+    void openSent();
+    void openMessage(const HistoryMessage& message);
 
 private:
     void add(const ReportRecordPtr& record, bool loading);
     void saveLater();
-    QString stamp(const QString& time, const QString& date);
+    void load(const QString& record);
 
     Settings& m_settings;
     const Folders& m_folders;
+    cErrorLog& m_log;
     Clock& m_clock;
     cJournal m_journal;
     const LocationViews& m_views;
@@ -86,9 +100,8 @@ private:
     bool m_saveFailed = false; // the last one
     std::int64_t m_dirtySince = 0;
     qsizetype m_characters = 0; // of all records
-    // The long form of a date is dear to make, and most entries are of a few days.
-    QString m_stampDate;
-    QString m_stampLongDate;
+    cStamp m_stamp;
+    HistoryMessage m_opened;
 };
 
 } // namespace tessel

@@ -70,5 +70,7 @@ inline constexpr Argb kYellow = argb(255, 255, 0);
 inline constexpr Argb kRed = argb(255, 0, 0);
 inline constexpr Argb kGreen = argb(0, 255, 0);
 inline constexpr Argb kBlue = argb(0, 0, 255);
+inline constexpr Argb kDarkGreen = argb(0, 128, 0);
+inline constexpr Argb kPurple = argb(128, 0, 128);
 
 } // namespace tessel

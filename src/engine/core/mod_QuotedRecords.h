@@ -1,4 +1,4 @@
-// The form of the list files: a count line, then records in double quotes.
+// The form of the list files: a count line, then records in double quotes, their values joined.
 #pragma once
 
 #include <QByteArray>
@@ -8,12 +8,29 @@
 
 namespace tessel {
 
-// The records of such a file, at most `mostRecords`, in their order. A record goes up to its closing
-// quote, over line ends too; one that was cut off is left out. The count line is not believed: what
-// stands in the file is what there is.
-QStringList readQuotedRecords(QByteArrayView bytes, int mostRecords);
+class cErrorLog;
+
+struct QuotedRecords {
+    QStringList records; // as they stand in the file: `splitRecord` or `plainRecord` comes next
+    QByteArray unclosed; // from a quote that never closes to the end of the file
+};
+
+// The records of such a file in their order, at most as many as the count line says; one that is no
+// number counts as many as there are. A record goes up to its closing quote, over line ends too.
+QuotedRecords readQuotedRecords(QByteArrayView bytes, qsizetype mostRecords);
+
+// Puts what stands behind a quote that never closes into a file beside `path`, before the next save
+// drops it. Nothing happens when there is nothing.
+void keepUnclosed(const QString& path, const QByteArray& unclosed, cErrorLog& log);
 
 // A double quote inside a record is written as ".|.", and comes back as a double quote.
 QByteArray writeQuotedRecords(const QStringList& records);
+QString plainRecord(const QString& record);
+
+// Values as one record, and back. A `ValueMark` inside a value becomes a blank; a value that ends as a
+// mark begins gets a blank behind it. Of a record with fewer values the missing ones are empty, of one
+// with more those behind are left out.
+QString joinRecord(QStringList values);
+QStringList splitRecord(const QString& record, int count);
 
 } // namespace tessel

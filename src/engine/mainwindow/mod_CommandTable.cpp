@@ -100,7 +100,8 @@ QString SetTabCaption(T t, C call) {
 // A row's alerts.
 void quickAlert(T t, C call) {
     t.alerts.SendQuickAlert(static_cast<QuickAlert>(call.command),
-                            {GetSID(*call.row), GetLocationTag(*call.row)}, call.text.trimmed());
+                            {GetSID(*call.row), GetLocationTag(*call.row), GetLocationName(*call.row)},
+                            call.text.trimmed());
 }
 void clearRowStatus(T t, C call) {
     const QString SID = GetSID(*call.row);

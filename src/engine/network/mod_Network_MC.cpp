@@ -110,6 +110,7 @@ void NetworkMC::Network_LoadConfig() {
     m_rejoin = rejoin == 0 ? Rejoin::Never : rejoin == 2 ? Rejoin::Always : Rejoin::WhenDeaf;
     m_config = {};
     m_config.maxPacketSize = netNumber("maxp", kBufferSize);
+    m_protocolLayer.setMaxPacketSize(m_config.maxPacketSize);
     m_config.inBufferSize = netNumber("maxibp", kBufferSize);
     m_config.outBufferSize = netNumber("maxob", kBufferSize);
     m_config.localPort = group.port;

@@ -18,8 +18,12 @@ QLatin1String wireBoolean(bool value) {
     return value ? QLatin1String("-1") : QLatin1String("0");
 }
 
+QByteArray bytesOf(std::string_view text) {
+    return {text.data(), static_cast<qsizetype>(text.size())};
+}
+
 QString latin1(std::string_view text) {
-    return QString::fromLatin1(text.data(), static_cast<qsizetype>(text.size()));
+    return QString::fromLatin1(bytesOf(text));
 }
 
 const CatalogueRow* findRow(QByteArrayView name) {
@@ -53,6 +57,29 @@ QString NetworkProtocol::ownPresence() const {
     return block;
 }
 
+QByteArray NetworkProtocol::head(QStringView code, QStringView third) const {
+    const QString tagWord = QString::number(m_own.TAG) + u':' + third.trimmed().toString();
+    const QString presence = ownPresence(); // named: a view of it goes into the list below
+    QByteArray bytes;
+    for (const QStringView field :
+         {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location),
+          code, QStringView(presence), QStringView(m_own.note), QStringView(tagWord)}) {
+        bytes += toBytes(field) + bytesOf(kFieldMark);
+    }
+    return bytes;
+}
+
+int NetworkProtocol::bodyRoom(Code code) const {
+    constexpr int kLargestDatagram = 65507; // of IPv4
+    const int most =
+        m_maxPacketSize > 0 && m_maxPacketSize < kLargestDatagram ? m_maxPacketSize : kLargestDatagram;
+    const CatalogueRow& row = rowOf(code);
+    const auto around =
+        head(latin1(row.name), latin1(row.third)).size() +
+        static_cast<qsizetype>(kFieldMark.size() + kPacketEnd.size());
+    return most - static_cast<int>(around);
+}
+
 void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView third) {
     if (m_own.canSend()) {
         transmit(code, body, third);
@@ -67,18 +94,10 @@ void NetworkProtocol::sendGoodbye() {
 }
 
 void NetworkProtocol::transmit(QStringView code, QStringView body, QStringView third) {
-    const QString tagWord = QString::number(m_own.TAG) + u':' + third.trimmed().toString();
-    const QString presence = ownPresence(); // named: a view of it goes into the list below
-    const QByteArray mark(kFieldMark.data(), static_cast<qsizetype>(kFieldMark.size()));
-    QByteArray packet;
-    for (const QStringView field :
-         {QStringView(kMarker), QStringView(m_own.SID), QStringView(m_own.host), QStringView(m_own.location),
-          code, QStringView(presence), QStringView(m_own.note), QStringView(tagWord)}) {
-        packet += toBytes(field) + mark;
-    }
+    QByteArray packet = head(code, third);
     const QByteArray bytes = toBytes(body);
-    packet += (m_settings.ENCODE() && !bytes.isEmpty() ? EncodeBody(bytes) : bytes) + mark;
-    packet.append(kPacketEnd.data(), static_cast<qsizetype>(kPacketEnd.size()));
+    packet += m_settings.ENCODE() && !bytes.isEmpty() ? EncodeBody(bytes) : bytes;
+    packet += bytesOf(kFieldMark) + bytesOf(kPacketEnd);
 
     if (m_protocol == 0) {
         m_link.send(packet);

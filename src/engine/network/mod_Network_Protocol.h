@@ -30,6 +30,8 @@ public:
 
     // Only 0 exists; with any other value nothing is sent.
     void setProtocol(int protocol) { m_protocol = protocol; }
+    // Bytes of the largest packet that the socket takes; 0: whatever the system takes.
+    void setMaxPacketSize(int bytes) { m_maxPacketSize = bytes; }
 
     // Builds one packet with the own presence and sends it. Nothing at all happens while offline, or
     // behind the goodbye.
@@ -38,6 +40,8 @@ public:
     void send(Code code, QStringView body = {});
     // Sends the goodbye, which is the last that leaves as long as `leaving` is set.
     void sendGoodbye();
+    // The longest body, in characters, that a packet of this code has room for now. A longer one is lost.
+    int bodyRoom(Code code) const;
 
     // Lets `handler` act on packets of this code that pass the code's filter. The last one set holds.
     void attach(Code code, Handler handler);
@@ -85,6 +89,8 @@ public:
 
 private:
     void transmit(QStringView code, QStringView body, QStringView third);
+    // All of a packet that stands before its body.
+    QByteArray head(QStringView code, QStringView third) const;
     void expectSender(QByteArrayView packet) const;
     bool passes(Filter filter, const cPacket& packet) const;
     bool isTarget(QByteArrayView bytes) const;
@@ -97,6 +103,7 @@ private:
     std::vector<const ReportRecords*> m_tables;
     Listener m_listener;
     int m_protocol = 0;
+    int m_maxPacketSize = 0;
     std::array<Handler, kCodeCount> m_handlers;
     std::array<std::uint64_t, kCodeCount> m_received{};
     std::uint64_t m_packetsSent = 0;

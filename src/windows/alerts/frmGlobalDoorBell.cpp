@@ -2,11 +2,9 @@
 
 #include "controls/edit/KeyFilterEdit.h"
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Snippets.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
-#include "engine/core/mod_FileTools.h"
-#include "engine/core/mod_Folders.h"
-#include "engine/core/mod_QuotedRecords.h"
 #include "engine/network/mod_Network_MC.h"
 
 #include <QComboBox>
@@ -20,13 +18,11 @@ namespace tessel {
 namespace {
 constexpr int kGrid = 8;
 constexpr int kLeastWidth = 340;
-constexpr qint64 kMaxSnippetBytes = 1 << 20;
-constexpr int kMaxSnippets = 500;
 } // namespace
 
-frmGlobalDoorBell::frmGlobalDoorBell(const OwnState& own, const Folders& folders, const NetworkMC& network,
+frmGlobalDoorBell::frmGlobalDoorBell(const OwnState& own, const Snippets& snippets, const NetworkMC& network,
                                      AlertEngine& alerts, QWidget* parent)
-    : QDialog(parent), m_own(own), m_folders(folders), m_alerts(alerts), m_snippet(new QComboBox(this)),
+    : QDialog(parent), m_own(own), m_snippets(snippets), m_alerts(alerts), m_snippet(new QComboBox(this)),
       m_text(new KeyFilterEdit(this)), m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)) {
     setWindowTitle(tr("DoorBell Alert"));
     setMinimumWidth(kLeastWidth);
@@ -80,10 +76,7 @@ void frmGlobalDoorBell::showCanSend() {
 }
 
 void frmGlobalDoorBell::LoadSnippetDB() {
-    QByteArray bytes;
-    if (readFileStart(m_folders.dataFile(kSnippetFile), kMaxSnippetBytes, bytes)) {
-        m_snippet->addItems(readQuotedRecords(bytes, kMaxSnippets));
-    }
+    m_snippet->addItems(m_snippets.list());
     m_snippet->setCurrentIndex(-1);
 }
 

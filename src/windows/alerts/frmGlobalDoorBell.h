@@ -12,15 +12,15 @@ class QPushButton;
 namespace tessel {
 
 class AlertEngine;
-class Folders;
 class KeyFilterEdit;
 class NetworkMC;
+class Snippets;
 struct OwnState;
 
 class frmGlobalDoorBell : public QDialog {
     Q_OBJECT
 public:
-    frmGlobalDoorBell(const OwnState& own, const Folders& folders, const NetworkMC& network,
+    frmGlobalDoorBell(const OwnState& own, const Snippets& snippets, const NetworkMC& network,
                       AlertEngine& alerts, QWidget* parent = nullptr);
 
 protected:
@@ -32,7 +32,7 @@ private:
     void showCanSend();
 
     const OwnState& m_own;
-    const Folders& m_folders;
+    const Snippets& m_snippets;
     AlertEngine& m_alerts;
     QComboBox* m_snippet; // cmbSnippet
     KeyFilterEdit* m_text;

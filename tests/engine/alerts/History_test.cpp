@@ -110,7 +110,7 @@ TEST_F(History, DamagedFilesGiveWhatCanBeRead) {
     const QByteArray whole = file();
     const QStringList all = records();
     int most = 0;
-    for (qsizetype size = 0; size <= whole.size(); size += 3) {
+    for (qsizetype size = 0; size <= whole.size(); size += 19) {
         store(whole.first(size));
         reload();
         ASSERT_LE(count(), 6);
@@ -119,21 +119,24 @@ TEST_F(History, DamagedFilesGiveWhatCanBeRead) {
     }
     EXPECT_GE(most, 5);
     const QByteArray body = whole.mid(3);
-    for (const char* const lie : {"99999999999\r\n", "2\r\n", "-1\r\n", "many\r\n", "\r\n", "", "6\n"}) {
+    for (const char* const lie : {"99999999999\r\n", "-1\r\n", "many\r\n", "\r\n", "", "6\n"}) {
         store(lie + body);
         reload();
-        EXPECT_EQ(records(), all) << lie << ": the count is not believed";
+        EXPECT_EQ(records(), all) << lie << ": what counts nothing hides nothing";
     }
-    QByteArray foreign = "4\r\n\"0~1\"\r\n\"7~what\"\r\n\"\"\r\n\"1~0~0~0\"\r\n"
+    store("2\r\n" + body);
+    reload();
+    EXPECT_EQ(count(), 2) << "the count is a bound";
+    QByteArray foreign = "6\r\n\"0~1\"\r\n\"7~what\"\r\n\"\"\r\n\"1~0~0~0\"\r\n"
                          "\"0~4711~Word~Room~text~noon~the day after~SID\"\r\n"
                          "\"1~9~77~True~id~name~SID~body~time~date\"\r\n";
     store(foreign.replace('~', ".\x80."));
     reload();
-    EXPECT_EQ(count(), 2) << "of a newer program or a broken one";
-    EXPECT_EQ(text(CardItem::Stamp, 0), "noon  the day after");
+    EXPECT_EQ(count(), 4) << "of a newer program or a broken one";
+    EXPECT_EQ(text(CardItem::Stamp, 2), "noon  the day after");
 
     std::mt19937 random(3);
-    for (int round = 0; round < 100; ++round) {
+    for (int round = 0; round < 20; ++round) {
         QByteArray noise(static_cast<qsizetype>(random() % 5000), Qt::Uninitialized);
         for (char& byte : noise) {
             byte = static_cast<char>(random() % 4 == 0 ? '"' : random());

@@ -8,33 +8,47 @@ using namespace tessel;
 using testing::ElementsAre;
 using testing::IsEmpty;
 
+namespace {
+QStringList records(QByteArrayView bytes, int most = 9) {
+    return readQuotedRecords(bytes, most).records;
+}
+} // namespace
+
 TEST(QuotedRecords, FormOfTheFile) {
     EXPECT_EQ(writeQuotedRecords({}), "0\r\n");
     EXPECT_EQ(writeQuotedRecords({QString("a.\u20AC.b\r\nc"), "say \"x\"", "", QString("\u4e2d")}),
               "4\r\n\"a.\x80.b\r\nc\"\r\n\"say .|.x.|.\"\r\n\"\"\r\n\"?\"\r\n");
 }
 
-TEST(QuotedRecords, ReadsBackWhatItWrote) {
-    const QStringList records{"plain",
-                              "",
-                              "\"",
-                              "\"\"\"",
-                              "two\r\nlines",
-                              "comma, \"quote\"\n",
-                              "4",
-                              QString(QChar(0)) + "x",
-                              QString(100000, u'w')};
-    EXPECT_EQ(readQuotedRecords(writeQuotedRecords(records), 100), records);
-    EXPECT_THAT(readQuotedRecords("1\r\n\"a.|.b\"\r\n", 100), ElementsAre("a\"b"));
-    EXPECT_EQ(readQuotedRecords(writeQuotedRecords(records), 3).size(), 3);
+TEST(QuotedRecords, TakesWhatStandsThere) {
+    EXPECT_THAT(records(""), IsEmpty());
+    EXPECT_THAT(records("3"), IsEmpty());
+    EXPECT_THAT(records("3\r\n"), IsEmpty());
+    EXPECT_THAT(records("0\r\n\"one\"\r\n"), IsEmpty());
+    EXPECT_THAT(records("1\r\n\"one\"\r\n\"two\"\r\n"), ElementsAre("one")) << "the count is a bound";
+    EXPECT_THAT(records("9\r\n\"one\"\r\n\"t\r\no\"\r\n"), ElementsAre("one", "t\r\no"));
+    EXPECT_THAT(records("2\n\"one\"\n\"two\""), ElementsAre("one", "two")) << "other line ends";
+    EXPECT_THAT(records("\"one\"\r\n"), ElementsAre("one")) << "the count line is gone";
+    EXPECT_THAT(records("1 \"x\"\r\n\"one\" junk \"two\""), ElementsAre("one", "two"));
+    EXPECT_THAT(records("3\r\n\"one\"\r\n\"two\"\r\n\"three\"", 2), ElementsAre("one", "two"));
+
+    const QuotedRecords cut = readQuotedRecords("9\r\n\"one\"\r\n\"two\r\n", 9);
+    EXPECT_THAT(cut.records, ElementsAre("one"));
+    EXPECT_EQ(cut.unclosed, "\"two\r\n") << "nobody else has it";
 }
 
-TEST(QuotedRecords, TakesWhatStandsThere) {
-    EXPECT_THAT(readQuotedRecords("", 9), IsEmpty());
-    EXPECT_THAT(readQuotedRecords("3", 9), IsEmpty());
-    EXPECT_THAT(readQuotedRecords("3\r\n", 9), IsEmpty());
-    EXPECT_THAT(readQuotedRecords("9\r\n\"one\"\r\n\"two", 9), ElementsAre("one")) << "cut off";
-    EXPECT_THAT(readQuotedRecords("1\n\"one\"\n\"two\"", 9), ElementsAre("one", "two")) << "other line ends";
-    EXPECT_THAT(readQuotedRecords("\"one\"\r\n", 9), ElementsAre("one")) << "the count line is gone";
-    EXPECT_THAT(readQuotedRecords("1 \"x\"\r\n\"one\" junk \"two\"", 9), ElementsAre("one", "two"));
+TEST(QuotedRecords, ValuesComeBackAsTheyWent) {
+    for (const QStringList& values :
+         {QStringList{"plain", "", "two\r\nlines"}, QStringList{"\"", "\"\"\"", "say \"x\""},
+          QStringList{"ends in .|", "x.|", ".|"}, QStringList{QStringLiteral("\"\u20AC."), "y", "z"},
+          QStringList{QString(QChar(0)) + "x", QString(100000, u'w'), "4"}}) {
+        const QString record = joinRecord(values);
+        EXPECT_EQ(splitRecord(records(writeQuotedRecords({record})).value(0), 3), values);
+        EXPECT_EQ(splitRecord(record, 3), values);
+    }
+    EXPECT_THAT(splitRecord(joinRecord({QStringLiteral("a.\u20AC.b"), QStringLiteral("5.\u20AC")}), 2),
+                ElementsAre("a b", QStringLiteral("5.\u20AC ")));
+    EXPECT_THAT(splitRecord(joinRecord({"a", "b"}), 3), ElementsAre("a", "b", ""));
+    EXPECT_THAT(splitRecord(joinRecord({"a", "b"}), 1), ElementsAre("a"));
+    EXPECT_EQ(plainRecord(".|.a.|.b"), "\"a\"b");
 }
