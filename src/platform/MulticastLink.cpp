@@ -19,6 +19,13 @@ namespace {
 
 // After so long the windows get their turn, before the rest.
 constexpr qint64 kTurnNs = 20'000'000;
+// Longer with many waiting: painting what the next one changes again would take most of the time.
+constexpr qint64 kLongTurnNs = 50'000'000;
+constexpr std::size_t kMany = 100;
+// Nobody who rings now may wait behind minutes of somebody else's flood: once the oldest has waited so
+// long, no more than a large burst is kept.
+constexpr qint64 kLongestWaitMs = 2000;
+constexpr std::size_t kAlwaysKept = 1000;
 // What came meanwhile is taken in so often. A look at the clock costs a tenth of what a keep-alive does,
 // so not every datagram pays for one, unless they are slow.
 constexpr qint64 kTakeInNs = 1'000'000;
@@ -68,6 +75,7 @@ bool hasAddress(const QNetworkInterface& interface, in_addr address) {
 MulticastLink::MulticastLink() : MulticastLink(Room{}) {}
 
 MulticastLink::MulticastLink(const Room& room) : m_room(room), m_reader(std::make_unique<DatagramReader>()) {
+    m_clock.start();
     m_goOn.setSingleShot(true);
     connect(&m_goOn, &QTimer::timeout, this, &MulticastLink::drain);
 }
@@ -263,14 +271,12 @@ bool MulticastLink::readFailed(int number) {
     return false;
 }
 
-// Lets go what the engine can do without, once a turn: judging costs more than reading. Room for an
-// eighth comes at once, so that not every datagram behind it asks again.
-bool MulticastLink::makeRoom() {
+// Lets go what the engine can do without, once a turn: judging costs more than reading.
+bool MulticastLink::makeRoom(qsizetype wanted) {
     if (m_sifted) {
         return false;
     }
     m_sifted = true;
-    const qsizetype wanted = m_room.bytes / 8;
     std::vector<bool> goes;
     if (m_sieve) {
         std::vector<QByteArrayView> views;
@@ -307,8 +313,10 @@ bool MulticastLink::makeRoom() {
 }
 
 void MulticastLink::takeIn() {
+    const qint64 now = m_clock.elapsed();
     for (int reading = 0; reading < kReadingsInARow && m_socket >= 0; ++reading) {
-        if (m_waitingBytes >= m_room.bytes && !makeRoom()) {
+        // An eighth at once, so that not every datagram behind it asks again.
+        if (m_waitingBytes >= m_room.bytes && !makeRoom(m_room.bytes / 8)) {
             return;
         }
         const int count = m_reader->read(m_socket);
@@ -322,7 +330,7 @@ void MulticastLink::takeIn() {
         quint32 lostNow = m_lost;
         for (int i = 0; i < count; ++i) {
             const QByteArrayView bytes = m_reader->bytes(i);
-            m_waiting.push_back({bytes.toByteArray(), m_reader->source(i)});
+            m_waiting.push_back({bytes.toByteArray(), m_reader->source(i), now});
             m_waitingBytes += bytes.size() + kOverhead;
             lostNow = m_reader->lost(i, lostNow);
         }
@@ -345,6 +353,10 @@ void MulticastLink::drain() {
     }
     m_sifted = false;
     takeIn();
+    if (m_waiting.size() > kAlwaysKept && m_clock.elapsed() - m_waiting.front().since > kLongestWaitMs) {
+        const auto size = static_cast<qsizetype>(m_waiting.size());
+        makeRoom(m_waitingBytes / size * (size - static_cast<qsizetype>(kAlwaysKept)));
+    }
     QElapsedTimer turn;
     turn.start();
     qint64 looked = 0;
@@ -361,7 +373,7 @@ void MulticastLink::drain() {
         const qint64 now = turn.nsecsElapsed();
         untilLook = now - looked > kTakeInNs / 4 ? 1 : kDatagramsALook;
         looked = now;
-        if (now >= kTurnNs) {
+        if (now >= (m_waiting.size() > kMany ? kLongTurnNs : kTurnNs)) {
             break;
         }
         if (m_socket == socket && (now - taken >= kTakeInNs || m_waiting.empty())) {

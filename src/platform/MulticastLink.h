@@ -51,6 +51,7 @@ private:
     struct Waiting {
         QByteArray bytes;
         quint32 source;
+        qint64 since; // by `m_clock`
     };
 
     bool setUp(const LinkConfig& config);
@@ -61,7 +62,7 @@ private:
     void drain();
     // Takes in all that the system has, if there is room.
     void takeIn();
-    bool makeRoom();
+    bool makeRoom(qsizetype wanted);
     // False when the socket is beyond use.
     bool readFailed(int number);
 
@@ -73,6 +74,7 @@ private:
     std::unique_ptr<DatagramReader> m_reader;
     std::deque<Waiting> m_waiting; // a handler that waits lets the next drain take from it, in order
     qsizetype m_waitingBytes = 0;
+    QElapsedTimer m_clock;
     bool m_sifted = false; // in this turn already
     int m_failures = 0;
     quint32 m_lost = 0; // what the system gave up since the socket was made, as last told

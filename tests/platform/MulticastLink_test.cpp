@@ -258,6 +258,35 @@ TEST_F(MulticastLinkTest, WithoutRoomTheSieveDecidesAndAllIsCounted) {
     EXPECT_EQ(bytes, one.letGoBytes);
 }
 
+// A flood of what takes its time: whoever rings behind it is heard soon, not after all of it.
+TEST_F(MulticastLinkTest, NobodyWaitsBehindMinutesOfAFlood) {
+    Listener one;
+    ASSERT_TRUE(one.link.open(configOf(0)));
+    constexpr int kAll = 6000; // a minute and more of handling
+    bool heard = false;
+    one.onData = [&](QByteArrayView datagram) {
+        heard = heard || datagram.startsWith("urgent");
+        ::usleep(heard ? 0 : 10000);
+    };
+    one.link.setSieve([](const std::vector<QByteArrayView>& waiting, qsizetype bytes) {
+        std::vector<bool> goes;
+        for (const QByteArrayView datagram : waiting) {
+            goes.push_back(bytes > 0 && !datagram.startsWith("urgent"));
+            bytes -= goes.back() ? datagram.size() + 256 : 0;
+        }
+        return goes;
+    });
+    for (int i = 0; i < kAll; ++i) {
+        one.link.send(QByteArray(300, 'x'));
+        if (i % 100 == 0) {
+            letPass(1);
+        }
+    }
+    one.link.send("urgent");
+    EXPECT_TRUE(waitUntil([&] { return heard; }, 25000));
+    EXPECT_GT(one.letGo, kAll / 2);
+}
+
 TEST_F(MulticastLinkTest, WhatTheSystemGivesUpIsTold) {
     Listener one({.queueBytes = 8 << 10, .bytes = 8 << 20});
     ASSERT_TRUE(one.link.open(configOf(0)));
