@@ -89,32 +89,6 @@ TEST(CardControl, WhatOneReadsStaysInPlace) {
     }
 }
 
-TEST(CardControl, HeightsFollowTextWidthAndFont) {
-    History history;
-    history.fill(3);
-    history.show();
-    const auto height = [&history] { return history.rect(0).height(); };
-    const int none = height();
-    history.records.at(0)->item(kText).text = "one line";
-    history.records.redraw(*history.records.at(0));
-    history.control.grab(); // the text is there before its room is
-    history.control.syncNow();
-    const int one = height();
-    EXPECT_GT(one, none);
-    history.records.at(0)->item(kText).text = QStringLiteral("several words ").repeated(10);
-    history.records.redraw(*history.records.at(0));
-    history.control.syncNow();
-    const int several = height();
-    EXPECT_GT(several, one);
-    history.control.resize(900, 500);
-    EXPECT_LT(height(), several);
-    history.control.resize(400, 500);
-    EXPECT_EQ(height(), several);
-    history.control.setFontSize(20);
-    EXPECT_GT(height(), several * 3 / 2);
-    EXPECT_EQ(history.rect(1).top(), height());
-}
-
 // A note of a megabyte, or of nothing but line breaks, comes from the network.
 TEST(CardControl, HostileTextsTakeSixLinesAndAreNoMarkup) {
     History history;

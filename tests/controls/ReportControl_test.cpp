@@ -6,8 +6,6 @@
 #include <QAccessible>
 #include <QClipboard>
 #include <QContextMenuEvent>
-#include <QHelpEvent>
-#include <QToolTip>
 
 #include <gtest/gtest.h>
 
@@ -18,23 +16,6 @@ namespace {
 ReportRecordPtr firstOf(QSignalSpy& spy) {
     return spy.takeFirst().at(0).value<ReportRecordPtr>();
 }
-
-QString tipAt(ReportList& list, const QPoint& pos) {
-    QHelpEvent help(QEvent::ToolTip, pos, list.control.viewport()->mapToGlobal(pos));
-    QApplication::sendEvent(list.control.viewport(), &help);
-    return help.isAccepted() ? QToolTip::text() : QString();
-}
-
-class Watched : public ReportControl {
-public:
-    int painted = 0; // rows' heights of pixels
-
-protected:
-    void paintEvent(QPaintEvent* event) override {
-        painted += event->region().boundingRect().height();
-        ReportControl::paintEvent(event);
-    }
-};
 
 } // namespace
 
@@ -236,12 +217,6 @@ TEST(ReportControl, APreviewTakesASecondLineOnlyWhereThereIsOne) {
     list.control.syncNow();
     EXPECT_GT(list.height(0), plain);
     EXPECT_EQ(list.height(1), plain);
-
-    const int width = list.control.header()->sectionSize(1);
-    list.control.setFontSize(99);
-    EXPECT_EQ(list.control.fontSize(), 20);
-    EXPECT_GT(list.height(1), plain * 5 / 4);
-    EXPECT_GT(list.control.header()->sectionSize(1), width * 3 / 2);
 }
 
 // A patient's note with markup, a megabyte of text or stray characters comes from the network.
@@ -263,54 +238,11 @@ TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
     list.show();
     const QImage before = list.control.grab().toImage();
     EXPECT_EQ(list.control.shownCount(), 6);
-    QElapsedTimer time;
-    time.start();
     for (int i = 0; i < 10; ++i) {
         list.control.setFilterText(i % 2 == 0 ? QStringLiteral("w") : QString());
         list.control.viewport()->repaint();
     }
-    EXPECT_LT(time.elapsed(), 1000);
     EXPECT_EQ(list.control.grab().toImage(), before);
-}
-
-TEST(ReportControl, TipsShowTheWholeTextAsPlainText) {
-    ReportList list;
-    list.records.append(listRecord("1", "<b>short</b>", "<i>" + QString(5000, u'n')));
-    list.records.at(0)->setTip(kTag, "<u>tag</u>");
-    list.show();
-    const auto place = [&list](int column) {
-        return list.control.visualRect(list.control.model()->index(0, column)).center();
-    };
-    EXPECT_TRUE(tipAt(list, place(0)).contains("&lt;u&gt;tag"));
-    EXPECT_EQ(tipAt(list, place(1)), QString()) << "all of it can be read already";
-    const QString whole = tipAt(list, place(2));
-    EXPECT_TRUE(whole.contains("&lt;i&gt;nnn"));
-    EXPECT_GT(whole.count(u'n'), 900);
-    EXPECT_LT(whole.count(u'n'), 1010);
-    EXPECT_EQ(tipAt(list, QPoint(100, 250)), QString());
-}
-
-TEST(ReportControl, AnEmptyListSaysWhy) {
-    ReportList list;
-    list.show();
-    const auto picture = [&list] { return list.control.grab().toImage(); };
-    const QImage blank = picture();
-    list.control.setEmptyText("Nobody here yet");
-    const QImage empty = picture();
-    EXPECT_NE(empty, blank);
-    list.control.setFilterText("zzz");
-    EXPECT_EQ(picture(), empty) << "it is not the filter that keeps it empty";
-    list.control.setNoMatchText("Nobody of that name");
-    list.fill(2);
-    EXPECT_NE(picture(), empty);
-    QPixmap logo(40, 40);
-    logo.fill(Qt::red);
-    list.control.setBackgroundPicture(logo);
-    EXPECT_EQ(picture().pixelColor(200, 300 - 140).red() > 200, true);
-    list.control.setFilterText({});
-    const QImage full = picture();
-    list.control.setBackgroundPicture({});
-    EXPECT_EQ(picture(), full) << "the picture stands behind an empty list only";
 }
 
 // Blind users would hear nothing of the list.
@@ -331,8 +263,6 @@ TEST(ReportControl, IsATableForScreenReaders) {
     list.records.at(2)->preview = "the note";
     EXPECT_EQ(cell->text(QAccessible::Description), "the note");
     EXPECT_EQ(table->tableInterface()->cellAt(2, 0)->text(QAccessible::Description), "");
-    EXPECT_EQ(cell->parent(), table);
-    EXPECT_EQ(table->child(table->indexOfChild(cell)), cell);
     EXPECT_EQ(table->childAt(cell->rect().center().x(), cell->rect().center().y()), cell);
     EXPECT_EQ(table->tableInterface()->cellAt(3, 0), nullptr);
 
@@ -347,9 +277,4 @@ TEST(ReportControl, IsATableForScreenReaders) {
     list.control.syncNow();
     EXPECT_EQ(table->tableInterface()->cellAt(2, 1), nullptr);
     EXPECT_EQ(table->tableInterface()->cellAt(0, 1)->text(QAccessible::Name), "Name 1");
-    // With other columns the numbers of the cells mean others.
-    EXPECT_EQ(table->tableInterface()->cellAt(1, 1)->text(QAccessible::Name), "Name 2");
-    list.control.setColumns({{"Name", 100, kName}});
-    EXPECT_EQ(table->childCount(), 2);
-    EXPECT_EQ(table->child(1)->text(QAccessible::Name), "Name 2");
 }

@@ -86,21 +86,3 @@ TEST_F(MessageRoad, EveryoneAndTags) {
     hear({.SID = kMe, .code = "XATE", .body = body({"0", ":", "5", "my own"})});
     EXPECT_EQ(texts(), QStringList());
 }
-
-TEST_F(MessageRoad, BlankOnesAreLoggedForThoseWhoTest) {
-    const QString blank = body({"0", "x:" + kMe, "1", {}});
-    hear("XATM", blank);
-    hear("XATM", body({"0", {}, "2", "t"}));
-    hear("XATE", body({"0", {}, "3", {}}));
-    EXPECT_EQ(loggedWith("Debug Blank Message ,"), 1);
-    EXPECT_EQ(loggedWith('[' + blank + ']'), 1);
-    EXPECT_EQ(loggedWith("Debug No Recipient ,"), 1);
-    EXPECT_EQ(loggedWith("Debug Blank Message Everyone"), 1);
-    EXPECT_EQ(loggedWith("Debug No Recipient Everyone"), 1);
-    EXPECT_EQ(texts(), QStringList({"", ""})) << "a blank one arrives all the same";
-
-    me->settings.Settings_TestMode.set(false);
-    hear("XATM", blank);
-    hear("XATM", blank);
-    EXPECT_EQ(errorLines().size(), 4);
-}

@@ -45,17 +45,6 @@ private:
 
 } // namespace
 
-TEST_F(CommandTable, AlertsGoToTheRowTheyStartFrom) {
-    hear({.SID = "888XX888XXX8", .location = "X-Ray", .code = "XAN", .tagWord = "3:"});
-    EXPECT_EQ(does(404, lab(), "  come "), QStringList({"XAD1 999XX999XXX9/come"}));
-    EXPECT_EQ(does(405, lab(), {}), QStringList({"XAP 999XX999XXX9/"}));
-    EXPECT_EQ(does(406, viewRow("888XX888XXX8"), "now"), QStringList({"XAUM 888XX888XXX8/now"}));
-    EXPECT_EQ(does(404, lab(), QString(80, u'x')), QStringList({"XAD1 999XX999XXX9/" + QString(30, u'x')}));
-    for (const int id : {404, 405, 406, 407, 410}) {
-        EXPECT_EQ(does(id, nullptr, "come"), QStringList()) << id;
-    }
-}
-
 TEST_F(CommandTable, ClearsWhatOthersHaveSet) {
     EXPECT_FALSE(enabled(407, lab()));
     EXPECT_EQ(does(407, lab()), QStringList());

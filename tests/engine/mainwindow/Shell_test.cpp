@@ -25,28 +25,6 @@ protected:
 
 } // namespace
 
-// The search belongs to the view that is left: cleared later, it would hide rows of a list that shows no
-// search.
-TEST_F(ShellState, SearchEndsInTheViewThatIsLeft) {
-    begin();
-    shell().SetTabView(350);
-    QStringList order;
-    QObject::connect(&shell(), &Shell::clearSearchBox, &shell(),
-                     [&] { order += QStringLiteral("clear in %1").arg(static_cast<int>(shell().view())); });
-    QObject::connect(&shell(), &Shell::viewChanged, &shell(),
-                     [&] { order += QStringLiteral("show %1").arg(static_cast<int>(shell().view())); });
-    shell().SetTabView(352);
-    EXPECT_EQ(order, QStringList({"clear in 350", "show 352"}));
-    EXPECT_STREQ(shell().viewRow().prompt, "Search Favorites");
-
-    order.clear();
-    for (const int unknown : {0, -1, 349, 354, 500}) {
-        shell().SetTabView(unknown);
-    }
-    EXPECT_EQ(order, QStringList());
-    EXPECT_EQ(shell().view(), View::Favorites);
-}
-
 TEST_F(ShellState, TabsSayHowManyRowsTheirListsHave) {
     begin();
     EXPECT_EQ(shell().tabCaption(350), "Home ");
@@ -89,32 +67,8 @@ TEST_F(ShellState, FontStaysWithinItsLimits) {
     EXPECT_EQ(changed.times, 22);
 }
 
-// A hidden Status list costs nothing; the current one shows what changes at once.
-TEST_F(ShellState, StatusListFollowsWhileItIsLookedAt) {
+TEST_F(ShellState, AFooterThatIsToStayIsNotSweptAwayByTheClockOfAnEarlierOne) {
     begin();
-    hear({.location = "Lab", .code = "XAN"});
-    shell().SetTabView(351);
-    const auto rows = [this] {
-        me->views.rptStatusView.bringUpToDate();
-        return me->views.rptStatusView.count();
-    };
-    EXPECT_EQ(rows(), 0);
-    hear({.code = "XAS", .presence = presence("Busy", "9:00:00 AM")});
-    EXPECT_EQ(rows(), 1);
-    hear({.code = "XAS", .presence = presence({})});
-    EXPECT_EQ(rows(), 0);
-}
-
-TEST_F(ShellState, FooterGivesWayToTheName) {
-    begin();
-    EXPECT_EQ(me->footer.text(), "  Online");
-    world.run(18);
-    EXPECT_EQ(me->footer.text(), "  Online");
-    world.run(2);
-    EXPECT_EQ(me->footer.text(), "  Room 1");
-    EXPECT_EQ(me->footer.tip(), "");
-
-    // A later text that is to stay is not swept away by the clock of an earlier one.
     me->footer.SetFooter("Online", {}, true);
     me->footer.SetFooter("Disconnecting", "Offline", false);
     world.run(30);

@@ -117,23 +117,6 @@ TEST_F(NetworkLayer, ComesUpFiveSecondsAfterTheStartAndKeepsItselfAlive) {
     EXPECT_EQ(sentCodes(), QStringList());
 }
 
-TEST_F(NetworkLayer, FailureShowsAndARestartMends) {
-    me.link.refuse = true;
-    world.start(0);
-    world.run(60);
-    EXPECT_FALSE(me->own.online);
-    EXPECT_EQ(footer(), "  Offline");
-    EXPECT_EQ(me->footer.tip(), "No Connection to network");
-    EXPECT_EQ(me.link.opened, 1) << "nothing tries again by itself";
-    me.link.refuse = false;
-    me->network.RestartNetwork();
-    EXPECT_EQ(sentCodes(), QStringList()) << "there is nobody to say goodbye to";
-    world.run(5);
-    EXPECT_TRUE(me->own.online);
-    EXPECT_EQ(footer(), "  Online");
-    EXPECT_EQ(me->footer.tip(), "");
-}
-
 TEST_F(NetworkLayer, RestartSaysGoodbyeOnceHoweverOftenItIsAskedFor) {
     begin();
     hear("XAN");

@@ -57,11 +57,6 @@ TEST(Scrambler, TwiceIsNothingAndOnlyThePositionCounts) {
     const QByteArray mask = EncodeBody(QByteArray(4096, '\0'));
     EXPECT_EQ(EncodeBody("a")[0], static_cast<char>('a' ^ mask[0]));
     EXPECT_LT(mask.count('\0'), 60) << "a mask of zeroes hides nothing";
-    QSet<char> bytes;
-    for (const char byte : mask) {
-        bytes.insert(byte);
-    }
-    EXPECT_EQ(bytes.size(), 256);
     // What stations of this version send to each other: another mask would cut an office in two.
     EXPECT_EQ(mask.left(8).toHex(), "0c5709965c89002e");
 }

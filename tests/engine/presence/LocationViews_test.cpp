@@ -96,23 +96,3 @@ TEST_F(HomeList, FollowsEachChange) {
     hear({.SID = kMe, .code = "XALU", .presence = presence({}, {}, true, "Me", 0, {}, true)});
     EXPECT_EQ(name(kMe).foreColor, kBlue) << "the own row keeps its colour";
 }
-
-TEST_F(HomeList, CountsTheColoursShown) {
-    begin();
-    for (int i = 0; i < 12; ++i) {
-        hear({.SID = QString::number(i), .code = "XAN", .tagWord = QString::number(i % 3 + 1) + ":0"});
-    }
-    EXPECT_EQ(me->views.tagCount(1), 5);
-    EXPECT_EQ(me->views.tagCount(2), 4);
-    hear("XD", {}, "1");
-    hear("XD", {}, "1");
-    EXPECT_EQ(me->views.tagCount(2), 3);
-    me->views.CountLocationsTabs();
-    EXPECT_EQ(me->views.tagCount(1), 5);
-    EXPECT_EQ(me->views.tagCount(2), 3);
-    EXPECT_EQ(me->views.tagCount(0) + me->views.tagCount(41) + me->views.tagCount(-1), 0);
-    me->network.RestartNetwork();
-    world.run(6);
-    EXPECT_EQ(me->views.tagCount(1), 1);
-    EXPECT_EQ(me->views.tagCount(2), 0);
-}
