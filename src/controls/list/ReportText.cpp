@@ -1,17 +1,12 @@
 #include "controls/list/ReportText.h"
 
-#include <QTextDocument>
+#include "records/mod_PlainText.h"
 
-#include <algorithm>
+#include <QTextDocument>
 
 namespace tessel {
 
 namespace {
-
-bool breaksLine(QChar c) {
-    return c.category() == QChar::Other_Control || c == QChar::LineSeparator ||
-           c == QChar::ParagraphSeparator;
-}
 
 QString cut(const QString& text, int maxChars) {
     if (text.size() <= maxChars) {
@@ -24,11 +19,7 @@ QString cut(const QString& text, int maxChars) {
 } // namespace
 
 QString singleLine(const QString& text, int maxChars) {
-    QString line = cut(text, maxChars);
-    if (std::any_of(line.cbegin(), line.cend(), breaksLine)) {
-        std::replace_if(line.begin(), line.end(), breaksLine, QChar(u' '));
-    }
-    return line;
+    return withoutControls(cut(text, maxChars));
 }
 
 QString plainLines(const QString& text, int maxChars) {
@@ -37,7 +28,7 @@ QString plainLines(const QString& text, int maxChars) {
     for (QChar& c : lines) {
         if (c == u'\r' || c == QChar::LineSeparator || c == QChar::ParagraphSeparator) {
             c = u'\n';
-        } else if (c != u'\n' && breaksLine(c)) {
+        } else if (c != u'\n' && isControl(c)) {
             c = u' ';
         }
     }

@@ -6,20 +6,15 @@
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_Limits.h"
 #include "engine/ports/cClock.h"
+#include "records/mod_PlainText.h"
 
 #include <QStringList>
 
 namespace tessel {
 
 namespace {
-QString oneLine(QString text) {
-    text.truncate(kMaxLogArgument);
-    for (QChar& c : text) {
-        if (c.category() == QChar::Other_Control) {
-            c = u' ';
-        }
-    }
-    return text;
+QString oneLine(const QString& text) {
+    return withoutControls(text.left(kMaxLogArgument));
 }
 } // namespace
 

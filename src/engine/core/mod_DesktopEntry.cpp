@@ -1,5 +1,7 @@
 #include "engine/core/mod_DesktopEntry.h"
 
+#include "records/mod_PlainText.h"
+
 namespace tessel {
 
 // A double quote, backtick, dollar and backslash are escaped inside quotes, and the backslash once more
@@ -20,14 +22,7 @@ QString quotedForExec(const QString& word) {
 }
 
 QString entryValue(const QString& text) {
-    QString out;
-    for (const QChar c : text) {
-        if (c == u'\\') {
-            out += u'\\';
-        }
-        out += c.category() == QChar::Other_Control ? QChar(u' ') : c;
-    }
-    return out;
+    return withoutControls(text).replace(u'\\', QLatin1String("\\\\"));
 }
 
 } // namespace tessel

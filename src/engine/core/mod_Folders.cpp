@@ -2,6 +2,7 @@
 
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
+#include "records/mod_PlainText.h"
 
 #include <QFile>
 
@@ -18,7 +19,7 @@ QString below(const QString& folder) {
 // A client's name becomes one folder, never a way out of the folder above.
 QString folderName(QString clientName) {
     for (QChar& c : clientName) {
-        if (c == u'/' || c == u'\\' || c.category() == QChar::Other_Control) {
+        if (c == u'/' || c == u'\\' || isControl(c)) {
             c = u'_';
         }
     }

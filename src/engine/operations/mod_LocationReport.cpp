@@ -2,6 +2,7 @@
 
 #include "engine/network/mod_Endpoints.h"
 #include "engine/network/mod_Network_Protocol.h"
+#include "records/mod_PlainText.h"
 
 namespace tessel {
 
@@ -15,13 +16,7 @@ QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protoc
     for (const auto& record : endpoints.records().rows()) {
         QStringList fields;
         for (const EndpointItem column : kColumns) {
-            QString text = item(*record, column).text;
-            for (QChar& c : text) {
-                if (c.category() == QChar::Other_Control) {
-                    c = u' ';
-                }
-            }
-            fields += text.trimmed();
+            fields += withoutControls(item(*record, column).text).trimmed();
         }
         report += fields.join(u'\t') + u'\n';
     }

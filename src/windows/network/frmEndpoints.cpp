@@ -2,6 +2,7 @@
 
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/ReportControl.h"
+#include "controls/list/ReportText.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/network/mod_Endpoints.h"
 #include "engine/ports/cSession.h"
@@ -48,13 +49,7 @@ constexpr const char* kRowLabels[] = {
 
 // A foreign packet can name its location by 256 characters without a blank, or by line feeds: neither
 // may make a box that does not fit the screen, or a line that passes for another.
-QString oneLine(QString text) {
-    constexpr qsizetype kLongest = 100;
-    for (QChar& c : text) {
-        c = c.isPrint() ? c : QChar(u' ');
-    }
-    return text.size() <= kLongest ? text : text.first(kLongest) + u'\u2026';
-}
+constexpr int kLongestValue = 100;
 
 constexpr char kSIDQuestion[] = "Please confirm SID Deletion.\n"
                                 "\n"
@@ -115,7 +110,7 @@ void frmEndpoints::showIdentityNotice() {
     m_identity->setVisible(other.has_value());
     if (other) {
         m_identityText->setText(tr("Another computer uses this location's identity: %1 %2")
-                                    .arg(oneLine(other->host), other->address));
+                                    .arg(singleLine(other->host, kLongestValue), other->address));
     }
 }
 
@@ -189,7 +184,7 @@ void frmEndpoints::refreshCaption() {
 void frmEndpoints::showRow(const ReportRecordPtr& record) {
     QStringList lines;
     for (int index = 0; index < static_cast<int>(std::size(kRowLabels)); ++index) {
-        lines += QLatin1String(kRowLabels[index]) + oneLine(record->item(index).text);
+        lines += QLatin1String(kRowLabels[index]) + singleLine(record->item(index).text, kLongestValue);
     }
     auto* const box =
         new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);
