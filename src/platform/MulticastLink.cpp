@@ -284,7 +284,9 @@ bool MulticastLink::makeRoom(qsizetype wanted) {
         for (const Waiting& waiting : m_waiting) {
             views.emplace_back(waiting.bytes);
         }
-        goes = m_sieve(views, wanted);
+        // Asked in bytes of datagrams, without what their waiting costs: tiny ones must not cost the rest.
+        const qsizetype bare = m_waitingBytes - static_cast<qsizetype>(m_waiting.size()) * kOverhead;
+        goes = m_sieve(views, bare * wanted / m_waitingBytes);
     }
     goes.resize(m_waiting.size());
     qsizetype freed = 0;
