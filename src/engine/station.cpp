@@ -43,6 +43,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       usage(data, settings, m_clock, log, protocol),
       hearing(own, log, m_clock, m_link, protocol, network),
       endpoints(own, settings, admin, log, m_clock, protocol, network),
+      favorites(data, log),
       views(own, settings, m_clock, favorites),
       sharedStatus(own, data, folders, m_clock, protocol, identity),
       status(own, data, m_clock, protocol, windows, ports.popups, sharedStatus),
@@ -117,6 +118,10 @@ void Station::wire() {
     connect(&endpoints, &Endpoints::statusTimeRefreshed, &views, &LocationViews::ProcessStatusTime);
     connect(&endpoints, &Endpoints::historyEntry, &history,
             [this](const HistoryEntry& entry) { history.AddItem(entry); });
+
+    connect(&favorites, &Favorites::added, &views,
+            [this](const QString& SID, int slot) { views.Add_to_Favorites(SID, slot); });
+    connect(&favorites, &Favorites::removing, &views, &LocationViews::Active_RemoveFavorite);
 
     connect(&views, &LocationViews::statusSet, this,
             [this](const StatusNews& news) { notices.statusSet(news); });
@@ -193,6 +198,7 @@ void Station::start() {
 
 void Station::loadMain() {
     sharedStatus.LoadSharedStatus();
+    favorites.LoadFavorites();
     status.LoadStatusSettings();
     groups.LoadMessageGroups();
     snippets.LoadSnippets();

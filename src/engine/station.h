@@ -42,7 +42,7 @@
 #include "engine/ports/cLink.h"
 #include "engine/ports/cPorts.h"
 #include "engine/ports/cSystemFacts.h"
-#include "engine/presence/cFavoriteLookup.h"
+#include "engine/presence/mod_Favorites.h"
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_OwnPresence.h"
@@ -122,7 +122,7 @@ public:
     NetworkUsage usage;
     Hearing hearing;
     Endpoints endpoints;
-    FavoriteLookup favorites;
+    Favorites favorites;
     LocationViews views;
     SharedStatus sharedStatus;
     LocalStatus status;

@@ -83,6 +83,25 @@ void setStaffTag(ReportRecord& record, int tag) {
     record.tag = tag;
 }
 
+// What a row of the Home list shows, in a row of another one.
+void copyRow(const ReportRecord& home, ReportRecord& row) {
+    for (int index = 0; index < kLocationItems; ++index) {
+        row.item(index) = home.item(index);
+    }
+    for (const LocationItem told : {LocationItem::Active, LocationItem::Status}) {
+        row.setTip(static_cast<int>(told), home.tip(static_cast<int>(told)));
+    }
+    row.preview = home.preview;
+    row.pinned = home.pinned;
+    row.tag = home.tag;
+}
+
+void putSlot(ReportRecord& favorite, int slot, const QString& marker) {
+    item(favorite, LocationItem::VR).text = QString::number(slot);
+    item(favorite, LocationItem::VR).value = slot;
+    item(favorite, LocationItem::FavoriteVR).text = marker;
+}
+
 void removeAll(ReportRecords& list, const QSet<const ReportRecord*>& gone) {
     if (gone.size() == 1) {
         list.remove((*gone.cbegin())->row());
@@ -149,10 +168,20 @@ void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
 void LocationViews::Add_to_Favorites(const EndpointAdded& endpoint, int slot) {
     const auto record = std::make_shared<ReportRecord>(kFavoriteItems);
     fill(*record, endpoint);
-    item(*record, LocationItem::VR).text = QString::number(slot);
-    item(*record, LocationItem::VR).value = slot;
-    item(*record, LocationItem::FavoriteVR).text = endpoint.marker;
+    putSlot(*record, slot, endpoint.marker);
     Active_RemoveFavorite(endpoint.SID);
+    rptFavorites.append(record);
+}
+
+void LocationViews::Add_to_Favorites(const QString& SID, int slot) {
+    const ReportRecord* const home = rptEndpoints.find(SID);
+    if (home == nullptr || slot < 0 || slot > FavoriteLookup::kLastSlot) {
+        return;
+    }
+    const auto record = std::make_shared<ReportRecord>(kFavoriteItems);
+    copyRow(*home, *record);
+    putSlot(*record, slot, item(*home, LocationItem::VR).text);
+    Active_RemoveFavorite(SID);
     rptFavorites.append(record);
 }
 
@@ -339,17 +368,10 @@ void LocationViews::refillStatusView() {
         const ReportRecord* const known = rptStatusView.find(item(*home, LocationItem::SID).text);
         const ReportRecordPtr row = known != nullptr ? rptStatusView.at(known->row())
                                                      : std::make_shared<ReportRecord>(kLocationItems);
-        for (int index = 0; index < kLocationItems; ++index) {
-            row->item(index) = home->item(index);
-        }
+        copyRow(*home, *row);
         // The age is told anew, for all rows at once.
         item(*row, LocationItem::Status).text =
             withAge(statusOfBlock(*home), item(*home, LocationItem::TIME).text);
-        row->preview = home->preview;
-        row->pinned = home->pinned;
-        row->tag = home->tag;
-        row->setTip(static_cast<int>(LocationItem::Active),
-                    home->tip(static_cast<int>(LocationItem::Active)));
         row->setTip(static_cast<int>(LocationItem::Status), item(*row, LocationItem::Status).text);
         rows.push_back(row);
     }

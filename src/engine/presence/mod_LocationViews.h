@@ -49,6 +49,8 @@ public:
 
     void Add_to_Active(const EndpointAdded& endpoint);
     void Add_to_Favorites(const EndpointAdded& endpoint, int slot);
+    // From the location's row in the Home list; nothing happens when there is none.
+    void Add_to_Favorites(const QString& SID, int slot);
     void Active_RemoveEndpoint(const QStringList& SIDs);
     void Active_RemoveFavorite(const QString& SID);
     void clear();
