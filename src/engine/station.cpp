@@ -47,7 +47,9 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       views(own, settings, m_clock, favorites),
       sharedStatus(own, data, folders, m_clock, protocol, identity),
       status(own, data, m_clock, protocol, windows, ports.popups, sharedStatus),
-      presence(own, data, m_clock, protocol),
+      presence(own, data, m_clock, protocol, windows),
+      actions({own, protocol, windows, views, status, presence, favorites}),
+      rooms(own, settings, m_clock, views, roomTimes),
       hotKeys(admin, status, log, ports.hotKeys),
       shortcuts(folders, session),
       profile(own, data, settings, admin, protocol, network),
@@ -67,7 +69,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       footer(own, m_clock),
       shell(settings, views, m_clock),
       updates(own, folders, admin, m_clock, session),
-      commands({own, settings, windows, shell, network, status, presence, alerts, updates, tmrExit}),
+      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
       tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }) {
@@ -107,6 +109,13 @@ void Station::wire() {
     connect(&endpoints, &Endpoints::added, &hearing,
             [this](const EndpointAdded& endpoint) { hearing.locationAdded(endpoint.SID); });
 
+    // Lists follow the rooms' times, which are heard before anybody else acts on a packet.
+    protocol.listen([this](const cPacket& packet, Code, quint32) { roomTimes.hear(packet); });
+    connect(&endpoints, &Endpoints::removed, this,
+            [this](const QStringList& SIDs) { roomTimes.forget(SIDs); });
+    connect(&endpoints, &Endpoints::listsCleared, this, [this] { roomTimes.clear(); });
+    connect(&favorites, &Favorites::full, this,
+            [this] { footer.SetFooter(QStringLiteral("Favorites are full"), {}, true); });
     connect(&endpoints, &Endpoints::added, &views, &LocationViews::Add_to_Active);
     connect(&endpoints, &Endpoints::removed, &views, &LocationViews::Active_RemoveEndpoint);
     connect(&endpoints, &Endpoints::listsCleared, &views, &LocationViews::clear);

@@ -44,8 +44,11 @@
 #include "engine/ports/cSystemFacts.h"
 #include "engine/presence/mod_Favorites.h"
 #include "engine/presence/mod_LocalStatus.h"
+#include "engine/presence/mod_LocationActions.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_OwnPresence.h"
+#include "engine/presence/mod_RoomStatus.h"
+#include "engine/presence/mod_RoomTimes.h"
 #include "engine/presence/mod_SharedStatus.h"
 
 #include <QObject>
@@ -127,6 +130,9 @@ public:
     SharedStatus sharedStatus;
     LocalStatus status;
     OwnPresence presence;
+    LocationActions actions;
+    RoomTimes roomTimes;
+    RoomStatus rooms;
     QuickHotKeys hotKeys;
     Shortcuts shortcuts;
     LocationProfile profile;

@@ -11,14 +11,30 @@
 #include "windows/network/frmEndpoints.h"
 #include "windows/operations/frmNetworkInfo.h"
 #include "windows/options/frmOptions.h"
+#include "windows/presence/frmActions.h"
+#include "windows/presence/frmActiveNote.h"
+#include "windows/presence/frmFavEditor.h"
+#include "windows/presence/frmLocationNote.h"
+#include "windows/presence/frmOccupiedRemote.h"
+#include "windows/presence/frmPatientName.h"
+#include "windows/presence/frmRemoveFavorite.h"
+#include "windows/presence/frmRoomStatus.h"
 #include "windows/presence/frmSetStatus.h"
 #include "windows/presence/frmStatusButtonEditor.h"
+
+#include <QMessageBox>
 
 #include <array>
 
 namespace tessel {
 
 namespace {
+
+QWidget* tellOfFavorite(const WindowParts& p) {
+    return new QMessageBox(QMessageBox::Information, QStringLiteral("Add to Favorites"),
+                           QStringLiteral("This location has already been added to your Favorites"),
+                           QMessageBox::Ok, p.owner);
+}
 
 // In the order of `WindowId`.
 constexpr std::array kWindows{
@@ -60,6 +76,38 @@ constexpr std::array kWindows{
     WindowRow{WindowId::About, "frmAbout", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {
                   return new frmAbout(p.station.folders, p.station.session, p.owner);
+              }},
+    WindowRow{WindowId::PatientName, "frmPatientName", Life::Modal,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmPatientName(p.station.own, p.station.presence, p.owner);
+              }},
+    WindowRow{
+        WindowId::OccupiedRemote, "frmOccupiedRemote", Life::Modal,
+        [](const WindowParts& p) -> QWidget* { return new frmOccupiedRemote(p.station.actions, p.owner); }},
+    WindowRow{WindowId::ActiveNote, "frmActiveNote", Life::Modal,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmActiveNote(p.station.own, p.station.presence, p.station.shell, p.owner);
+              }},
+    WindowRow{
+        WindowId::LocationNote, "frmLocationNote", Life::Modal,
+        [](const WindowParts& p) -> QWidget* { return new frmLocationNote(p.station.actions, p.owner); }},
+    WindowRow{WindowId::Actions, "frmActions", Life::Modal,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmActions(p.station.actions, p.station.favorites, p.station.sharedStatus,
+                                        p.station.tones, p.owner);
+              }},
+    WindowRow{WindowId::FavEditor, "frmFavEditor", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmFavEditor(p.station.favorites, p.station.tones, p.owner);
+              }},
+    WindowRow{WindowId::AlreadyFavorite, "frmAlreadyFavorite", Life::Modal, tellOfFavorite},
+    WindowRow{
+        WindowId::RemoveFavorite, "frmRemoveFavorite", Life::Modal,
+        [](const WindowParts& p) -> QWidget* { return new frmRemoveFavorite(p.station.actions, p.owner); }},
+    WindowRow{WindowId::RoomStatus, "frmRoomStatus", Life::Kept,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmRoomStatus(p.station.rooms, p.station.actions, p.station.views,
+                                           p.station.settings);
               }},
 };
 static_assert(kWindows.size() == kWindowCount);

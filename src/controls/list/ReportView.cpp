@@ -20,7 +20,7 @@ constexpr qint64 kFrame = 16; // milliseconds
 // thread to those who make it.
 constexpr qint64 kSyncShare = 8;
 constexpr int kLeastFont = 8;
-constexpr int kLargestFont = 20;
+constexpr int kLargestFont = 200; // on a wall
 constexpr int kEmptyMargin = 24;
 
 } // namespace

@@ -29,7 +29,7 @@ public:
     // Shows the rows in which every blank-separated word stands in a shown text.
     void setFilterText(const QString& text);
     void setIconProvider(ReportIconProvider provider);
-    void setFontSize(int points); // 8 to 20
+    void setFontSize(int points); // at least 8
     int fontSize() const { return m_fontSize; }
 
     void setEmptyText(const QString& text);            // there are no rows

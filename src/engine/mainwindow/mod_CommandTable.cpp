@@ -7,7 +7,9 @@
 #include "engine/network/mod_Network_MC.h"
 #include "engine/operations/mod_Updates.h"
 #include "engine/ports/cClock.h"
+#include "engine/presence/mod_Favorites.h"
 #include "engine/presence/mod_LocalStatus.h"
+#include "engine/presence/mod_LocationActions.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_OwnPresence.h"
 
@@ -61,22 +63,55 @@ QString quickTip(T t, C call) {
 
 // Who sits at this location.
 void toggleRoom(T t, C) {
-    t.presence.SetOccupiedStatusRemote(false, {});
+    t.presence.SetOccupiedStatus(true);
 }
 bool roomOccupied(T t, C) {
     return t.own.occupied;
 }
+QString captionOf(bool occupied, const QString& patient) {
+    return !occupied           ? QStringLiteral("Seat Patient")
+           : patient.isEmpty() ? QStringLiteral("Remove Patient")
+                               : QLatin1String("Remove Patient (") + shown(patient) + u')';
+}
 QString roomCaption(T t, C) {
-    if (!t.own.occupied) {
-        return QStringLiteral("Seat Patient");
-    }
-    const QString& patient = t.own.patientName;
-    return patient.isEmpty() ? QStringLiteral("Remove Patient")
-                             : QLatin1String("Remove Patient (") + shown(patient) + u')';
+    return captionOf(t.own.occupied, t.own.patientName);
 }
 
 int roomPicture(T t, C) {
     return t.own.occupied ? kRemovePatientPicture : kSeatPatientPicture;
+}
+
+// The same of a row. A virtual location's is as it stands in the table.
+bool isPlace(C call) {
+    return call.row != nullptr && !IsVirtualLocation(*call.row);
+}
+QString rowRoomCaption(T, C call) {
+    return isPlace(call) ? captionOf(isOccupied(*call.row), GetOccupiedName(*call.row))
+                         : QStringLiteral("Not Occupied");
+}
+int rowRoomPicture(T, C call) {
+    return !isPlace(call)          ? static_cast<int>(call.command)
+           : isOccupied(*call.row) ? kRemovePatientPicture
+                                   : kSeatPatientPicture;
+}
+
+// What another location is asked for needs the network; the own row does not.
+bool rowCanBeAsked(T t, C call) {
+    return call.row != nullptr && (GetSID(*call.row) == t.own.SID || t.own.canSend());
+}
+bool hasRow(T, C call) {
+    return call.row != nullptr;
+}
+void showActiveNote(T t, C) {
+    t.windows.show({.window = WindowId::ActiveNote, .modal = true});
+}
+
+void toggleStaffTag(T t, C call) {
+    const int tag = static_cast<int>(call.command);
+    t.presence.Set_StaffTag(static_cast<std::int16_t>(t.own.staffTag == tag ? 0 : tag));
+}
+bool isStaffTag(T t, C call) {
+    return t.own.staffTag == static_cast<int>(call.command);
 }
 
 void setView(T t, C call) {
@@ -136,6 +171,66 @@ bool isFavoritesSort(T t, C call) {
 }
 
 constexpr std::array kCommands{
+    CommandRow{.command = Command{30},
+               .caption = "",
+               .tip = "Status tag 1",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{31},
+               .caption = "",
+               .tip = "Status tag 2",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{32},
+               .caption = "",
+               .tip = "Status tag 3",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{33},
+               .caption = "",
+               .tip = "Status tag 4",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{34},
+               .caption = "",
+               .tip = "Status tag 5",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{35},
+               .caption = "",
+               .tip = "Status tag 6",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{36},
+               .caption = "",
+               .tip = "Status tag 7",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{37},
+               .caption = "",
+               .tip = "Status tag 8",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{38},
+               .caption = "",
+               .tip = "Status tag 9",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
+    CommandRow{.command = Command{39},
+               .caption = "",
+               .tip = "Status tag 10",
+               .touches = Touches::Room,
+               .act = toggleStaffTag,
+               .checked = isStaffTag},
     CommandRow{.command = Command::ShutDown,
                .caption = "ShutDown",
                .tip = "End the program",
@@ -172,6 +267,10 @@ constexpr std::array kCommands{
                .keys = "Ctrl+R",
                .sends = true,
                .act = [](T t, C) { t.network.Announce(); }},
+    CommandRow{.command = Command::OccupiedLocations,
+               .caption = "Occupied Locations",
+               .tip = "The board of rooms that are in use",
+               .window = WindowId::RoomStatus},
     CommandRow{.command = Command::OnTop,
                .caption = "Always OnTop",
                .tip = "Keep the window above all others",
@@ -259,6 +358,10 @@ constexpr std::array kCommands{
                .touches = Touches::Preview,
                .act = setPreview,
                .checked = previewOn},
+    CommandRow{.command = Command::LocationNote,
+               .caption = "Set Location Note",
+               .tip = "Write what all locations read below this one",
+               .act = showActiveNote},
     CommandRow{.command = Command::Home,
                .caption = kViews[0].caption,
                .tip = kViews[0].tip,
@@ -308,14 +411,46 @@ constexpr std::array kCommands{
                .sends = true,
                .act = clearRowStatus,
                .enabled = [](T, C c) { return c.row != nullptr && GetStatusActive(*c.row); }},
+    CommandRow{.command = Command::RowNotOccupied,
+               .caption = "Not Occupied",
+               .tip = "Seat a patient there, or remove the one who is",
+               .touches = Touches::Row | Touches::Online,
+               .act = [](T t, C c) { t.actions.SetOccupiedRemote(*c.row); },
+               .enabled = rowCanBeAsked,
+               .captionNow = rowRoomCaption,
+               .pictureNow = rowRoomPicture},
+    CommandRow{.command = Command::RowNote,
+               .caption = "Location Note",
+               .tip = "Write or remove the note of this location",
+               .touches = Touches::Row | Touches::Online,
+               .act = [](T t, C c) { t.actions.SetLocationNoteRemote(*c.row); },
+               .enabled = rowCanBeAsked},
     CommandRow{.command = Command::RowClearTag,
                .caption = "Clear Status Tag",
                .tip = "Take the staff tag of this location away",
                .touches = Touches::Row,
                .sends = true,
-               .act = [](T t, C c) { t.presence.ClearStaffTag(GetSID(*c.row)); },
+               .act = [](T t, C c) { t.actions.ClearStaffTag(*c.row); },
                .enabled = [](T, C c) { return c.row != nullptr && GetStatusTag(*c.row) != 0; }},
     CommandRow{.command = Command::Close, .caption = "Close"},
+    CommandRow{.command = Command::RowAddFavorite,
+               .caption = "Add to Favorites",
+               .tip = "Pin this location to your favorites",
+               .touches = Touches::Row,
+               .act = [](T t, C c) { t.actions.AddtoFavoriteList(*c.row); },
+               .enabled = hasRow},
+    CommandRow{.command = Command::RowFavoriteOptions,
+               .caption = "Favorite Options",
+               .tip = "Tone and popup of this favorite",
+               .touches = Touches::Row,
+               .act = [](T t, C c) { t.actions.LaunchActionsWindow(*c.row, ActionsPage::Favorite); },
+               .enabled = hasRow},
+    CommandRow{.command = Command::RowSetStatus,
+               .caption = "Set Status",
+               .tip = "Set a status at this location",
+               .touches = Touches::Row | Touches::Online,
+               .act = [](T t, C c) { t.actions.LaunchActionsWindow(*c.row, ActionsPage::Status); },
+               .enabled = rowCanBeAsked},
     CommandRow{.command = Command::OwnClearStatus,
                .caption = "Clear Status",
                .tip = "Turn your status off",
@@ -331,16 +466,36 @@ constexpr std::array kCommands{
                .checked = roomOccupied,
                .captionNow = roomCaption,
                .pictureNow = roomPicture},
+    CommandRow{.command = Command::OwnNote,
+               .caption = "Location Note",
+               .tip = "Write or remove your note",
+               .act = showActiveNote},
     CommandRow{.command = Command::OwnClearTag,
                .caption = "Clear Status Tag",
                .tip = "Take your staff tag away",
                .touches = Touches::Room,
                .act = [](T t, C) { t.presence.ClearStaffTag(t.own.SID); },
                .enabled = [](T t, C) { return t.own.staffTag != 0; }},
+    CommandRow{.command = Command::OwnAddFavorite,
+               .caption = "Add to Favorites",
+               .tip = "Pin your own location to your favorites",
+               .act = [](T t, C) { t.actions.Add_LocalFavorite(); }},
+    CommandRow{.command = Command::OwnRemoveFavorite,
+               .caption = "Remove from Favorites",
+               .tip = "Take your own location out of your favorites",
+               .touches = Touches::FavoriteSlots,
+               .act = [](T t, C) { t.actions.Remove_LocalFavorite(); },
+               .enabled = [](T t, C) { return t.favorites.IsFavoriteSID(t.own.SID); }},
     CommandRow{.command = Command::OwnSetStatus,
                .caption = "Set Status",
                .tip = kStatusTip,
                .window = WindowId::SetStatus},
+    CommandRow{.command = Command::FavoritesList,
+               .caption = "Favorites List",
+               .tip = "All your favorites, also those that are off line",
+               .touches = Touches::View,
+               .window = WindowId::FavEditor,
+               .offered = [](T t) { return t.shell.view() == View::Favorites; }},
     CommandRow{.command = Command::Notes,
                .caption = "Show\\Hide Location Notes",
                .tip = kNotesTip,
@@ -397,8 +552,9 @@ constexpr std::array kCommands{
                .act = [](T t, C) { t.shell.DecreaseReportFont(); },
                .enabled = [](T t, C) { return t.shell.reportFont() > Shell::kSmallestFont; },
                .tipNow = [](T t, C) { return t.shell.decreaseTip(); }},
-    CommandRow{
-        .command = Command::SortOptions, .caption = "Sort Options", .tip = "Choose the order of the lists"},
+    CommandRow{.command = Command::SortOptions,
+               .caption = "Sort Options",
+               .tip = "Choose the order of the lists"},
 };
 
 constexpr bool rising() {

@@ -12,7 +12,9 @@
 namespace tessel {
 
 class AlertEngine;
+class Favorites;
 class LocalStatus;
+class LocationActions;
 class NetworkMC;
 class OwnPresence;
 class ReportRecord;
@@ -24,6 +26,7 @@ struct OwnState;
 
 // Their numbers. One without a row in the table is nowhere to be seen.
 enum class Command : int {
+    StaffTag1 = 30, // ten of them, by the numbers of the tags
     ShutDown = 100,
     Options = 101,
     SetStatus = 102,
@@ -84,6 +87,7 @@ enum class Command : int {
     FirstGroup = 460,
     FirstGroupCommand = 466,
     MyGroups = 470,
+    FavoritesList = 705,
     Notes = 706,
     HomeSort = 760,
     HomeByColor = 761,
@@ -118,6 +122,7 @@ enum : unsigned {
     OnTop = 1024,
     Counts = 2048, // rows of the lists
     Offers = 4096, // what the user wants to be offered
+    FavoriteSlots = 8192,
     All = ~0U
 };
 } // namespace Touches
@@ -132,6 +137,8 @@ struct CommandTargets {
     LocalStatus& status;
     OwnPresence& presence;
     AlertEngine& alerts;
+    LocationActions& actions;
+    const Favorites& favorites;
     Updates& updates;
     Timer& tmrExit;
 };

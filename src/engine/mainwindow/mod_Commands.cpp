@@ -40,10 +40,10 @@ bool Commands::offered(const CommandRow& row) const {
     return row.offered == nullptr || row.offered(m_targets);
 }
 
-QString Commands::caption(int number) const {
+QString Commands::caption(int number, const ReportRecord* row) const {
     const CommandRow* const command = findCommand(number);
     return command == nullptr               ? QString()
-           : command->captionNow != nullptr ? command->captionNow(m_targets, {command->command})
+           : command->captionNow != nullptr ? command->captionNow(m_targets, {command->command, row})
                                             : QString::fromLatin1(command->caption);
 }
 
@@ -57,11 +57,11 @@ QString Commands::tip(int number) const {
     return now.isEmpty() ? QString::fromLatin1(command->tip) : now;
 }
 
-int Commands::picture(int number) const {
+int Commands::picture(int number, const ReportRecord* row) const {
     const CommandRow* const command = findCommand(number);
     return command == nullptr || command->pictureNow == nullptr
                ? number
-               : command->pictureNow(m_targets, {command->command});
+               : command->pictureNow(m_targets, {command->command, row});
 }
 
 bool Commands::isOwn(const ReportRecord& row) const {

@@ -18,11 +18,11 @@ public:
     bool checked(int number) const;
     // Whether it is to be seen at all, by what the program may do on this computer.
     bool offered(const CommandRow& row) const;
-    // The caption as it is now; "&" in a name is doubled.
-    QString caption(int number) const;
+    // The caption as it is now, for a command of a row as that row has it; "&" in a name is doubled.
+    QString caption(int number, const ReportRecord* row = nullptr) const;
     QString tip(int number) const;
     // The number of the command whose picture it shows.
-    int picture(int number) const;
+    int picture(int number, const ReportRecord* row = nullptr) const;
 
     bool isOwn(const ReportRecord& row) const;
     // What makes a quick alert's text one for a colour tag.

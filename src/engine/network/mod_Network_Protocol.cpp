@@ -148,8 +148,8 @@ void NetworkProtocol::DispatchPacket(QByteArrayView text, quint32 source) {
     if (row == nullptr) {
         return;
     }
-    if (m_listener) {
-        m_listener(*packet, row->code, source);
+    for (const Listener& listener : m_listeners) {
+        listener(*packet, row->code, source);
     }
     if (!passes(row->filter, *packet)) {
         return;

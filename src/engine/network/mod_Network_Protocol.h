@@ -47,7 +47,7 @@ public:
     void attach(Code code, Handler handler);
 
     // Lets `listener` hear of every packet of a known code, own ones too, before its filter is looked at.
-    void listen(Listener listener) { m_listener = std::move(listener); }
+    void listen(Listener listener) { m_listeners.push_back(std::move(listener)); }
 
     // Names a table in which packets look for the row of their sender. It hears of each sender before
     // the packet is taken apart.
@@ -101,7 +101,7 @@ private:
     const Settings& m_settings;
     Link& m_link;
     std::vector<const ReportRecords*> m_tables;
-    Listener m_listener;
+    std::vector<Listener> m_listeners;
     int m_protocol = 0;
     int m_maxPacketSize = 0;
     std::array<Handler, kCodeCount> m_handlers;

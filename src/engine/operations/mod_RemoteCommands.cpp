@@ -92,7 +92,7 @@ constexpr std::array kVerbs{
          },
          "open the doorbell window"},
     Verb{"/busy", kNoArgument, true, false,
-         [](Targets& t, const QString&) { t.presence.SetOccupiedStatusRemote(false, {}); },
+         [](Targets& t, const QString&) { t.presence.SetOccupiedStatus(false); },
          "occupied on or off"},
     Verb{"/status", LocalStatus::kLongestStatus, false, false,
          [](Targets& t, const QString& text) { t.status.SetCustomStatus(text); }, "set this status"},

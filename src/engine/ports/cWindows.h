@@ -20,9 +20,18 @@ enum class WindowId {
     GlobalDoorBell,
     RecentOptions,
     StatusButtonEditor,
-    About
+    About,
+    PatientName,
+    OccupiedRemote,
+    ActiveNote,
+    LocationNote,
+    Actions,
+    FavEditor,
+    AlreadyFavorite,
+    RemoveFavorite,
+    RoomStatus
 };
-inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::About) + 1;
+inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::RoomStatus) + 1;
 
 // Page of the options that concerns messages.
 inline constexpr int kMessageOptionsPage = 4;

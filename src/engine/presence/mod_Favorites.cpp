@@ -22,6 +22,7 @@ int Favorites::GetFreeFavoriteSlot() {
     const auto free = std::find_if(m_slots.begin(), m_slots.end(), [](const Favorite& f) { return !f.Used; });
     if (free == m_slots.end()) {
         m_log.LogEvent(QStringLiteral("Error"), QStringLiteral("Favorites are full"), kSection);
+        emit full();
         return -1;
     }
     free->Used = true;

@@ -63,6 +63,8 @@ signals:
     void changed();
     // A favorite was added; its row is still missing.
     void added(const QString& SID, int Slot);
+    // One more did not fit.
+    void full();
     // A slot is about to be freed.
     void removing(const QString& SID);
 

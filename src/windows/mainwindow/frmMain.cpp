@@ -161,6 +161,7 @@ void frmMain::connectStation() {
     refreshOn(m_station.status, &LocalStatus::quickStatusesLoaded, Touches::QuickNames);
     refreshOn(m_station.presence, &OwnPresence::changed, Touches::Room);
     refreshOn(m_station.network, &NetworkMC::canSendChanged, Touches::Online);
+    refreshOn(m_station.favorites, &Favorites::changed, Touches::FavoriteSlots);
     refreshOn(*m_views, &Views::currentRowChanged, Touches::Row);
 }
 

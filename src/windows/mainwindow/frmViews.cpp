@@ -5,6 +5,7 @@
 #include "engine/station.h"
 
 #include <QPixmap>
+#include <QShortcut>
 #include <QTimer>
 
 namespace tessel {
@@ -57,8 +58,7 @@ void Views::create(View view, ReportRecords& records, const QString& emptyText) 
     status.stretch = true;
     ReportColumn name = column("Active", LocationItem::Active, 160);
     name.text = true;
-    list->setColumns({color, name, status,
-                      column("Staff", LocationItem::Staff, 60)});
+    list->setColumns({color, name, status, column("Staff", LocationItem::Staff, 60)});
     list->setIconProvider(m_icon);
     list->setEmptyText(emptyText);
     list->setNoMatchText(tr("No location matches the search"));
@@ -75,7 +75,16 @@ void Views::create(View view, ReportRecords& records, const QString& emptyText) 
                 QTimer::singleShot(kSettleMs, this,
                                    [this, record, globalPos] { emit menuRequested(record, globalPos); });
             });
-    connect(list, &ReportControl::recordActivated, this, [this](const ReportRecordPtr&) { requestMenu(); });
+    connect(list, &ReportControl::recordActivated, this,
+            [this](const ReportRecordPtr& record) { m_station.actions.LaunchActionsWindow(*record); });
+    if (view == View::Favorites) {
+        auto* const remove = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
+        connect(remove, &QShortcut::activated, this, [this, list] {
+            if (const ReportRecordPtr record = list->currentRecord()) {
+                m_station.actions.RemovefromFavoriteList(*record);
+            }
+        });
+    }
 }
 
 void Views::loadBackgrounds() {
@@ -104,16 +113,6 @@ void Views::showCurrent() {
 
 const ReportRecord* Views::currentRow() const {
     return current().currentRecord().get();
-}
-
-void Views::requestMenu() {
-    ReportControl& list = current();
-    const ReportRecordPtr record = list.currentRecord();
-    if (record) {
-        list.scrollTo(list.currentIndex());
-        const QRect row = list.visualRect(list.currentIndex());
-        emit menuRequested(record, list.viewport()->mapToGlobal(row.bottomLeft()));
-    }
 }
 
 void Views::applyFont() {

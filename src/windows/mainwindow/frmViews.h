@@ -29,8 +29,6 @@ public:
     ReportControl& list(View view) const { return *m_lists.at(view); }
     // The row that a command starts from; nullptr for none.
     const ReportRecord* currentRow() const;
-    // Asks for the menu of the current row, at the row.
-    void requestMenu();
 
     void applyFont();
     void applyPreview();

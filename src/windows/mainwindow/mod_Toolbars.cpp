@@ -3,6 +3,7 @@
 #include "controls/bars/CommandBars.h"
 #include "controls/look/Images.h"
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/mainwindow/mod_Commands.h"
 #include "engine/presence/mod_LocationViews.h"
 
@@ -66,13 +67,13 @@ void refresh(CommandSet& controls, const Commands& commands, unsigned touched, c
         const int number = command.number();
         controls.setEnabled(number, commands.enabled(number, row));
         if (command.captionNow != nullptr) {
-            controls.setCaption(number, commands.caption(number));
+            controls.setCaption(number, commands.caption(number, row));
         }
         if (command.tipNow != nullptr) {
             controls.setTip(number, commands.tip(number));
         }
         if (command.pictureNow != nullptr) {
-            controls.setIcon(number, commands.picture(number));
+            controls.setIcon(number, commands.picture(number, row));
         }
         if (command.checked != nullptr) {
             controls.setChecked(number, commands.checked(number));
@@ -94,6 +95,10 @@ RibbonPlan CreateRibbon() {
     add(groups, "Status", {Command::SetStatus, Command::DND, Command::Occupied, Command::LocationNote});
     add(groups, "Alerts", {Command::RingDoorbell, Command::Notifications, Command::Refresh});
     add(groups, "Messages", {Command::NewMessage, Command::MessageMenu, Command::ManageSnippets});
+    groups.push_back({QStringLiteral("Staff"), {}});
+    for (int tag = kFirstStaffTag; IsLocationTag(tag); ++tag) {
+        groups.back().buttons.push_back({tag, false});
+    }
     add(groups, "View", {Command::Preview, Command::OnTop, Command::OccupiedLocations, Command::Usage});
     return plan;
 }
@@ -103,8 +108,8 @@ std::vector<int> CreateQuickBar() {
 }
 
 std::vector<int> CreateStatusBar_NoteBoard() {
-    return numbers({Command::SendDoorbell, Command::Notes, Command::SmallerFont, Command::LargerFont,
-                    Command::SortOptions});
+    return numbers({Command::SendDoorbell, Command::FavoritesList, Command::Notes, Command::SmallerFont,
+                    Command::LargerFont, Command::SortOptions});
 }
 
 std::vector<MenuEntry> CreateRightClickMenu_Local(const QString& heading) {

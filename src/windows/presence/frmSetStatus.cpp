@@ -1,10 +1,10 @@
 #include "windows/presence/frmSetStatus.h"
 
 #include "controls/edit/KeyFilterEdit.h"
-#include "controls/look/Images.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
+#include "windows/presence/StaffTagButtons.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -13,14 +13,12 @@
 #include <QLabel>
 #include <QMessageBox>
 #include <QPushButton>
-#include <QToolButton>
 
 namespace tessel {
 
 namespace {
 constexpr int kGrid = 8;
 constexpr int kColumns = 3;
-constexpr int kIconSize = 20;
 } // namespace
 
 frmSetStatus::frmSetStatus(Station& station, QWidget* parent)
@@ -101,24 +99,11 @@ QWidget* frmSetStatus::createQuickButtons() {
 QWidget* frmSetStatus::createStaffTags() {
     auto* const group = new QGroupBox(tr("Staff tag"), this);
     group->setObjectName(QStringLiteral("grpStaff"));
-    auto* const row = new QHBoxLayout(group);
-    row->setSpacing(kGrid / 2);
-    const Images images;
-    for (int index = 0; index < kStaffTagCount; ++index) {
-        auto* const button = new QToolButton(group);
-        const QString tip = QStringLiteral("Status tag %1").arg(index + 1);
-        button->setObjectName(QStringLiteral("StaffTag%1").arg(index));
-        button->setCheckable(true);
-        button->setIconSize(QSize(kIconSize, kIconSize));
-        button->setIcon(images.image(kFirstStaffTag + index, palette()));
-        button->setToolTip(tip);
-        button->setAccessibleName(tip);
-        button->setFocusPolicy(Qt::StrongFocus);
-        row->addWidget(button);
-        m_staffTags.push_back(button);
-        connect(button, &QToolButton::clicked, this, [this, index] { pressStaffTag(index); });
-    }
-    row->addStretch(1);
+    m_staffTags = new StaffTagButtons(group);
+    auto* const row = new QVBoxLayout(group);
+    row->addWidget(m_staffTags);
+    connect(m_staffTags, &StaffTagButtons::tagChosen, this,
+            [this](int tag) { m_station.presence.Set_StaffTag(static_cast<std::int16_t>(tag)); });
     return group;
 }
 
@@ -142,8 +127,8 @@ void frmSetStatus::showState() {
             (configured ? quick.Message : tr("Choose a status for this button")).toHtmlEscaped());
         button->setChecked(m_station.status.latched(index));
     }
-    for (int index = 0; index < static_cast<int>(m_staffTags.size()); ++index) {
-        m_staffTags[static_cast<std::size_t>(index)]->setChecked(own.staffTag == kFirstStaffTag + index);
+    if (m_staffTags != nullptr) {
+        m_staffTags->setTag(own.staffTag);
     }
 }
 
@@ -187,12 +172,6 @@ void frmSetStatus::pressQuick(int index) {
         break;
     }
     }
-}
-
-void frmSetStatus::pressStaffTag(int index) {
-    const auto tag = static_cast<std::int16_t>(kFirstStaffTag + index);
-    m_station.presence.Set_StaffTag(m_station.own.staffTag == tag ? std::int16_t{0} : tag);
-    showState();
 }
 
 } // namespace tessel

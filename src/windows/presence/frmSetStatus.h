@@ -8,11 +8,11 @@
 class QComboBox;
 class QGroupBox;
 class QPushButton;
-class QToolButton;
 
 namespace tessel {
 
 class KeyFilterEdit;
+class StaffTagButtons;
 class Station;
 
 class frmSetStatus : public QDialog {
@@ -28,7 +28,6 @@ private:
     void set();   // cmdSet
     void clear(); // cmdClear
     void pressQuick(int index);
-    void pressStaffTag(int index);
     // Index of the shared status that was picked from the list, -1 for a typed text.
     int pickedShared() const;
 
@@ -37,8 +36,8 @@ private:
     KeyFilterEdit* m_edit;
     QPushButton* m_set;
     QPushButton* m_clear;
-    std::vector<QPushButton*> m_quick;     // cmdStatus
-    std::vector<QToolButton*> m_staffTags; // StaffTag
+    std::vector<QPushButton*> m_quick;      // cmdStatus
+    StaffTagButtons* m_staffTags = nullptr; // none without the group
 };
 
 } // namespace tessel

@@ -121,7 +121,7 @@ TEST_F(CommandTable, OfflineAndSwitchesGreyOut) {
 TEST_F(CommandTable, RoomSaysWhoIsInIt) {
     EXPECT_EQ(me->commands.caption(205), "Seat Patient");
     EXPECT_FALSE(me->commands.checked(205));
-    EXPECT_EQ(does(205), QStringList({"XALU"}));
+    EXPECT_EQ(does(205), QStringList({shows(WindowId::PatientName)}));
     EXPECT_TRUE(me->own.occupied);
     EXPECT_EQ(me->commands.caption(433), "Remove Patient");
     EXPECT_TRUE(me->commands.checked(433));

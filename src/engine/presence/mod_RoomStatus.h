@@ -1,0 +1,68 @@
+// The board of occupied rooms: its rows, made from the Home list.
+#pragma once
+
+#include "engine/ports/cClock.h"
+#include "records/cReportRecords.h"
+
+#include <QObject>
+
+namespace tessel {
+
+class LocationViews;
+class RoomTimes;
+class Settings;
+struct OwnState;
+
+// Items of a row. The SID and what rows are sorted by are never shown, the time on the large board alone.
+enum class RoomItem { Icon, Active, Patient, Staff, SID, SORT, Time };
+inline constexpr int kRoomItems = 7;
+
+inline ReportItem& item(ReportRecord& record, RoomItem index) {
+    return record.item(static_cast<int>(index));
+}
+inline const ReportItem& item(const ReportRecord& record, RoomItem index) {
+    return record.item(static_cast<int>(index));
+}
+
+class RoomStatus : public QObject {
+    Q_OBJECT
+public:
+    // How the board is looked at: not at all, in its window, which is made anew once a minute, or as the
+    // large board, which follows each change within a second.
+    enum class Mode { Closed, Window, Large };
+
+    RoomStatus(const OwnState& own, Settings& settings, Clock& clock, const LocationViews& views,
+               const RoomTimes& times);
+
+    void setMode(Mode mode);
+    Mode mode() const { return m_mode; }
+    // Makes the board anew.
+    void Load_Active();
+    // Whether notes of locations are shown; flipping is stored.
+    bool previewMode() const;
+    void SetPreviewMode();
+
+    ReportRecords rptStatus{static_cast<int>(RoomItem::SID)};
+
+    Timer tmrRefresh;
+    Timer tmrFollow; // gathers the changes that the large board follows
+
+signals:
+    // The board was made anew by the clock or by hand; a search in it ends.
+    void loaded();
+    void previewModeChanged();
+
+private:
+    void fill();
+    // True when the row had to change.
+    bool Add_to_View(const ReportRecord& home, ReportRecord& row) const;
+
+    const OwnState& m_own;
+    Settings& m_settings;
+    Clock& m_clock;
+    const LocationViews& m_views;
+    const RoomTimes& m_times;
+    Mode m_mode = Mode::Closed;
+};
+
+} // namespace tessel

@@ -1,0 +1,54 @@
+#include "engine/presence/mod_RoomTimes.h"
+
+#include "engine/core/cSetting.h"
+#include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Limits.h"
+#include "engine/core/mod_TimeText.h"
+#include "engine/network/cPacket.h"
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+constexpr qsizetype kLongestTime = 16; // characters of a time of day
+constexpr int kHour = 60;              // minutes
+constexpr int kDay = 24 * kHour;
+// A location whose clock is ahead of this one's has been taken just now, not a day ago.
+constexpr int kClocksDiffer = 30;
+} // namespace
+
+void RoomTimes::hear(const cPacket& packet) {
+    const bool occupied = toBoolean(toText(packet.presenceValue(PresenceValue::Occupied)));
+    if (!occupied && m_since.isEmpty()) {
+        return;
+    }
+    const QString SID = packet.text(Field::SID);
+    if (!occupied) {
+        m_since.remove(SID);
+    } else if (m_since.size() < kMaxEndpoints || m_since.contains(SID)) {
+        const QByteArrayView time = packet.presenceValue(PresenceValue::OccupiedTime);
+        m_since.insert(SID, toText(time.first(std::min<qsizetype>(time.size(), kLongestTime))));
+    }
+}
+
+void RoomTimes::forget(const QStringList& SIDs) {
+    for (const QString& SID : SIDs) {
+        m_since.remove(SID);
+    }
+}
+
+QString RoomTimes::occupiedFor(const QString& SID, int nowSecond) const {
+    const QString start = since(SID);
+    if (parseTime(start) < 0) {
+        return {};
+    }
+    const int elapsed = minutesSince(start, nowSecond);
+    const int minutes = elapsed >= 0 ? elapsed : elapsed >= -kClocksDiffer ? 0 : elapsed + kDay;
+    return minutes < kHour ? QStringLiteral("%1 min").arg(minutes)
+                           : QStringLiteral("%1 h %2 min")
+                                 .arg(minutes / kHour)
+                                 .arg(minutes % kHour, 2, 10, QLatin1Char('0'));
+}
+
+} // namespace tessel

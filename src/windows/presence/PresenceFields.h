@@ -1,0 +1,29 @@
+// What the small windows about a location have in common.
+#pragma once
+
+#include "controls/edit/KeyFilterEdit.h"
+
+#include <initializer_list>
+
+class QDialog;
+class QHBoxLayout;
+class QPushButton;
+class QVBoxLayout;
+
+namespace tessel {
+
+// fltName: a patient's name, or the grey "Optional Name".
+KeyFilterEdit* patientField(QWidget* parent);
+// What stands in such a field; empty for the grey text.
+QString patientText(const KeyFilterEdit& field);
+// fltNote: a location note.
+KeyFilterEdit* noteField(const QString& note, QWidget* parent);
+
+QVBoxLayout* dialogLayout(QDialog& dialog);
+// A field under its label; "&" in the label marks the field's key.
+void addField(QVBoxLayout& layout, const QString& label, QWidget* field);
+QPushButton* button(const QString& name, const QString& caption, const QString& tip, QWidget* parent);
+// Buttons from the right edge inwards.
+QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
+
+} // namespace tessel

@@ -1,0 +1,33 @@
+// Seats a patient at another location, or removes the one who is there.
+#pragma once
+
+#include "engine/presence/mod_LocationActions.h"
+#include "windows/FormWindows.h"
+
+#include <QDialog>
+
+class QCheckBox;
+class QPushButton;
+
+namespace tessel {
+
+class KeyFilterEdit;
+
+class frmOccupiedRemote : public QDialog, public RequestedWindow {
+    Q_OBJECT
+public:
+    explicit frmOccupiedRemote(LocationActions& actions, QWidget* parent = nullptr);
+
+    void take(const WindowRequest& request) override;
+
+private:
+    void toggle();
+
+    LocationActions& m_actions;
+    LocationFacts m_facts;
+    QCheckBox* m_occupied;
+    KeyFilterEdit* m_name; // fltName
+    QPushButton* m_inUse;  // cmdLocInUse
+};
+
+} // namespace tessel

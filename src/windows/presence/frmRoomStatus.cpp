@@ -1,0 +1,221 @@
+#include "windows/presence/frmRoomStatus.h"
+
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportControl.h"
+#include "controls/list/ReportHeader.h"
+#include "engine/core/mod_Settings.h"
+#include "engine/presence/mod_LocationActions.h"
+#include "engine/presence/mod_LocationViews.h"
+#include "engine/presence/mod_RoomStatus.h"
+
+#include <QKeyEvent>
+#include <QLabel>
+#include <QShortcut>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <algorithm>
+
+namespace tessel {
+
+namespace {
+
+constexpr QSize kFirstSize(460, 420);
+constexpr int kGrid = 8;
+constexpr int kLeastLarge = 16;
+constexpr int kLargeRows = 14; // that a screen has room for, title among them
+
+ReportColumn column(const char* caption, RoomItem item, int width) {
+    ReportColumn made;
+    made.caption = QLatin1String(caption);
+    made.item = static_cast<int>(item);
+    made.width = width;
+    return made;
+}
+
+} // namespace
+
+frmRoomStatus::frmRoomStatus(RoomStatus& rooms, LocationActions& actions, const LocationViews& views,
+                             const Settings& settings)
+    : m_rooms(rooms), m_actions(actions), m_views(views), m_settings(settings),
+      m_search(new PromptEdit(QStringLiteral("Filter"), this)), m_board(new ReportControl(this)),
+      m_bar(new QToolBar(QStringLiteral("Main"), this)), m_title(new QLabel(this)) {
+    setWindowTitle(QStringLiteral("Occupied Locations"));
+    resize(kFirstSize);
+    Create_StatusView();
+    CreateStatusbar();
+
+    m_search->setObjectName(QStringLiteral("txtSearch"));
+    m_search->setAccessibleName(tr("Filter rooms"));
+    m_title->setText(windowTitle());
+    m_title->setVisible(false);
+    auto* const centre = new QWidget(this);
+    auto* const layout = new QVBoxLayout(centre);
+    layout->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
+    layout->setSpacing(kGrid);
+    layout->addWidget(m_title);
+    layout->addWidget(m_search);
+    layout->addWidget(m_board, 1);
+    setCentralWidget(centre);
+
+    connect(m_search, &PromptEdit::searchChanged, m_board, &ReportControl::setFilterText);
+    connect(m_search, &PromptEdit::leaveForList, this, [this] { m_board->setFocus(); });
+    connect(&m_rooms, &RoomStatus::loaded, m_search, &PromptEdit::clearSearch);
+    connect(&m_rooms, &RoomStatus::previewModeChanged, this, [this] {
+        m_notes->setChecked(m_rooms.previewMode());
+        m_board->setPreviewMode(m_rooms.previewMode());
+    });
+    connect(m_board, &ReportControl::recordActivated, this, [this](const ReportRecordPtr& row) {
+        if (const auto* const home = m_views.rptEndpoints.find(item(*row, RoomItem::SID).text)) {
+            m_actions.LaunchActionsWindow(*home);
+        }
+    });
+    m_board->setFocus();
+}
+
+frmRoomStatus::~frmRoomStatus() {
+    m_rooms.setMode(RoomStatus::Mode::Closed);
+}
+
+void frmRoomStatus::Create_StatusView() {
+    m_board->setObjectName(QStringLiteral("rptStatus"));
+    m_board->setAccessibleName(windowTitle());
+    m_board->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    m_board->setEmptyText(tr("No room is occupied"));
+    m_board->setNoMatchText(tr("No room matches the filter"));
+    m_board->setSortKeys({{static_cast<int>(RoomItem::SORT), false, true}});
+    m_board->setPreviewMode(m_rooms.previewMode());
+    m_board->setRecords(&m_rooms.rptStatus);
+    showColumns();
+}
+
+void frmRoomStatus::showColumns() {
+    ReportColumn name = column("Active", RoomItem::Active, 160);
+    ReportColumn patient = column("Patient", RoomItem::Patient, 140);
+    patient.stretch = true;
+    std::vector<ReportColumn> columns{column("", RoomItem::Icon, 24), name, patient,
+                                      column("Staff", RoomItem::Staff, 60)};
+    if (m_large) {
+        columns.push_back(column("Occupied for", RoomItem::Time, 110));
+    }
+    m_board->setColumns(std::move(columns));
+}
+
+void frmRoomStatus::CreateStatusbar() {
+    const auto add = [this](const char* name, const QString& caption, const QString& tip, Image picture,
+                            const QKeySequence& keys) {
+        QAction* const action = m_bar->addAction(m_images.image(picture, palette()), caption);
+        action->setObjectName(QLatin1String(name));
+        action->setToolTip(tip);
+        action->setShortcut(keys);
+        return action;
+    };
+    m_bar->setObjectName(QStringLiteral("Main"));
+    m_bar->setMovable(false);
+    m_bar->setContextMenuPolicy(Qt::PreventContextMenu);
+    m_bar->setToolButtonStyle(Qt::ToolButtonTextBesideIcon);
+    connect(add("mnuRefresh", QStringLiteral("  Refresh  "), tr("Look at the rooms anew (F5)"),
+                Image::Refresh, QKeySequence::Refresh),
+            &QAction::triggered, &m_rooms, &RoomStatus::Load_Active);
+    m_notes = add("mnuNotes", QStringLiteral("Toggle Location Notes"),
+                  tr("Show or hide the notes of locations"), Image::Notes, {});
+    m_notes->setCheckable(true);
+    m_notes->setChecked(m_rooms.previewMode());
+    connect(m_notes, &QAction::triggered, &m_rooms, &RoomStatus::SetPreviewMode);
+    connect(add("mnuLarge", tr("Large board"), tr("Fill the screen, for a wall (F11)"),
+                Image::OccupiedLocations, Qt::Key_F11),
+            &QAction::triggered, this, [this] { setLarge(!m_large); });
+    connect(add("mnuClose", QStringLiteral("  Close  "), QStringLiteral("Close Recents"), Image::MenuClose,
+                QKeySequence::Close),
+            &QAction::triggered, this, &QWidget::close);
+    addToolBar(Qt::BottomToolBarArea, m_bar);
+    // The bar's actions work while it is hidden, too.
+    addActions(m_bar->actions());
+}
+
+void frmRoomStatus::showLook() {
+    m_bar->setVisible(!m_large);
+    m_search->setVisible(!m_large);
+    m_title->setVisible(m_large);
+    showColumns();
+    sizeLetters();
+}
+
+void frmRoomStatus::setLarge(bool large) {
+    if (large == m_large) {
+        return;
+    }
+    m_large = large;
+    if (large) {
+        m_wasMaximised = isMaximized();
+    }
+    showLook();
+    if (large) {
+        showFullScreen();
+    } else if (m_wasMaximised) {
+        showMaximized();
+    } else {
+        showNormal();
+    }
+    m_rooms.setMode(large ? RoomStatus::Mode::Large : RoomStatus::Mode::Window);
+    m_board->setFocus();
+}
+
+void frmRoomStatus::sizeLetters() {
+    if (!m_large) {
+        m_board->setFontSize(m_settings.Fonts_EVFS());
+        return;
+    }
+    constexpr int kPointsPerInch = 72;
+    const int points = height() * kPointsPerInch / (2 * kLargeRows * logicalDpiY());
+    QFont letters = font();
+    letters.setPointSize(std::max(kLeastLarge, points));
+    m_title->setFont(letters);
+    m_board->setFontSize(letters.pointSize());
+}
+
+void frmRoomStatus::showEvent(QShowEvent* event) {
+    QMainWindow::showEvent(event);
+    if (m_rooms.mode() == RoomStatus::Mode::Closed) {
+        m_rooms.setMode(m_large ? RoomStatus::Mode::Large : RoomStatus::Mode::Window);
+    }
+    sizeLetters();
+}
+
+void frmRoomStatus::hideEvent(QHideEvent* event) {
+    QMainWindow::hideEvent(event);
+    if (!event->spontaneous()) {
+        m_rooms.setMode(RoomStatus::Mode::Closed);
+    }
+}
+
+void frmRoomStatus::closeEvent(QCloseEvent* event) {
+    QMainWindow::closeEvent(event);
+    if (m_large) {
+        // It comes back as a window.
+        m_large = false;
+        setWindowState(windowState() & ~Qt::WindowFullScreen);
+        showLook();
+    }
+}
+
+void frmRoomStatus::keyPressEvent(QKeyEvent* event) {
+    if (event->key() == Qt::Key_Escape) {
+        if (m_large) {
+            setLarge(false);
+        } else {
+            close();
+        }
+        return;
+    }
+    QMainWindow::keyPressEvent(event);
+}
+
+void frmRoomStatus::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    if (m_large) {
+        sizeLetters();
+    }
+}
+
+} // namespace tessel
