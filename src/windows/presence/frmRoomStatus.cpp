@@ -20,7 +20,7 @@ namespace tessel {
 
 namespace {
 
-constexpr QSize kFirstSize(460, 420);
+constexpr QSize kFirstSize(600, 420);
 constexpr int kGrid = 8;
 constexpr int kLeastLarge = 16;
 constexpr int kLargeRows = 14; // that a screen has room for, title among them
@@ -96,7 +96,7 @@ void frmRoomStatus::showColumns() {
     std::vector<ReportColumn> columns{column("", RoomItem::Icon, 24), name, patient,
                                       column("Staff", RoomItem::Staff, 60)};
     if (m_large) {
-        columns.push_back(column("Occupied for", RoomItem::Time, 110));
+        columns.push_back(column("Occupied for", RoomItem::Time, 125));
     }
     m_board->setColumns(std::move(columns));
 }
