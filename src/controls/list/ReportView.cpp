@@ -20,7 +20,8 @@ constexpr qint64 kFrame = 16; // milliseconds
 // thread to those who make it.
 constexpr qint64 kSyncShare = 8;
 constexpr int kLeastFont = 8;
-constexpr int kLargestFont = 200; // on a wall
+constexpr int kLargestFont = 20;
+constexpr int kLargestOnAWall = 200;
 constexpr int kEmptyMargin = 24;
 
 } // namespace
@@ -68,7 +69,15 @@ void ReportView::setIconProvider(ReportIconProvider provider) {
 }
 
 void ReportView::setFontSize(int points) {
-    m_fontSize = std::clamp(points, kLeastFont, kLargestFont);
+    sizeLetters(std::clamp(points, kLeastFont, kLargestFont));
+}
+
+void ReportView::setWallFontSize(int points) {
+    sizeLetters(std::clamp(points, kLeastFont, kLargestOnAWall));
+}
+
+void ReportView::sizeLetters(int points) {
+    m_fontSize = points;
     QFont sized = font();
     sized.setPointSize(m_fontSize);
     setFont(sized);

@@ -29,7 +29,8 @@ public:
     // Shows the rows in which every blank-separated word stands in a shown text.
     void setFilterText(const QString& text);
     void setIconProvider(ReportIconProvider provider);
-    void setFontSize(int points); // at least 8
+    void setFontSize(int points);     // 8 to 20
+    void setWallFontSize(int points); // 8 to 200, to be read from afar
     int fontSize() const { return m_fontSize; }
 
     void setEmptyText(const QString& text);            // there are no rows
@@ -116,6 +117,7 @@ protected:
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    void sizeLetters(int points);
     void noteChange();
     void schedule();
     void follow(const ReportOrder::Synced& synced, int currentRow);

@@ -171,7 +171,7 @@ void frmRoomStatus::sizeLetters() {
     QFont letters = font();
     letters.setPointSize(std::max(kLeastLarge, points));
     m_title->setFont(letters);
-    m_board->setFontSize(letters.pointSize());
+    m_board->setWallFontSize(letters.pointSize());
 }
 
 void frmRoomStatus::showEvent(QShowEvent* event) {
