@@ -146,9 +146,8 @@ void Station::wire() {
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
     connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { windows.bringUp(); });
     connect(&popups, &Popups::turnOffAlertBar, &alertBar, &AlertBar::TurnOff_AlertBar);
-    connect(&popups, &Popups::openMessageOptions, this, [this] {
-        windows.show({.window = WindowId::Options, .page = kMessageOptionsPage});
-    });
+    connect(&popups, &Popups::openMessageOptions, this,
+            [this] { windows.show({.window = WindowId::Options, .page = kMessageOptionsPage}); });
     connect(&popups, &Popups::openMessage, &inbox, &Inbox::GetMessageFromPopup);
     connect(&messages, &Messages::arrived, this, &Station::messageArrived);
     connect(&inbox, &Inbox::opened, &reply,

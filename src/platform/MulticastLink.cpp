@@ -81,7 +81,7 @@ MulticastLink::MulticastLink(const Room& room) : m_room(room), m_reader(std::mak
 }
 
 MulticastLink::~MulticastLink() {
-    close();
+    MulticastLink::close();
 }
 
 bool MulticastLink::fail(const char* step) {

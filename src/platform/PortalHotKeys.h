@@ -42,7 +42,7 @@ signals:
     void refused();
     void pressed(int id);
 
-private slots:
+private slots: // NOLINT(readability-redundant-access-specifiers): moc reads it
     void sessionMade(uint response, const QVariantMap& results);
     void shortcutsBound(uint response, const QVariantMap& results);
     void activated(const QDBusMessage& message);

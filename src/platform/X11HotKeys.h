@@ -12,7 +12,7 @@
 
 struct xcb_connection_t;
 struct xcb_key_press_event_t;
-struct _XCBKeySymbols;
+struct _XCBKeySymbols; // NOLINT(bugprone-reserved-identifier): the library's own name
 
 namespace tessel {
 

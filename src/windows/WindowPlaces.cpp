@@ -64,8 +64,7 @@ void keepPlace(QWidget& window, WindowRegistry& registry, bool allScreens) {
     const auto position = registry.GetFormPos(window.objectName());
     if (position.has_value()) {
         const QSize size = registry.GetFormSize(window.objectName()).value_or(window.sizeHint());
-        const QRect place =
-            placedOnScreens(position, size.expandedTo(window.minimumSizeHint()), screens);
+        const QRect place = placedOnScreens(position, size.expandedTo(window.minimumSizeHint()), screens);
         window.resize(place.size());
         window.move(place.topLeft());
         if (!isOnScreens(*position, screens)) {

@@ -61,7 +61,8 @@ TEST(SystemKeys, SetTheStatusFromWithinAnotherProgram) {
     StationProcess station(StationProcess::userFile("Desk", kSID, 5));
     QFile statuses(station.folder() + QStringLiteral("/status.dat"));
     ASSERT_TRUE(statuses.open(QIODevice::WriteOnly));
-    statuses.write("[status]\nN0=Desk\nM0=At the desk\nH0=1\nN1=Lunch\nM1=Lunch\nH1=1\nN2=Out\nM2=Out\nH2=4\n");
+    statuses.write(
+        "[status]\nN0=Desk\nM0=At the desk\nH0=1\nN1=Lunch\nM1=Lunch\nH1=1\nN2=Out\nM2=Out\nH2=4\n");
     statuses.close();
     station.start();
     ASSERT_TRUE(waitUntil({&air}, kSlow, [&] { return !air.of("XAN", kSID).empty(); }));
@@ -88,7 +89,8 @@ TEST(SystemKeys, SetTheStatusFromWithinAnotherProgram) {
     type({"key", "Caps_Lock"});
     press({"key", "F1"}, {});
     press({"key", "ctrl+F2"}, {}); // the other program's
-    EXPECT_TRUE(station.bytes(QStringLiteral("error.txt")).contains("Cannot Register HotKey for Quick Key 2"));
+    EXPECT_TRUE(
+        station.bytes(QStringLiteral("error.txt")).contains("Cannot Register HotKey for Quick Key 2"));
 
     // Held down for a second, a key is pressed once.
     const Moment since = std::chrono::steady_clock::now();

@@ -144,7 +144,8 @@ TEST_F(Kills, WhatWasShownIsInTheHistoryOnce) {
         victim.process->signal(SIGTERM);
         ASSERT_EQ(victim.process->waitEnd(kSlow), 0);
         std::map<int, int> kept;
-        for (const QString& record : readQuotedRecords(victim.process->bytes("recents.dat"), 1 << 20).records) {
+        for (const QString& record :
+             readQuotedRecords(victim.process->bytes("recents.dat"), 1 << 20).records) {
             ++kept[record.section(kMark, 4, 4).mid(6).toInt()];
         }
         for (const int number : victim.shown) {

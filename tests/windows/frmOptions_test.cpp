@@ -77,7 +77,8 @@ private:
 QString storedBy(const OptionRow& row, World& world) {
     const SettingKey& key = std::visit(
         [&](auto member) -> const SettingKey& { return (world[0]->settings.*member).key(); }, row.setting);
-    return world[0].get(kUserFile, QString::fromUtf8(key.section.data(), static_cast<int>(key.section.size())),
+    return world[0].get(kUserFile,
+                        QString::fromUtf8(key.section.data(), static_cast<int>(key.section.size())),
                         QString::fromUtf8(key.key.data(), static_cast<int>(key.key.size())));
 }
 
@@ -87,23 +88,23 @@ QString storedBy(const OptionRow& row, World& world) {
 TEST_F(Options, EachSettingHasOneControlThatWritesIt) {
     // Chosen where they are used, kept for their window, or without a meaning.
     QSet<QByteArray> elsewhere{
-        "User/TAG",       "User/FirstRun",   "Note/ACTIVE",     "NAV/1",           "MSGNAV/1",
-        "Settings/HLNAV", "Settings/SBT",    "Settings/SORTEV", "Settings/SORTSV", "Settings/SORTFV",
-        "Settings/SNPM0", "Settings/SNPM1",  "Settings/SNPM2",  "Settings/PV",     "Settings/OSPV",
-        "Settings/LSNAV", "Settings/APN",    "Advanced/FRAME",  "Color/LSTB",      "Messages/MSG_BACK",
-        "Recents/DB",     "Recents/DBG",     "Recents/PC",      "Recents/ST",      "Recents/STC",
-        "Recents/MSG",    "Recents/LU",      "Recents/STAG",    "Recents/STAGC",   "Recents/STF",
-        "Recents/LUC",    "Recents/LUF",     "Metrics/PAL",     "Metrics/CHART",   "Metrics/NETS",
+        "User/TAG",       "User/FirstRun",  "Note/ACTIVE",     "NAV/1",           "MSGNAV/1",
+        "Settings/HLNAV", "Settings/SBT",   "Settings/SORTEV", "Settings/SORTSV", "Settings/SORTFV",
+        "Settings/SNPM0", "Settings/SNPM1", "Settings/SNPM2",  "Settings/PV",     "Settings/OSPV",
+        "Settings/LSNAV", "Settings/APN",   "Advanced/FRAME",  "Color/LSTB",      "Messages/MSG_BACK",
+        "Recents/DB",     "Recents/DBG",    "Recents/PC",      "Recents/ST",      "Recents/STC",
+        "Recents/MSG",    "Recents/LU",     "Recents/STAG",    "Recents/STAGC",   "Recents/STF",
+        "Recents/LUC",    "Recents/LUF",    "Metrics/PAL",     "Metrics/CHART",   "Metrics/NETS",
         "Metrics/NETR",   "Metrics/NETLR"};
     open();
     QSet<QByteArray> reached;
     for (const OptionRow& row : optionRows()) {
         SCOPED_TRACE(row.control);
-        const SettingKey& key = std::visit(
-            [&](auto member) -> const SettingKey& { return (world[0]->settings.*member).key(); }, row.setting);
-        const QByteArray name =
-            QByteArray(key.section.data(), static_cast<qsizetype>(key.section.size())) + '/' +
-            QByteArray(key.key.data(), static_cast<qsizetype>(key.key.size()));
+        const SettingKey& key =
+            std::visit([&](auto member) -> const SettingKey& { return (world[0]->settings.*member).key(); },
+                       row.setting);
+        const QByteArray name = QByteArray(key.section.data(), static_cast<qsizetype>(key.section.size())) +
+                                '/' + QByteArray(key.key.data(), static_cast<qsizetype>(key.key.size()));
         EXPECT_FALSE(reached.contains(name));
         reached.insert(name);
         EXPECT_EQ(form->findChildren<QWidget*>(QLatin1String(row.control)).size(), 1);
@@ -146,15 +147,15 @@ TEST_F(Options, EachSettingHasOneControlThatWritesIt) {
         }
     }
     for (const SettingKey& key : settings_table::kKeys) {
-        const QByteArray name =
-            QByteArray(key.section.data(), static_cast<qsizetype>(key.section.size())) + '/' +
-            QByteArray(key.key.data(), static_cast<qsizetype>(key.key.size()));
+        const QByteArray name = QByteArray(key.section.data(), static_cast<qsizetype>(key.section.size())) +
+                                '/' + QByteArray(key.key.data(), static_cast<qsizetype>(key.key.size()));
         EXPECT_TRUE(reached.contains(name) || elsewhere.contains(name) || name == "Advanced/FilterColor")
             << name.constData() << " has no control";
         EXPECT_FALSE(reached.contains(name) && elsewhere.contains(name)) << name.constData();
     }
-    for (const char* const name : {"chkAutomaticallyStart", "cmdSaveUserName", "PusCheckFor", "cmdUpdateOptions",
-                                   "cmdREsetPopupAlertLocations", "GroSoftwareUpdates", "grpSharedStatus"}) {
+    for (const char* const name :
+         {"chkAutomaticallyStart", "cmdSaveUserName", "PusCheckFor", "cmdUpdateOptions",
+          "cmdREsetPopupAlertLocations", "GroSoftwareUpdates", "grpSharedStatus"}) {
         EXPECT_EQ(form->findChildren<QWidget*>(QLatin1String(name)).size(), 1) << name;
     }
 }
@@ -293,7 +294,8 @@ TEST_F(Options, AllTwelveLocksHold) {
     frmStatusButtonEditor editor(world[0]->own, world[0]->admin, world[0]->network, world[0]->tones,
                                  world[0]->sharedStatus);
     editor.show();
-    for (const char* const name : {"cmdSave", "cmdSaveQuit", "cmdCancel", "cmdDelete", "cmdPush", "cmdRemoveAll"}) {
+    for (const char* const name :
+         {"cmdSave", "cmdSaveQuit", "cmdCancel", "cmdDelete", "cmdPush", "cmdRemoveAll"}) {
         EXPECT_FALSE(editor.findChild<QPushButton*>(QLatin1String(name))->isEnabled()) << name;
     }
     auto* const author = editor.findChild<QListWidget*>();
@@ -324,7 +326,8 @@ TEST_F(Options, TheSharedListIsEditedAndSentAfterAQuestion) {
     press("cmdPush");
     ASSERT_NE(openBox(), nullptr);
     EXPECT_EQ(openBox()->windowTitle(), "Send");
-    EXPECT_TRUE(openBox()->text().startsWith("Send these Shared Status settings to all online locations?\n\nNote: "));
+    EXPECT_TRUE(
+        openBox()->text().startsWith("Send these Shared Status settings to all online locations?\n\nNote: "));
     openBox()->button(QMessageBox::Yes)->click();
     QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
     world.run(2);
@@ -342,9 +345,9 @@ TEST_F(Options, ARandomUserBreaksNothing) {
     std::mt19937 random(20260312);
     open();
     constexpr int kSteps = 1000;
-    constexpr Qt::Key kKeys[] = {Qt::Key_Tab,  Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Down, Qt::Key_Up,
-                                 Qt::Key_Left, Qt::Key_Right,   Qt::Key_PageDown, Qt::Key_Delete, Qt::Key_A,
-                                 Qt::Key_7,    Qt::Key_Escape};
+    constexpr Qt::Key kKeys[] = {Qt::Key_Tab,    Qt::Key_Backtab, Qt::Key_Space, Qt::Key_Down,
+                                 Qt::Key_Up,     Qt::Key_Left,    Qt::Key_Right, Qt::Key_PageDown,
+                                 Qt::Key_Delete, Qt::Key_A,       Qt::Key_7,     Qt::Key_Escape};
     for (int step = 0; step < kSteps; ++step) {
         if (form == nullptr || !form->isVisible()) {
             open({.window = WindowId::Options, .page = static_cast<int>(random() % kOptionsPages)});
@@ -380,7 +383,8 @@ TEST_F(Options, ARandomUserBreaksNothing) {
         const QString text = toText(world[0].fileBytes(name));
         EXPECT_FALSE(text.contains(QChar(0)));
         for (const QString& line : text.split(u'\n', Qt::SkipEmptyParts)) {
-            EXPECT_TRUE(line.trimmed().isEmpty() || line.startsWith(u'[') || line.contains(u'=')) << qPrintable(line);
+            EXPECT_TRUE(line.trimmed().isEmpty() || line.startsWith(u'[') || line.contains(u'='))
+                << qPrintable(line);
         }
     }
     EXPECT_EQ(user("User", "SID"), world[0]->own.SID);

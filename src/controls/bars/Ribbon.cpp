@@ -177,7 +177,8 @@ Ribbon::Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent)
     connect(m_more->menu(), &QMenu::aboutToShow, this, &Ribbon::fillMore);
     m_buttons->adopt(m_fold);
     connect(m_fold, &QToolButton::clicked, this, [this] { setMinimised(!m_minimised); });
-    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_R, this), &QShortcut::activated, m_fold, &QToolButton::click);
+    connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_R, this), &QShortcut::activated, m_fold,
+            &QToolButton::click);
     m_fold->setVisible(!m_groups.empty());
     layOut();
     setTabOrder(m_tabs, this);

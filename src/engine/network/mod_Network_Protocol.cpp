@@ -74,9 +74,8 @@ int NetworkProtocol::bodyRoom(Code code) const {
     const int most =
         m_maxPacketSize > 0 && m_maxPacketSize < kLargestDatagram ? m_maxPacketSize : kLargestDatagram;
     const CatalogueRow& row = rowOf(code);
-    const auto around =
-        head(latin1(row.name), latin1(row.third)).size() +
-        static_cast<qsizetype>(kFieldMark.size() + kPacketEnd.size());
+    const auto around = head(latin1(row.name), latin1(row.third)).size() +
+                        static_cast<qsizetype>(kFieldMark.size() + kPacketEnd.size());
     return most - static_cast<int>(around);
 }
 

@@ -45,7 +45,8 @@ void setStatus(Targets& targets, const QString& slot) {
 void setStaff(Targets& targets, const QString& text) {
     const int value = number(text);
     if (value >= 0 && value <= kStaffTagCount) {
-        targets.presence.announceStaffTag(static_cast<std::int16_t>(value == 0 ? 0 : value + kFirstStaffTag - 1));
+        targets.presence.announceStaffTag(
+            static_cast<std::int16_t>(value == 0 ? 0 : value + kFirstStaffTag - 1));
     }
 }
 
@@ -92,8 +93,7 @@ constexpr std::array kVerbs{
          },
          "open the doorbell window"},
     Verb{"/busy", kNoArgument, true, false,
-         [](Targets& t, const QString&) { t.presence.SetOccupiedStatus(false); },
-         "occupied on or off"},
+         [](Targets& t, const QString&) { t.presence.SetOccupiedStatus(false); }, "occupied on or off"},
     Verb{"/status", LocalStatus::kLongestStatus, false, false,
          [](Targets& t, const QString& text) { t.status.SetCustomStatus(text); }, "set this status"},
     Verb{"/ss", 2, false, false,

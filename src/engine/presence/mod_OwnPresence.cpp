@@ -31,15 +31,14 @@ void OwnPresence::attachHandlers(NetworkProtocol& protocol) {
     protocol.attach(Code::XALS, [this](const cPacket&) { SetOccupiedStatus(false); });
     protocol.attach(Code::XALSN,
                     [this](const cPacket& packet) { SetOccupiedStatusRemote(true, asked(packet, 1)); });
-    protocol.attach(Code::XASTR,
-                    [this](const cPacket& packet) {
-                        // What cannot be read is no order to clear the tag.
-                        bool readable = false;
-                        const short tag = packet.bodyValue(1).trimmed().toShort(&readable);
-                        if (readable) {
-                            Set_StaffTag(tag);
-                        }
-                    });
+    protocol.attach(Code::XASTR, [this](const cPacket& packet) {
+        // What cannot be read is no order to clear the tag.
+        bool readable = false;
+        const short tag = packet.bodyValue(1).trimmed().toShort(&readable);
+        if (readable) {
+            Set_StaffTag(tag);
+        }
+    });
     protocol.attach(Code::XALN, [this](const cPacket& packet) { SetLocationNote(asked(packet, 1)); });
 }
 

@@ -56,11 +56,13 @@ frmAbout::frmAbout(const Folders& folders, Session& session, QWidget* parent) : 
     facts->setLabelAlignment(Qt::AlignLeft);
     facts->setVerticalSpacing(kGrid);
     facts->addRow(tr("Version:"), fact(QLatin1String(kVersion), this));
-    facts->addRow(tr("Licence:"), fact(tr("All rights are with the developers of %1.").arg(kProductName), this));
-    facts->addRow(tr("Libraries:"),
-                  fact(tr("Qt %1 (LGPL 3), XCB (MIT); for sounds libsndfile and PulseAudio's client (LGPL 2.1)")
-                           .arg(QLatin1String(qVersion())),
-                       this));
+    facts->addRow(tr("Licence:"),
+                  fact(tr("All rights are with the developers of %1.").arg(kProductName), this));
+    facts->addRow(
+        tr("Libraries:"),
+        fact(tr("Qt %1 (LGPL 3), XCB (MIT); for sounds libsndfile and PulseAudio's client (LGPL 2.1)")
+                 .arg(QLatin1String(qVersion())),
+             this));
     auto* const folder = new QPushButton(tr("&Show"), this);
     folder->setObjectName(QStringLiteral("cmdDataFolder"));
     folder->setAutoDefault(false);

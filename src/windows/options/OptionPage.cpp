@@ -113,8 +113,8 @@ QFormLayout* OptionPage::form(const QString& heading) {
 }
 
 void OptionPage::remember(QFormLayout* form, QWidget* field, const QString& words) {
-    m_rows.push_back({form, field,
-                      (words + u' ' + static_cast<QGroupBox*>(form->parentWidget())->title()).toLower()});
+    m_rows.push_back(
+        {form, field, (words + u' ' + static_cast<QGroupBox*>(form->parentWidget())->title()).toLower()});
 }
 
 void OptionPage::addRow(const QString& heading, const QString& caption, QWidget* field,
@@ -265,11 +265,12 @@ QWidget* OptionPage::makeControl(const OptionRow& row) {
             dialog->setAttribute(Qt::WA_DeleteOnClose);
             dialog->setOption(QColorDialog::DontUseNativeDialog);
             dialog->setWindowTitle(tr(row.caption));
-            connect(dialog, &QColorDialog::colorSelected, this, [this, &setting, applied](const QColor& color) {
-                setting.set(color.rgb());
-                applied();
-                readSettings();
-            });
+            connect(dialog, &QColorDialog::colorSelected, this,
+                    [this, &setting, applied](const QColor& color) {
+                        setting.set(color.rgb());
+                        applied();
+                        readSettings();
+                    });
             dialog->open();
         });
         return button;

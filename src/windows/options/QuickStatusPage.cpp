@@ -291,9 +291,9 @@ void QuickStatusPage::clearSlot(int slot) {
 
 void QuickStatusPage::makeShortcut(int slot) {
     const Slot& row = m_slots[static_cast<std::size_t>(slot)];
-    const Shortcuts::Answer answer =
-        m_station.shortcuts.create(slot, row.name->text(), row.text->text());
-    auto* const box = new QMessageBox(QMessageBox::Information, answer.caption, answer.text, QMessageBox::Ok, this);
+    const Shortcuts::Answer answer = m_station.shortcuts.create(slot, row.name->text(), row.text->text());
+    auto* const box =
+        new QMessageBox(QMessageBox::Information, answer.caption, answer.text, QMessageBox::Ok, this);
     box->setTextFormat(Qt::PlainText);
     box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     box->setAttribute(Qt::WA_DeleteOnClose);

@@ -168,7 +168,8 @@ void frmOptions::addLocation(OptionPage& to) {
     name->setMaximumLength(kLongestLocation);
     name->setText(m_station.own.location);
     name->setToolTip(tr("How the other locations call this one"));
-    auto* const save = button(tr("Sa&ve name"), "cmdSaveUserName", tr("Tells all locations the new name"), this);
+    auto* const save =
+        button(tr("Sa&ve name"), "cmdSaveUserName", tr("Tells all locations the new name"), this);
     save->setEnabled(false);
     connect(name, &QLineEdit::textChanged, save, [this, name, save] {
         const QString text = name->text().trimmed();
@@ -204,7 +205,8 @@ void frmOptions::addLocation(OptionPage& to) {
     const auto store = [this, picker] {
         const int tag = picker->chosen() < 0 ? kNoTag : picker->chosen() + 1;
         if (tag != m_station.own.TAG) {
-            QTimer::singleShot(0, &m_station, [&station = m_station, tag] { station.profile.setColorTag(tag); });
+            QTimer::singleShot(0, &m_station,
+                               [&station = m_station, tag] { station.profile.setColorTag(tag); });
         }
     };
     connect(picker, &ColorTagPicker::chosenChanged, settled, qOverload<>(&QTimer::start));
@@ -230,7 +232,8 @@ void frmOptions::addLocation(OptionPage& to) {
 }
 
 void frmOptions::addUpdates(OptionPage& to) {
-    auto* const check = button(tr("Check for &updates now"), "PusCheckFor", tr("Starts the update helper"), this);
+    auto* const check =
+        button(tr("Check for &updates now"), "PusCheckFor", tr("Starts the update helper"), this);
     auto* const configure =
         button(tr("Update options…"), "cmdUpdateOptions", tr("Settings of the update helper"), this);
     const bool there = m_station.updates.allowed();
@@ -248,7 +251,8 @@ void frmOptions::addUpdates(OptionPage& to) {
 }
 
 void frmOptions::addPopups(OptionPage& to) {
-    auto* const show = button(tr("Show a popup"), "cmdTestPopup", tr("To see how popups look, and to move one"), this);
+    auto* const show =
+        button(tr("Show a popup"), "cmdTestPopup", tr("To see how popups look, and to move one"), this);
     auto* const reset = button(tr("Reset the places of the popups"), "cmdREsetPopupAlertLocations",
                                tr("All popups come up in the lower right corner again"), this);
     connect(show, &QPushButton::clicked, this, [this] {
@@ -272,8 +276,10 @@ void frmOptions::addSounds(OptionPage& to) {
     to.addRow(QStringLiteral("Sounds"), {}, play, tr("test sound speakers hear"));
     auto* const kinds = button(tr("Choose what the list &keeps…"), "cmdRecentOptions",
                                tr("Which kinds of notifications are kept, and clearing them"), this);
-    connect(kinds, &QPushButton::clicked, this, [this] { m_station.windows.show({WindowId::RecentOptions}); });
-    to.addRow(QStringLiteral("Notification history"), {}, kinds, tr("recents notification list options clear"));
+    connect(kinds, &QPushButton::clicked, this,
+            [this] { m_station.windows.show({WindowId::RecentOptions}); });
+    to.addRow(QStringLiteral("Notification history"), {}, kinds,
+              tr("recents notification list options clear"));
 }
 
 void frmOptions::addNetwork(OptionPage& to) {
@@ -296,13 +302,14 @@ void frmOptions::addNetwork(OptionPage& to) {
             [this, save](int row) { save->setEnabled(row != m_station.networkGroupRow()); });
     connect(save, &QPushButton::clicked, this, [this, groups, save] {
         save->setEnabled(false);
-        QTimer::singleShot(0, &m_station,
-                           [&station = m_station, row = groups->currentIndex()] { station.SaveNetwork(row); });
+        QTimer::singleShot(0, &m_station, [&station = m_station, row = groups->currentIndex()] {
+            station.SaveNetwork(row);
+        });
     });
     to.addRow(QLatin1String(kGroup), tr("&Group:"), besides(groups, save), tr("network group multicast"));
 
-    const auto opens = [this, &to](const QString& caption, const char* name, const QString& tip, WindowId window,
-                                   const QString& words) {
+    const auto opens = [this, &to](const QString& caption, const char* name, const QString& tip,
+                                   WindowId window, const QString& words) {
         QPushButton* const made = button(caption, name, tip, this);
         connect(made, &QPushButton::clicked, this, [this, window] { m_station.windows.show({window}); });
         to.addRow(QLatin1String(kConnection), {}, made, words);

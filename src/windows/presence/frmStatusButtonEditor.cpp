@@ -25,14 +25,12 @@ constexpr int kRowsInSight = 10;
 constexpr int kAuthorLines = 6;
 
 constexpr char kSend[] = "Send";
-constexpr char kPushQuestion[] =
-    "Send these Shared Status settings to all online locations?\n\n"
-    "Note: Make sure all locations are online, if not you will need to "
-    "resend these settings once they are. This action cannot be undone.";
-constexpr char kRemoveQuestion[] =
-    "Remove the Shared Status settings form all online locations?\n\n"
-    "Note: Make sure all locations are online, if not you will need to "
-    "remove these settings once they are. This action cannot be undone.";
+constexpr char kPushQuestion[] = "Send these Shared Status settings to all online locations?\n\n"
+                                 "Note: Make sure all locations are online, if not you will need to "
+                                 "resend these settings once they are. This action cannot be undone.";
+constexpr char kRemoveQuestion[] = "Remove the Shared Status settings form all online locations?\n\n"
+                                   "Note: Make sure all locations are online, if not you will need to "
+                                   "remove these settings once they are. This action cannot be undone.";
 constexpr char kDeleteCaption[] = "Delete Shared Status File";
 constexpr char kDeleteQuestion[] = "Delete this Shared Status file.\nNote: This action cannot be undone.";
 
@@ -164,7 +162,8 @@ void frmStatusButtonEditor::createButtons() {
     });
     connect(m_cancel, &QPushButton::clicked, this, &QDialog::reject);
     connect(m_delete, &QPushButton::clicked, this, [this] {
-        ask(QLatin1String(kDeleteCaption), QLatin1String(kDeleteQuestion), &frmStatusButtonEditor::deleteFile);
+        ask(QLatin1String(kDeleteCaption), QLatin1String(kDeleteQuestion),
+            &frmStatusButtonEditor::deleteFile);
     });
     connect(m_push, &QPushButton::clicked, this, [this] {
         ask(QLatin1String(kSend), QLatin1String(kPushQuestion), &frmStatusButtonEditor::push);
