@@ -3,8 +3,6 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Limits.h"
 #include "engine/network/mod_FitText.h"
-#include "engine/network/mod_NetworkGroups.h"
-#include "engine/operations/mod_Diagnostics.h"
 #include "engine/ports/cPopupDisplay.h"
 #include "engine/ports/cSession.h"
 #include "engine/ports/cWindows.h"
@@ -13,9 +11,6 @@ namespace tessel {
 
 namespace {
 const QString kUserSection = QStringLiteral("User");
-const QString kProgramSection = QStringLiteral("Program");
-const QString kConfigSection = QStringLiteral("Config");
-const QString kNetKey = QStringLiteral("net");
 
 // What files and the system say of this location may be written by hand or from afar, and travels in
 // every packet: a packet must stay whole, and short enough to send.
@@ -37,6 +32,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       data(ini, folders),
       log(m_clock, folders, own),
       settings(data),
+      record(own, m_facts, data, m_clock),
       identity(own, data, log, m_clock, seed),
       protocol(own, settings, m_link),
       network(own, data, log, m_clock, m_link, protocol),
@@ -69,6 +65,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       footer(own, m_clock),
       shell(settings, views, m_clock),
       updates(own, folders, admin, m_clock, session),
+      diagnostics(own, m_facts, settings, admin, network, tones),
       commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
@@ -242,7 +239,7 @@ void Station::mainLoaded() {
     if (settings.Sound_ST() && settings.Sound_SC()) {
         tones.PlayTone(QStringLiteral("Startup"));
     }
-    writeProgramRecord();
+    record.writeStart();
     network.tmrNetStart.setEnabled(true);
 }
 
@@ -267,40 +264,6 @@ void Station::SaveUserName(const WelcomeChoices& choices) {
     session.SetAutoStart(true);
 }
 
-int Station::networkGroupRow() const {
-    const QString net = data.ReadSetting(kNetFile, kConfigSection, kNetKey, QStringLiteral("0"));
-    return static_cast<int>(&networkGroup(net) - kNetworkGroups.data());
-}
-
-void Station::SaveNetwork(int group) {
-    if (group == networkGroupRow()) {
-        return;
-    }
-    data.WriteSetting(kNetFile, kConfigSection, kNetKey, QString::number(group));
-    footer.SetFooter({}, {}, false);
-    network.RestartNetwork();
-}
-
-QString Station::diagInfo() const {
-    return GetDiagInfo(own, m_facts, network, settings, admin, tones.trouble());
-}
-
-void Station::resetSID() {
-    log.LogEvent(QStringLiteral("SID Reset"), QStringLiteral("SID Deleted"), own.SID);
-    identity.ResetSID();
-    network.RestartNetwork();
-}
-
-void Station::writeProgramRecord() {
-    data.WriteSettings(kUserFile, kProgramSection,
-                       {{QStringLiteral("VER"), QString::fromLatin1(kVersion)},
-                        {QStringLiteral("OS"), m_facts.osName},
-                        {QStringLiteral("WIN"), own.windowsUserName},
-                        {QStringLiteral("START"), own.startTime},
-                        {QStringLiteral("DATE"), own.startDate},
-                        {QStringLiteral("SHTDWN"), QString()}});
-}
-
 CloseAction Station::closing(CloseReason reason) {
     switch (reason) {
     case CloseReason::User:
@@ -319,18 +282,6 @@ CloseAction Station::closing(CloseReason reason) {
     return CloseAction::Close;
 }
 
-void Station::disableTimers() {
-    for (Timer* const timer :
-         {&network.tmrNetStart, &network.tmrSettle, &hearing.tmrRenew, &network.tmrAnnounce, &network.tmrKA,
-          &updates.tmrUpdates, &status.tmrChangeLimiter, &footer.tmrFooter, &alerts.tmrShake,
-          &popups.tmrStatusPopup, &popups.tmrAlertPopup, &popups.tmrMessagePopup, &shell.tmrTime,
-          &shortKeys.tmrKeyMod, &tmrExit}) {
-        timer->setEnabled(false);
-    }
-    alertBar.tstmrAlertOff.setEnabled(false);
-    inbox.tmrSaveInbox.setEnabled(false);
-}
-
 void Station::ExitProc() {
     // Timers and the user go on during the wait for the goodbye; nobody may end the program twice.
     if (m_ended) {
@@ -347,12 +298,10 @@ void Station::ExitProc() {
     }
     usage.SaveNetworkUsage(false);
     m_popupDisplay.closeAll();
-    disableTimers();
+    m_clock.stopTimers();
     hotKeys.UnloadHotKeys();
     sharedStatus.writePending();
-    data.WriteSettings(
-        kUserFile, kProgramSection,
-        {{QStringLiteral("SHTDWN"), m_clock.timeText()}, {QStringLiteral("SHTDWNDATE"), m_clock.dateText()}});
+    record.writeEnd();
     history.unload();
     saver.unload();
     windows.unloadForms();

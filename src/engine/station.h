@@ -17,9 +17,11 @@
 #include "engine/core/cInifile.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/cSaver.h"
+#include "engine/core/cStationClock.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_INIData.h"
-#include "engine/core/mod_Main.h"
+#include "engine/core/mod_Identity.h"
+#include "engine/core/mod_ProgramRecord.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/mainwindow/mod_Commands.h"
 #include "engine/mainwindow/mod_Footer.h"
@@ -30,6 +32,7 @@
 #include "engine/network/mod_Network_MC.h"
 #include "engine/network/mod_Network_Protocol.h"
 #include "engine/operations/mod_Admin.h"
+#include "engine/operations/mod_Diagnostics.h"
 #include "engine/operations/mod_HotKeys.h"
 #include "engine/operations/mod_LocationProfile.h"
 #include "engine/operations/mod_NetworkUsage.h"
@@ -92,13 +95,6 @@ public:
     QString storedLocationName() const;
     // Reads the location's name anew.
     void loadLocationName();
-    // Stores another network group, and restarts the network if it differs from the stored one.
-    void SaveNetwork(int group);
-    int networkGroupRow() const;
-    // The facts of this location, one a line.
-    QString diagInfo() const;
-    // Gives the station a new SID at its next start, and resets the network.
-    void resetSID();
 
     Windows& windows;
     Session& session;
@@ -106,7 +102,7 @@ public:
 
 private:
     SystemFacts m_facts;
-    Clock& m_clock;
+    StationClock m_clock;
     Link& m_link;
     PopupDisplay& m_popupDisplay;
 
@@ -118,7 +114,8 @@ public:
     cSaver saver{own, m_clock, log};
     Admin admin;
     Settings settings;
-    Main identity;
+    ProgramRecord record;
+    Identity identity;
     NetworkProtocol protocol;
     LinkLoad linkLoad{m_link, protocol, log, m_clock};
     NetworkMC network;
@@ -152,6 +149,7 @@ public:
     Footer footer;
     Shell shell;
     Updates updates;
+    Diagnostics diagnostics;
     Commands commands;
     RemoteCommands remoteCommands;
 
@@ -161,8 +159,6 @@ private:
     void wire();
     void attachOrders();
     void messageArrived(const ReceivedMessage& message);
-    void disableTimers();
-    void writeProgramRecord();
 
     bool m_ended = false;
 };

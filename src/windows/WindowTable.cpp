@@ -48,9 +48,10 @@ constexpr std::array kWindows{
               [](const WindowParts& p) -> QWidget* {
                   return new frmAdapters(p.station.own, p.station.network, p.station.tmrExit, p.owner);
               }},
-    WindowRow{
-        WindowId::NetworkInfo, "frmNetworkInfo", Life::Dialog,
-        [](const WindowParts& p) -> QWidget* { return new frmNetworkInfo(p.station.diagInfo(), p.owner); }},
+    WindowRow{WindowId::NetworkInfo, "frmNetworkInfo", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmNetworkInfo(p.station.diagnostics.GetDiagInfo(), p.owner);
+              }},
     WindowRow{WindowId::SetStatus, "frmSetStatus", Life::Dialog,
               [](const WindowParts& p) -> QWidget* { return new frmSetStatus(p.station, p.owner); }},
     WindowRow{WindowId::Options, "frmOptions", Life::Dialog,

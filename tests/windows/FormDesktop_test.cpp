@@ -117,6 +117,6 @@ TEST_F(RealDesktop, InformationIsCopiedWhole) {
             QTest::keyClick(form, Qt::Key_Escape);
         }
     }
-    EXPECT_EQ(QApplication::clipboard()->text(), station.diagInfo());
+    EXPECT_EQ(QApplication::clipboard()->text(), station.diagnostics.GetDiagInfo());
     EXPECT_TRUE(QApplication::clipboard()->text().startsWith("Location: Room 1\n"));
 }

@@ -1,7 +1,7 @@
 // The alert bar across the views: the one trace of an alert that always shows.
 #pragma once
 
-#include "engine/core/cTsTimer.h"
+#include "engine/core/tsTimerCTL.h"
 
 #include <QObject>
 #include <QString>

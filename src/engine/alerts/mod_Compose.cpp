@@ -4,7 +4,7 @@
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
-#include "engine/core/mod_Main.h"
+#include "engine/core/mod_Identity.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/network/mod_Endpoints.h"
 #include "engine/network/mod_FitText.h"
@@ -32,7 +32,7 @@ QString FitMessage(const QString& text) {
 }
 
 Compose::Compose(const OwnState& own, const Settings& settings, const Clock& clock, NetworkProtocol& protocol,
-                 const Endpoints& endpoints, Main& identity, NotificationHistory& history, Tones& tones)
+                 const Endpoints& endpoints, Identity& identity, NotificationHistory& history, Tones& tones)
     : m_own(own), m_settings(settings), m_clock(clock), m_protocol(protocol), m_endpoints(endpoints),
       m_identity(identity), m_history(history), m_tones(tones) {}
 

@@ -10,7 +10,7 @@
 namespace tessel {
 
 class Endpoints;
-class Main;
+class Identity;
 class NetworkProtocol;
 class Tones;
 enum class Code : std::uint8_t;
@@ -57,7 +57,7 @@ public:
     static constexpr int kShortestMessage = 2;
 
     Compose(const OwnState& own, const Settings& settings, const Clock& clock, NetworkProtocol& protocol,
-            const Endpoints& endpoints, Main& identity, NotificationHistory& history, Tones& tones);
+            const Endpoints& endpoints, Identity& identity, NotificationHistory& history, Tones& tones);
 
     // The payload of a new message. Draws its id and enters it in the history; sends nothing. `several`:
     // `recipients` are more than one location.
@@ -92,7 +92,7 @@ private:
     const Clock& m_clock;
     NetworkProtocol& m_protocol;
     const Endpoints& m_endpoints;
-    Main& m_identity;
+    Identity& m_identity;
     NotificationHistory& m_history;
     Tones& m_tones;
 };

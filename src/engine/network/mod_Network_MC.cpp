@@ -257,6 +257,19 @@ void NetworkMC::AnnounceAnew() {
     }
 }
 
+int NetworkMC::networkGroupRow() const {
+    return static_cast<int>(&networkGroup(netSetting("net", QStringLiteral("0"))) - kNetworkGroups.data());
+}
+
+void NetworkMC::SaveNetwork(int group) {
+    if (group == networkGroupRow()) {
+        return;
+    }
+    m_data.WriteSetting(kNetFile, kSection, QStringLiteral("net"), QString::number(group));
+    emit footer({}, {}, false);
+    RestartNetwork();
+}
+
 void NetworkMC::RestartNetwork() {
     if (m_own.leaving) {
         m_restartWanted = true;

@@ -42,6 +42,11 @@ public:
     // sends asks here first, and does nothing on false.
     bool CanSend();
 
+    // Stores another network group, and restarts the network if it differs from the stored one.
+    void SaveNetwork(int group);
+    // Its row in the table of groups.
+    int networkGroupRow() const;
+
     // Tells everyone of this station, and asks for their reply.
     void Announce();
 

@@ -37,6 +37,12 @@ QString Clock::dateText() const {
     return tessel::dateText(date());
 }
 
+void Clock::stopTimers() {
+    while (!m_armed.empty()) {
+        m_armed.begin()->second->setEnabled(false);
+    }
+}
+
 std::int64_t Clock::nextDeadline() const {
     return m_armed.empty() ? -1 : m_armed.begin()->first.first;
 }

@@ -36,6 +36,9 @@ public:
     // The date as it stands in files, "M/d/yyyy".
     QString dateText() const;
 
+    // Disables every timer that runs on this clock. They may be enabled anew.
+    void stopTimers();
+
 protected:
     // Asks to call `runDue` at `monotonicMs() == deadline`; -1: nothing is due.
     virtual void wakeAt(std::int64_t deadline) = 0;

@@ -5,8 +5,8 @@
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_INIData.h"
+#include "engine/core/mod_Identity.h"
 #include "engine/core/mod_Limits.h"
-#include "engine/core/mod_Main.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
 
@@ -41,7 +41,7 @@ QString usable(const QString& entry) {
 } // namespace
 
 SharedStatus::SharedStatus(const OwnState& own, INIData& data, const Folders& folders, Clock& clock,
-                           NetworkProtocol& protocol, Main& ids)
+                           NetworkProtocol& protocol, Identity& ids)
     : tmrStoreShared(clock, "tmrStoreShared", kWriteIntervalMs, Timer::Kind::OneShot,
                      [this] { writePending(); }),
       m_own(own), m_data(data), m_folders(folders), m_clock(clock), m_protocol(protocol), m_ids(ids) {

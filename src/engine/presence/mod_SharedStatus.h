@@ -15,7 +15,7 @@ namespace tessel {
 
 class Folders;
 class INIData;
-class Main;
+class Identity;
 class NetworkProtocol;
 struct OwnState;
 
@@ -55,7 +55,7 @@ public:
     };
 
     SharedStatus(const OwnState& own, INIData& data, const Folders& folders, Clock& clock,
-                 NetworkProtocol& protocol, Main& ids);
+                 NetworkProtocol& protocol, Identity& ids);
 
     // Fills the table from shared.dat. Without the file the table stays as it is.
     void LoadSharedStatus();
@@ -106,7 +106,7 @@ private:
     const Folders& m_folders;
     Clock& m_clock;
     NetworkProtocol& m_protocol;
-    Main& m_ids;
+    Identity& m_ids;
     std::array<SharedStatusEntry, kCount> m_table;
     bool m_fileThere = false;
     std::optional<List> m_pending; // newer than the file

@@ -205,7 +205,8 @@ void frmEndpoints::askSIDReset() {
         if (answer == QMessageBox::Yes) {
             // Until then the station keeps the identity under which the others know it.
             openRestartBox(this);
-            m_station.resetSID();
+            m_station.identity.ResetSID();
+            m_station.network.RestartNetwork();
         }
     });
     box->open();

@@ -294,16 +294,16 @@ void frmOptions::addNetwork(OptionPage& to) {
     for (const NetworkGroup& group : kNetworkGroups) {
         groups->addItem(QLatin1String(group.name));
     }
-    groups->setCurrentIndex(m_station.networkGroupRow());
+    groups->setCurrentIndex(m_station.network.networkGroupRow());
     auto* const save = button(tr("&Use this group"), "cmdSaveNetwork",
                               tr("Leaves the present group and joins this one; takes some seconds"), this);
     save->setEnabled(false);
     connect(groups, &QComboBox::currentIndexChanged, save,
-            [this, save](int row) { save->setEnabled(row != m_station.networkGroupRow()); });
+            [this, save](int row) { save->setEnabled(row != m_station.network.networkGroupRow()); });
     connect(save, &QPushButton::clicked, this, [this, groups, save] {
         save->setEnabled(false);
         QTimer::singleShot(0, &m_station, [&station = m_station, row = groups->currentIndex()] {
-            station.SaveNetwork(row);
+            station.network.SaveNetwork(row);
         });
     });
     to.addRow(QLatin1String(kGroup), tr("&Group:"), besides(groups, save), tr("network group multicast"));

@@ -10,7 +10,7 @@
 
 using namespace tessel;
 
-class Identity : public LoneStation {
+class Identities : public LoneStation {
 protected:
     // A start that finds nothing of the location: the user is asked for its name.
     void beginAnew() {
@@ -25,7 +25,7 @@ protected:
     }
 };
 
-TEST_F(Identity, FollowsItsMask) {
+TEST_F(Identities, FollowsItsMask) {
     const QRegularExpression SID("^\\d{3}[A-Z]{2}\\d{3}[A-Z]{3}\\d$");
     const QRegularExpression messageID("^[A-Z]\\d{2}[A-Z]{3}\\d{3}[A-Z]{2}\\d$");
     QSet<QString> seen;
@@ -47,10 +47,11 @@ TEST_F(Identity, FollowsItsMask) {
     EXPECT_EQ(me->identity.MakeRandomID("#X"), "") << "no id of another length";
 }
 
-TEST_F(Identity, ResetHoldsFromTheNextStart) {
+TEST_F(Identities, ResetHoldsFromTheNextStart) {
     begin();
     sentCodes();
-    me->resetSID();
+    me->identity.ResetSID();
+    me->network.RestartNetwork();
     const QString stored = me.get(kUserFile, "User", "SID");
     EXPECT_NE(stored, kMe);
     EXPECT_EQ(stored.size(), 12);
@@ -64,7 +65,7 @@ TEST_F(Identity, ResetHoldsFromTheNextStart) {
 }
 
 // A file that a crash of the machine filled with zeros, or an editor saved as something else.
-TEST_F(Identity, ADamagedFileIsPutAsideAndTheUserIsTold) {
+TEST_F(Identities, ADamagedFileIsPutAsideAndTheUserIsTold) {
     const QString path = me.facts.appData + "Tessel Status/user.cfg";
     const QByteArray junk = QByteArray("[User]\nSID=111AA111AAA1\n") + QByteArray(100, '\0');
     ASSERT_TRUE(replaceFile(path + ".damaged", "an older one"));
@@ -82,7 +83,7 @@ TEST_F(Identity, ADamagedFileIsPutAsideAndTheUserIsTold) {
     EXPECT_FALSE(me->saver.tmrSaver.enabled());
 }
 
-TEST_F(Identity, ADamagedFileThatCannotBePutAsideIsLeftAlone) {
+TEST_F(Identities, ADamagedFileThatCannotBePutAsideIsLeftAlone) {
     const QString path = me.facts.appData + "Tessel Status/user.cfg";
     const QByteArray junk = "nothing of ours";
     ASSERT_TRUE(replaceFile(path, junk));
@@ -98,7 +99,7 @@ TEST_F(Identity, ADamagedFileThatCannotBePutAsideIsLeftAlone) {
     EXPECT_EQ(me.fileBytes(kUserFile), junk);
 }
 
-TEST_F(Identity, AReadableFileWithoutAnIdGetsOne) {
+TEST_F(Identities, AReadableFileWithoutAnIdGetsOne) {
     for (const char* const content : {"", "[Settings]\nEOC=1\n", "[User]\nSID=\n"}) {
         ASSERT_TRUE(replaceFile(me.facts.appData + "Tessel Status/user.cfg", content));
         me->folders.SetupFolders([](const QString&) { return false; });
@@ -109,7 +110,7 @@ TEST_F(Identity, AReadableFileWithoutAnIdGetsOne) {
     }
 }
 
-TEST_F(Identity, LinesOfTheErrorLogHoldTheirFields) {
+TEST_F(Identities, LinesOfTheErrorLogHoldTheirFields) {
     begin();
     me->own.location = "Room\n1";
     me->log.LogEvent("Source", "two\r\nlines, and a \u20AC", "C0");

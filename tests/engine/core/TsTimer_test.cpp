@@ -1,6 +1,6 @@
 // Long intervals and waiting.
-#include "engine/core/cTsTimer.h"
 #include "engine/core/mod_Wait.h"
+#include "engine/core/tsTimerCTL.h"
 #include "support/VirtualClock.h"
 
 #include <gmock/gmock.h>

@@ -195,16 +195,16 @@ TEST(NetworkGroups, AChangeOfTheGroupLeavesOneOfficeForAnother) {
     world.settle();
     EXPECT_EQ(world.locations(0), 2);
     EXPECT_EQ(world.locations(2), 1) << "group 3 shares the port of group 0, and hears nothing of it";
-    world[1]->SaveNetwork(3);
+    world[1]->network.SaveNetwork(3);
     world.run(10);
     EXPECT_EQ(world.locations(0), 1);
     EXPECT_EQ(world.locations(1), 2);
     EXPECT_EQ(world.locations(2), 2);
     const int opened = world[1].link.opened;
-    world[1]->SaveNetwork(3);
+    world[1]->network.SaveNetwork(3);
     world.run(10);
     EXPECT_EQ(world[1].link.opened, opened) << "the same group again is no change";
-    EXPECT_EQ(world[1]->networkGroupRow(), 3);
+    EXPECT_EQ(world[1]->network.networkGroupRow(), 3);
     world[1].set(kNetFile, "Config", "net", "9");
-    EXPECT_EQ(world[1]->networkGroupRow(), 0);
+    EXPECT_EQ(world[1]->network.networkGroupRow(), 0);
 }

@@ -29,14 +29,14 @@ TEST_F(FullDiskStation, NothingIsEmptiedAndAllComesIntoTheFilesLater) {
     fill();
     EXPECT_FALSE(me->settings.Settings_EOC.set(true));
     EXPECT_EQ(footer(), "Not saved: user.cfg");
-    me->SaveNetwork(2);
+    me->network.SaveNetwork(2);
     hear("XAD1", body({kMe, "again"}));
     world.run(60);
     EXPECT_EQ(me.fileBytes(kUserFile), user);
     EXPECT_EQ(me.fileBytes("recents.dat"), recents);
     EXPECT_FALSE(me.fileBytes(kNetFile).contains("net=2"));
     EXPECT_TRUE(me->own.online) << "the restart goes on with the group that was chosen";
-    EXPECT_EQ(me->networkGroupRow(), 2);
+    EXPECT_EQ(me->network.networkGroupRow(), 2);
     EXPECT_EQ(footer(), "Not saved: user.cfg, net.cfg, recents.dat") << "behind the restart's own words, too";
     EXPECT_EQ(loggedWith("Not saved"), 0);
     free();

@@ -189,7 +189,7 @@ TEST_F(Program, AMissingPlayerIsOneLineInTheLogAndOneInTheInformation) {
     begin();
     me->alerts.SendDoorBell("tea");
     EXPECT_EQ(loggedWith("No player: /opt/tslsound"), 1);
-    EXPECT_TRUE(me->diagInfo().contains("\nSound: No player: /opt/tslsound"));
+    EXPECT_TRUE(me->diagnostics.GetDiagInfo().contains("\nSound: No player: /opt/tslsound"));
     me.sounds.missing.clear();
-    EXPECT_FALSE(me->diagInfo().contains("Sound:"));
+    EXPECT_FALSE(me->diagnostics.GetDiagInfo().contains("Sound:"));
 }

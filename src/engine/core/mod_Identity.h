@@ -16,10 +16,10 @@ struct OwnState;
 inline constexpr char kSIDMask[] = "###XX###XXX#";
 inline constexpr char kMessageIDMask[] = "X##XXX###XX#";
 
-class Main {
+class Identity {
 public:
     // `seed`: 0 takes the clock and the system's noise; anything else makes the ids repeatable.
-    Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std::uint64_t seed = 0);
+    Identity(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std::uint64_t seed = 0);
 
     // Takes the SID from user.cfg as it stands there, or makes one. A damaged user.cfg is put aside first;
     // where that fails, the SID stays empty and nothing is written.

@@ -1,4 +1,4 @@
-#include "engine/core/mod_Main.h"
+#include "engine/core/mod_Identity.h"
 
 #include "engine/core/cErrorLog.h"
 #include "engine/core/cOwnState.h"
@@ -16,7 +16,7 @@ const QString kSIDKey = QStringLiteral("SID");
 constexpr qsizetype kIDLength = 12;
 } // namespace
 
-Main::Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std::uint64_t seed)
+Identity::Identity(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std::uint64_t seed)
     : m_own(own), m_data(data), m_log(log) {
     // Workstations that an image server starts at the same second must not get the same id, so the
     // clock alone will not do.
@@ -25,7 +25,7 @@ Main::Main(OwnState& own, INIData& data, cErrorLog& log, const Clock& clock, std
                                   std::random_device{}() ^ static_cast<std::uint64_t>(clock.localSeconds()));
 }
 
-void Main::LoadSID() {
+void Identity::LoadSID() {
     QString keptAs;
     m_damage.clear();
     if (!m_data.PutAsideDamaged(kUserFile, keptAs)) {
@@ -42,25 +42,26 @@ void Main::LoadSID() {
     }
 }
 
-void Main::tellOfDamage(const QString& text) {
+void Identity::tellOfDamage(const QString& text) {
     m_log.LogEvent(QStringLiteral("Files"), text, QStringLiteral("FDM"));
     m_damage = text;
 }
 
-QString Main::CreateSID() {
+QString Identity::CreateSID() {
     const QString id = MakeRandomID(QString::fromLatin1(kSIDMask));
     const bool stored = m_data.WriteSetting(kUserFile, kUserSection, kSIDKey, id);
     m_log.LogEvent(QStringLiteral("New SID"), QStringLiteral("SID Created"), id);
     return stored ? id : QString();
 }
 
-void Main::ResetSID() {
+void Identity::ResetSID() {
+    m_log.LogEvent(QStringLiteral("SID Reset"), QStringLiteral("SID Deleted"), m_own.SID);
     m_log.LogEvent(QStringLiteral("Old SID"), QStringLiteral("SID Deleted"), m_own.SID);
     m_data.DeleteSetting(kUserFile, kUserSection, kSIDKey);
     CreateSID();
 }
 
-QString Main::MakeRandomID(const QString& mask) {
+QString Identity::MakeRandomID(const QString& mask) {
     std::uniform_real_distribution<double> unit(0.0, 1.0);
     QString id;
     for (const QChar c : mask) {

@@ -1,4 +1,4 @@
-#include "engine/core/cTsTimer.h"
+#include "engine/core/tsTimerCTL.h"
 
 #include <algorithm>
 
