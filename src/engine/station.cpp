@@ -154,6 +154,8 @@ void Station::wire() {
                            message.SID, message.body, message.time, message.date},
                           true);
     });
+    connect(&reply, &Reply::loaded, this, [this] { windows.show({WindowId::Reply}); });
+    connect(&history, &NotificationHistory::openSent, this, [this] { windows.show({WindowId::SentMessage}); });
     connect(&alerts, &AlertEngine::quickMessage, this,
             [this](const AlertTarget& target, const QString& text, bool toGroup) {
                 compose.CreateMessage(target, text, toGroup);

@@ -2,7 +2,11 @@
 
 #include "engine/station.h"
 #include "windows/alerts/frmGlobalDoorBell.h"
+#include "windows/alerts/frmGroupMessage.h"
 #include "windows/alerts/frmNotifications.h"
+#include "windows/alerts/frmReply.h"
+#include "windows/alerts/frmSentMessage.h"
+#include "windows/alerts/frmSnippit.h"
 #include "windows/alerts/frmRecentOptions.h"
 #include "windows/dialogs/frmAbout.h"
 #include "windows/dialogs/frmWelcome.h"
@@ -110,6 +114,15 @@ constexpr std::array kWindows{
                   return new frmRoomStatus(p.station.rooms, p.station.actions, p.station.views,
                                            p.station.settings);
               }},
+    WindowRow{WindowId::GroupMessage, "frmGroupMessage", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* { return new frmGroupMessage(p.station, p.owner); }},
+    WindowRow{WindowId::Reply, "frmReply", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* { return new frmReply(p.station, p.owner); }},
+    WindowRow{
+        WindowId::SentMessage, "frmSentMessage", Life::Dialog,
+        [](const WindowParts& p) -> QWidget* { return new frmSentMessage(p.station.history, p.owner); }},
+    WindowRow{WindowId::Snippit, "frmSnippit", Life::Modal,
+              [](const WindowParts& p) -> QWidget* { return new frmSnippit(p.station.snippets, p.owner); }},
 };
 static_assert(kWindows.size() == kWindowCount);
 

@@ -29,9 +29,13 @@ enum class WindowId {
     FavEditor,
     AlreadyFavorite,
     RemoveFavorite,
-    RoomStatus
+    RoomStatus,
+    GroupMessage,
+    Reply,
+    SentMessage,
+    Snippit
 };
-inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::RoomStatus) + 1;
+inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::Snippit) + 1;
 
 // Page of the options that concerns messages.
 inline constexpr int kMessageOptionsPage = 4;
