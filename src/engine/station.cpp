@@ -155,7 +155,8 @@ void Station::wire() {
                           true);
     });
     connect(&reply, &Reply::loaded, this, [this] { windows.show({WindowId::Reply}); });
-    connect(&history, &NotificationHistory::openSent, this, [this] { windows.show({WindowId::SentMessage}); });
+    connect(&history, &NotificationHistory::openSent, this,
+            [this] { windows.show({WindowId::SentMessage}); });
     connect(&alerts, &AlertEngine::quickMessage, this,
             [this](const AlertTarget& target, const QString& text, bool toGroup) {
                 compose.CreateMessage(target, text, toGroup);

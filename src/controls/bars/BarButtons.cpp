@@ -201,7 +201,8 @@ void BarButtons::showTip(const QToolButton& button, QPoint globalPos) const {
     const QAction* const action = button.defaultAction();
     const QString caption = action != nullptr ? spokenCaption(action->text()) : QString();
     const bool iconAlone = button.toolButtonStyle() == Qt::ToolButtonIconOnly && !button.icon().isNull();
-    if (action != nullptr && !caption.isEmpty() && (iconAlone || spokenCaption(action->iconText()) != caption)) {
+    if (action != nullptr && !caption.isEmpty() &&
+        (iconAlone || spokenCaption(action->iconText()) != caption)) {
         lines.append(caption);
     }
     const QString tip = action != nullptr ? action->toolTip().trimmed() : button.toolTip();

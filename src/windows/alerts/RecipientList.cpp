@@ -16,7 +16,8 @@ Recipient recipientAt(const QListWidget& list, int row) {
     return {entry->text(), entry->data(Qt::UserRole).toString()};
 }
 
-void fillRecipients(QListWidget& list, const ReportRecords& rows, int name, int SID, const QString& leaveOut) {
+void fillRecipients(QListWidget& list, const ReportRecords& rows, int name, int SID,
+                    const QString& leaveOut) {
     list.clear();
     for (const ReportRecordPtr& row : rows.rows()) {
         if (row->item(SID).text != leaveOut) {

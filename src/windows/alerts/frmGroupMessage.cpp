@@ -28,10 +28,9 @@ constexpr int kBlinkMs = 500;
 
 frmGroupMessage::frmGroupMessage(Station& station, QWidget* parent)
     : QDialog(parent), m_station(station), m_tabs(new QTabWidget(this)), m_search(new QLineEdit(this)),
-      m_users(new QListWidget(this)), m_favorites(new QListWidget(this)),
-      m_clearUsers(new QPushButton(this)), m_clearFavorites(new QPushButton(this)),
-      m_text(new MessageEdit(this)), m_snippets(new QComboBox(this)), m_alert(new QPushButton(this)),
-      m_send(new QPushButton(tr("&Send"), this)), m_note(new QLabel(this)) {
+      m_users(new QListWidget(this)), m_favorites(new QListWidget(this)), m_clearUsers(new QPushButton(this)),
+      m_clearFavorites(new QPushButton(this)), m_text(new MessageEdit(this)), m_snippets(new QComboBox(this)),
+      m_alert(new QPushButton(this)), m_send(new QPushButton(tr("&Send"), this)), m_note(new QLabel(this)) {
     setWindowTitle(tr("New Message"));
     resize(kFirstSize);
     m_search->setObjectName(QStringLiteral("txtSearch"));

@@ -12,11 +12,12 @@ frmOffline::frmOffline(const QStringList& names, const QString& group, QWidget* 
     constexpr int kGrid = 8;
     setObjectName(QStringLiteral("frmOffline"));
     setWindowTitle(tr("Offline Users"));
-    auto* const label = new QLabel(
-        group.isEmpty() ? QStringLiteral("The following users are offline and unable to receive your message.")
-                        : QLatin1String("The following users in group ") + group +
-                              QLatin1String(" are offline and unable to receive your message."),
-        this);
+    auto* const label =
+        new QLabel(group.isEmpty()
+                       ? QStringLiteral("The following users are offline and unable to receive your message.")
+                       : QLatin1String("The following users in group ") + group +
+                             QLatin1String(" are offline and unable to receive your message."),
+                   this);
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     auto* const list = new QListWidget(this);

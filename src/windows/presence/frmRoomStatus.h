@@ -42,7 +42,6 @@ private:
     void showLook(); // of the window or the large board
     void showColumns();
     void sizeLetters();
-    void print();
 
     RoomStatus& m_rooms;
     LocationActions& m_actions;
