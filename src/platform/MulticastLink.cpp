@@ -28,7 +28,7 @@ constexpr qint64 kLongestWaitMs = 2000;
 constexpr std::size_t kAlwaysKept = 1000;
 // What came meanwhile is taken in so often. A look at the clock costs a tenth of what a keep-alive does,
 // so not every datagram pays for one, unless they are slow.
-constexpr qint64 kTakeInNs = 1'000'000;
+constexpr qint64 kTakeInNs = 100'000;
 constexpr unsigned kDatagramsALook = 8;
 // A sender as fast as this reader must not keep it reading for ever.
 constexpr int kReadingsInARow = 256;
@@ -373,7 +373,7 @@ void MulticastLink::drain() {
             continue;
         }
         const qint64 now = turn.nsecsElapsed();
-        untilLook = now - looked > kTakeInNs / 4 ? 1 : kDatagramsALook;
+        untilLook = now - looked > kTakeInNs ? 1 : kDatagramsALook;
         looked = now;
         if (now >= (m_waiting.size() > kMany ? kLongTurnNs : kTurnNs)) {
             break;
