@@ -1,0 +1,119 @@
+#include "windows/dialogs/frmPreview.h"
+
+#include <QAction>
+#include <QLabel>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrintPreviewWidget>
+#include <QToolBar>
+#include <QVBoxLayout>
+
+#include <utility>
+
+namespace tessel {
+
+namespace {
+constexpr QSize kFirstSize(640, 720);
+} // namespace
+
+frmPreview::frmPreview(PrintDocument document, QWidget* parent)
+    : QDialog(parent), m_document(std::move(document)), m_view(new QPrintPreviewWidget(&m_printer, this)) {
+    setObjectName(QStringLiteral("frmPreview"));
+    setWindowTitle(m_document.title.isEmpty()
+                       ? tr("Print Preview")
+                       : tr("Print Preview") + QLatin1String(" - ") + m_document.title);
+    resize(kFirstSize);
+    m_printer.setDocName(m_document.title); // what a file to print to is called at first
+    m_view->setObjectName(QStringLiteral("PrintPreview"));
+    m_view->setAccessibleName(tr("Pages"));
+    m_view->fitToWidth();
+    createBar();
+    connect(m_view, &QPrintPreviewWidget::paintRequested, this,
+            [this](QPrinter* printer) { m_printed = print(*printer, m_document); });
+    connect(m_view, &QPrintPreviewWidget::previewChanged, this, &frmPreview::showPages);
+    showPages();
+    m_view->setFocus();
+}
+
+void frmPreview::createBar() {
+    auto* const bar = new QToolBar(tr("Print preview"), this);
+    bar->setToolButtonStyle(Qt::ToolButtonTextOnly);
+    const auto add = [this, bar](const char* name, const QString& caption, const QString& tip,
+                                 const QList<QKeySequence>& keys, auto act) {
+        QAction* const action = bar->addAction(caption);
+        action->setObjectName(QLatin1String(name));
+        action->setShortcuts(keys);
+        action->setToolTip(keys.isEmpty() ? tip
+                                          : tip + QLatin1String(" (") +
+                                                keys.first().toString(QKeySequence::NativeText) + u')');
+        connect(action, &QAction::triggered, this, act);
+        return action;
+    };
+    add("cmdPrint", tr("&Print…"), tr("Choose a printer and print"), {QKeySequence::Print},
+        [this] { askForPrinter(); });
+    bar->addSeparator();
+    add("cmdFitWidth", tr("Fit &Width"), tr("The page as wide as the window"), {Qt::CTRL | Qt::Key_1},
+        [this] { m_view->fitToWidth(); });
+    add("cmdFitPage", tr("Whole P&age"), tr("All of the page"), {Qt::CTRL | Qt::Key_0},
+        [this] { m_view->fitInView(); });
+    add("cmdLarger", tr("&Larger"), tr("Look closer"), {QKeySequence::ZoomIn, Qt::CTRL | Qt::Key_Equal},
+        [this] { m_view->zoomIn(); });
+    add("cmdSmaller", tr("&Smaller"), tr("Step back"), {QKeySequence::ZoomOut},
+        [this] { m_view->zoomOut(); });
+    bar->addSeparator();
+    m_back = add("cmdPrevious", tr("P&revious"), tr("Previous page"), {Qt::Key_PageUp}, [this] { turn(-1); });
+    m_pages = new QLabel(bar);
+    m_pages->setTextFormat(Qt::PlainText);
+    m_pages->setMargin(4);
+    bar->addWidget(m_pages);
+    m_forth = add("cmdNext", tr("&Next"), tr("Next page"), {Qt::Key_PageDown}, [this] { turn(1); });
+    bar->addSeparator();
+    add("cmdClose", QStringLiteral(" Close "), tr("Close the preview"), {}, [this] { reject(); });
+
+    auto* const layout = new QVBoxLayout(this);
+    layout->setContentsMargins(0, 0, 0, 0);
+    layout->setSpacing(0);
+    layout->addWidget(bar);
+    layout->addWidget(m_view, 1);
+}
+
+void frmPreview::showPages() {
+    const int page = m_view->currentPage();
+    const int count = m_view->pageCount();
+    m_pages->setText(tr("Page %1 of %2").arg(count == 0 ? 0 : page).arg(count));
+    m_back->setEnabled(page > 1);
+    m_forth->setEnabled(page < count);
+}
+
+void frmPreview::turn(int by) {
+    m_view->setCurrentPage(m_view->currentPage() + by);
+    showPages();
+}
+
+void frmPreview::askForPrinter() {
+    auto* const dialog = new QPrintDialog(&m_printer, this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, &frmPreview::printNow);
+    dialog->open(); // an alert's popup must not wait for it
+}
+
+void frmPreview::printNow() {
+    m_view->print();
+    if (m_printed) {
+        accept();
+        return;
+    }
+    auto* const box = new QMessageBox(QMessageBox::Warning, QStringLiteral("QuillIM Print Error"),
+                                      tr("It could not be printed. Choose another printer, or another file."),
+                                      QMessageBox::Ok, this);
+    box->setAttribute(Qt::WA_DeleteOnClose);
+    box->open();
+}
+
+void showPreview(const PrintDocument& document, QWidget* owner) {
+    auto* const preview = new frmPreview(document, owner);
+    preview->setAttribute(Qt::WA_DeleteOnClose);
+    preview->show();
+}
+
+} // namespace tessel
