@@ -191,7 +191,7 @@ void statusStorm(Office& office) {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    applyOfficeLook();
+    SetStyle();
     Office office;
     alerts(office);
     history(office);

@@ -139,7 +139,7 @@ void storm(World& world, ReportControl& list, View view) {
 
 int main(int argc, char** argv) {
     const QApplication application(argc, argv);
-    applyOfficeLook();
+    SetStyle();
     Q_INIT_RESOURCE(tessel);
     World world(1);
     world.network.keepSent = false;

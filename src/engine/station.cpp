@@ -182,7 +182,7 @@ void Station::SetupFolders(Folders& folders, Admin& admin, cInifile& ini) {
 }
 
 void Station::start() {
-    own.remoteSession = m_facts.remoteSession;
+    own.remoteSession = m_facts.IsRemoteSession;
     SetupFolders(folders, admin, ini);
     own.startDate = m_clock.dateText();
     own.startTime = m_clock.timeText();

@@ -45,8 +45,8 @@ QByteArray channelFolder(qsizetype nameLength) {
 
 QString channelPath(const SystemFacts& facts) {
     QString identity = facts.appData;
-    if (facts.remoteSession) {
-        identity += facts.clientLoginName;
+    if (facts.IsRemoteSession) {
+        identity += facts.ClientLoginName;
     }
     const QByteArray name =
         "/tessel-" +

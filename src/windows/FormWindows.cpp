@@ -162,7 +162,7 @@ void FormWindows::ResetScreenPosition() {
 
 void FormWindows::saveMainPlace() {
     if (mainWindow() != nullptr) {
-        mainWindow()->savePlace();
+        mainWindow()->SaveFormPosition();
     }
 }
 

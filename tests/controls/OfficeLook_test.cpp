@@ -12,7 +12,7 @@ using namespace tessel;
 // Whoever walks through a menu must see the picture of the very row that is next.
 TEST(OfficeLook, TheChosenRowOfAMenuKeepsItsPicture) {
     const QPalette before = QApplication::palette();
-    applyOfficeLook();
+    SetStyle();
     QPixmap accent(32, 32);
     accent.fill(QApplication::palette().color(QPalette::Link));
     QMenu menu;

@@ -84,10 +84,10 @@ TEST(Facts, FoldersEndInASlashAndTheSessionIsAskedWhetherItIsRemote) {
 
     qunsetenv("XRDP_SESSION");
     qputenv("XDG_SESSION_ID", "../../etc/passwd");
-    EXPECT_FALSE(systemFacts().remoteSession);
+    EXPECT_FALSE(systemFacts().IsRemoteSession);
     qputenv("XRDP_SESSION", "1");
-    EXPECT_TRUE(systemFacts().remoteSession);
-    EXPECT_EQ(systemFacts().clientLoginName, here.userName);
+    EXPECT_TRUE(systemFacts().IsRemoteSession);
+    EXPECT_EQ(systemFacts().ClientLoginName, here.userName);
     qunsetenv("XRDP_SESSION");
     qunsetenv("XDG_SESSION_ID");
 }

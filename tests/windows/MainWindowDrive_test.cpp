@@ -281,7 +281,7 @@ TEST_F(MainWindowDrive, ComesBackAsItWas) {
     openTab(352);
     click(*panes().button(800));
     form->commands()->find(762)->trigger();
-    form->savePlace();
+    form->SaveFormPosition();
     form.reset();
 
     build();

@@ -269,7 +269,7 @@ TEST_F(Options, AllTwelveLocksHold) {
     admin("KA", "0");
     world[0].set(kStatusFile, "status", "H0", "1");
     world[0].set(kSharedFile, "SharedStatus", "0", "Lunch:|:1");
-    world[0].facts.remoteSession = false;
+    world[0].facts.IsRemoteSession = false;
     open();
     EXPECT_FALSE(tabs().isTabEnabled(6)) << "NetworkSettings";
     EXPECT_FALSE(tabs().isTabEnabled(7)) << "AdvancedSettings";
@@ -305,7 +305,7 @@ TEST_F(Options, AllTwelveLocksHold) {
     EXPECT_FALSE(editor.isVisible()) << "there is a way out";
 
     // Remote sessions with a lock on WTS share one folder.
-    world[0].facts.remoteSession = true;
+    world[0].facts.IsRemoteSession = true;
     EXPECT_TRUE(Admin::restricted(world[0]->admin.WTS));
 }
 

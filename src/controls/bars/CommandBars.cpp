@@ -149,17 +149,17 @@ void CommandSet::press(int id) {
 
 void CommandSet::setIconProvider(IconProvider provider) {
     m_provider = std::move(provider);
-    renewIcons();
+    LoadIcons();
 }
 
 void CommandSet::wantIcons() {
     if (!m_iconsWanted) {
         m_iconsWanted = true;
-        renewIcons();
+        LoadIcons();
     }
 }
 
-void CommandSet::renewIcons() {
+void CommandSet::LoadIcons() {
     if (!m_iconsWanted || m_iconsDue || !m_provider) {
         return;
     }

@@ -78,7 +78,7 @@ public:
     void setIconProvider(IconProvider provider);
     void wantIcons();
     // Has them drawn anew, for icons that depend on the palette.
-    void renewIcons();
+    void LoadIcons();
     // An icon for an entry that is no command; null before icons are wanted.
     QIcon picture(int icon) const;
 

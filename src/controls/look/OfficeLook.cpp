@@ -282,7 +282,7 @@ bool desktopIsDark(const QPalette& desktop) {
 
 } // namespace
 
-void applyOfficeLook() {
+void SetStyle() {
     const bool dark = desktopIsDark(QApplication::palette());
     QApplication::setStyle(new OfficeStyle(dark));
     QApplication::setPalette(paletteOf(dark ? kDark : kLight));

@@ -5,6 +5,6 @@ namespace tessel {
 
 // Takes the desktop's choice of light or dark. The environment variable TESSEL_THEME, "light" or
 // "dark", goes before it.
-void applyOfficeLook();
+void SetStyle();
 
 } // namespace tessel

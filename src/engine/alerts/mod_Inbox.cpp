@@ -217,8 +217,8 @@ void Inbox::Delete_Message(int row) {
         return;
     }
     const ReceivedMessage message = messageOf(*rptMessages.at(row));
-    if (!message.MessageID.isEmpty() && m_popups.tag(PopupId::Status) == message.MessageID) {
-        m_popups.close(PopupId::Status);
+    if (!message.MessageID.isEmpty() && m_popups.tag(PopupId::ctrlPopupStatus) == message.MessageID) {
+        m_popups.close(PopupId::ctrlPopupStatus);
     }
     remove(row);
     m_journal.remove(MessageRecord(message));
@@ -244,7 +244,7 @@ int Inbox::Message_FindID(const QString& id) const {
 void Inbox::Remove_All_Inbox_Messages() {
     rptMessages.clear();
     m_characters = 0;
-    m_popups.close(PopupId::Status);
+    m_popups.close(PopupId::ctrlPopupStatus);
     m_journal.removeAll();
     Saveinbox();
     emit countChanged();

@@ -43,11 +43,11 @@ int iconOf(NoticeKind kind) {
 
 Setting<QString>& placeSetting(Settings& settings, PopupId popup) {
     switch (popup) {
-    case PopupId::Status:
+    case PopupId::ctrlPopupStatus:
         return settings.Settings_SNPM0;
-    case PopupId::Alert:
+    case PopupId::ctrlPopupAlert:
         return settings.Settings_SNPM1;
-    case PopupId::Message:
+    case PopupId::ctrlPopupMessage:
         break;
     }
     return settings.Settings_SNPM2;
@@ -56,23 +56,26 @@ Setting<QString>& placeSetting(Settings& settings, PopupId popup) {
 } // namespace
 
 Popups::Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, PopupDisplay& display)
-    : tmrStatusPopup(clock, "tmrStatusPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Status); }),
-      tmrAlertPopup(clock, "tmrAlertPopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Alert); }),
-      tmrMessagePopup(clock, "tmrMessagePopup", 0, Timer::Kind::OneShot, [this] { close(PopupId::Message); }),
+    : tmrStatusPopup(clock, "tmrStatusPopup", 0, Timer::Kind::OneShot,
+                     [this] { close(PopupId::ctrlPopupStatus); }),
+      tmrAlertPopup(clock, "tmrAlertPopup", 0, Timer::Kind::OneShot,
+                    [this] { close(PopupId::ctrlPopupAlert); }),
+      tmrMessagePopup(clock, "tmrMessagePopup", 0, Timer::Kind::OneShot,
+                      [this] { close(PopupId::ctrlPopupMessage); }),
       m_own(own), m_settings(settings), m_data(data), m_display(display) {}
 
 Timer& Popups::timer(PopupId popup) {
-    return popup == PopupId::Status  ? tmrStatusPopup
-           : popup == PopupId::Alert ? tmrAlertPopup
-                                     : tmrMessagePopup;
+    return popup == PopupId::ctrlPopupStatus  ? tmrStatusPopup
+           : popup == PopupId::ctrlPopupAlert ? tmrAlertPopup
+                                              : tmrMessagePopup;
 }
 
 void Popups::ShowNotifyPopup(const Notice& notice) {
-    showNotice(PopupId::Status, notice);
+    showNotice(PopupId::ctrlPopupStatus, notice);
 }
 
 void Popups::ShowNotifyPopupAlert(const Notice& notice) {
-    showNotice(PopupId::Alert, notice);
+    showNotice(PopupId::ctrlPopupAlert, notice);
 }
 
 void Popups::showNotice(PopupId popup, const Notice& notice) {
@@ -112,8 +115,8 @@ void Popups::ShowMessagePopup(const QString& name, const QString& body, const QS
             content.text += QLatin1String("...");
         }
     }
-    show(PopupId::Message, std::move(content), m_settings.Settings_MNPTM() * kMinuteMs);
-    state(PopupId::Message).tag = id;
+    show(PopupId::ctrlPopupMessage, std::move(content), m_settings.Settings_MNPTM() * kMinuteMs);
+    state(PopupId::ctrlPopupMessage).tag = id;
 }
 
 void Popups::show(PopupId popup, PopupContent content, qint64 stayMs) {
@@ -152,13 +155,14 @@ void Popups::close(PopupId popup) {
 }
 
 void Popups::closeStatusOf(const QString& SID) {
-    if (isUp(PopupId::Status) && state(PopupId::Status).SID == SID) {
-        close(PopupId::Status);
+    if (isUp(PopupId::ctrlPopupStatus) && state(PopupId::ctrlPopupStatus).SID == SID) {
+        close(PopupId::ctrlPopupStatus);
     }
 }
 
 void Popups::ResetPopupAlertPositions(bool forget) {
-    for (const PopupId popup : {PopupId::Status, PopupId::Alert, PopupId::Message}) {
+    for (const PopupId popup :
+         {PopupId::ctrlPopupStatus, PopupId::ctrlPopupAlert, PopupId::ctrlPopupMessage}) {
         close(popup);
         if (forget) {
             placeSetting(m_settings, popup).set({});
@@ -181,13 +185,13 @@ void Popups::clicked(PopupId popup, PopupItem item) {
         }
         break;
     case PopupItem::TurnOff:
-        if (popup != PopupId::Message) {
+        if (popup != PopupId::ctrlPopupMessage) {
             close(popup);
             emit turnOffAlertBar();
         }
         break;
     case PopupItem::Options:
-        if (popup == PopupId::Message) {
+        if (popup == PopupId::ctrlPopupMessage) {
             emit openMessageOptions();
         }
         break;

@@ -57,8 +57,8 @@ void Folders::SetupFolders(const std::function<bool(const QString&)>& loadRestri
     // The restrictions are looked for in the shared folder, whichever folder is used in the end. Each
     // client of a shared server then has files, and so a location, of its own.
     const bool folderPerClient = loadRestrictions(m_data);
-    if (m_facts.remoteSession && folderPerClient) {
-        m_data += folderName(m_facts.clientLoginName) + u'/';
+    if (m_facts.IsRemoteSession && folderPerClient) {
+        m_data += folderName(m_facts.ClientLoginName) + u'/';
         MakeFolder(m_data);
     }
 

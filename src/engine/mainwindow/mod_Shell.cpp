@@ -34,7 +34,7 @@ void Shell::SetTabView(int id) {
     if (row == nullptr) {
         return;
     }
-    emit clearSearchBox();
+    emit ClearSearchBox();
     m_view = row->view;
     m_views.setStatusTabCurrent(m_view == View::Status);
     if (row->stored) {

@@ -78,7 +78,7 @@ public:
 
 signals:
     // The search of the view that is left is over.
-    void clearSearchBox();
+    void ClearSearchBox();
     void viewChanged();
     void previewModeChanged();
     void reportFontChanged();

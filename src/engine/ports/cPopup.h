@@ -9,7 +9,7 @@
 namespace tessel {
 
 // The three popups. A new one replaces the old of its kind.
-enum class PopupId { Status, Alert, Message };
+enum class PopupId { ctrlPopupStatus, ctrlPopupAlert, ctrlPopupMessage };
 inline constexpr int kPopupCount = 3;
 
 enum class PopupTheme { Blue, Urgent, Message };

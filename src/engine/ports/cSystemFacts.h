@@ -19,8 +19,8 @@ struct SystemFacts {
     QString hostName;
     QString userName;
     QString osName;
-    bool remoteSession = false;
-    QString clientLoginName; // of a remote session
+    bool IsRemoteSession = false;
+    QString ClientLoginName; // of a remote session
 
     // Returns when what was written to the file stands on the disk. None: the system takes its time.
     std::function<void(const QString& path)> syncFile;

@@ -359,21 +359,23 @@ int LocationViews::statusCount() const {
         rptEndpoints.rows(), [](const ReportRecordPtr& home) { return GetStatusActive(*home); }));
 }
 
+ReportRecordPtr LocationViews::Add_to_Status(const ReportRecord& home) const {
+    const ReportRecord* const known = rptStatusView.find(item(home, LocationItem::SID).text);
+    const ReportRecordPtr row =
+        known != nullptr ? rptStatusView.at(known->row()) : std::make_shared<ReportRecord>(kLocationItems);
+    copyRow(home, *row);
+    // The age is told anew, for all rows at once.
+    item(*row, LocationItem::Status).text = withAge(statusOfBlock(home), item(home, LocationItem::TIME).text);
+    row->setTip(static_cast<int>(LocationItem::Status), item(*row, LocationItem::Status).text);
+    return row;
+}
+
 void LocationViews::refillStatusView() {
     std::vector<ReportRecordPtr> rows;
     for (const auto& home : rptEndpoints.rows()) {
-        if (!GetStatusActive(*home)) {
-            continue;
+        if (GetStatusActive(*home)) {
+            rows.push_back(Add_to_Status(*home));
         }
-        const ReportRecord* const known = rptStatusView.find(item(*home, LocationItem::SID).text);
-        const ReportRecordPtr row = known != nullptr ? rptStatusView.at(known->row())
-                                                     : std::make_shared<ReportRecord>(kLocationItems);
-        copyRow(*home, *row);
-        // The age is told anew, for all rows at once.
-        item(*row, LocationItem::Status).text =
-            withAge(statusOfBlock(*home), item(*home, LocationItem::TIME).text);
-        row->setTip(static_cast<int>(LocationItem::Status), item(*row, LocationItem::Status).text);
-        rows.push_back(row);
     }
     rptStatusView.assign(std::move(rows));
     rptStatusView.redrawAll();

@@ -92,6 +92,8 @@ signals:
 private:
     void fill(ReportRecord& record, const EndpointAdded& endpoint) const;
     void refillStatusView();
+    // The row of a Home row in the Status list: the one that it has there, or a new one.
+    ReportRecordPtr Add_to_Status(const ReportRecord& home) const;
     bool showStatus(ReportRecords& list, const PresenceChanged& change) const;
     void showState(ReportRecords& list, const PresenceChanged& change) const;
     void showStatusTime(ReportRecords& list, const StatusTimeRefreshed& refreshed) const;

@@ -72,7 +72,7 @@ int main(int argc, char** argv) {
         return 0;
     }
     const StartTrace trace;
-    applyOfficeLook();
+    SetStyle();
     const HeldKeyFilter heldKeys;
 
     EventLoopClock clock;

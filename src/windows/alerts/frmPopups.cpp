@@ -26,18 +26,39 @@ Image pictureOf(int number) {
     }
 }
 
+void SetBlueTheme(PopupLook& look, const PopupContent& content) {
+    look.frameFrom = QColor(50, 50, 255);
+    look.frameTo = QColor(255, 255, 255);
+    look.bodyFrom = QColor(70, 70, 250);
+    look.bodyTo = QColor(200, 200, 200);
+    look.caption = content.caption;
+    look.label = content.label;
+    look.turnOffButton = true;
+}
+
+void SetUrgentTheme(PopupLook& look, const PopupContent& content) {
+    SetBlueTheme(look, content);
+    look.bodyFrom = QColor(250, 16, 85);
+}
+
+void SetMessageTheme(PopupLook& look, const PopupContent& content) {
+    look.messageLayout = true;
+    look.caption = content.label;
+}
+
 PopupLook lookOf(const PopupContent& content, const Images& images) {
     PopupLook look;
-    look.messageLayout = content.theme == PopupTheme::Message;
-    if (!look.messageLayout) {
-        const bool urgent = content.theme == PopupTheme::Urgent;
-        look.frameFrom = QColor(50, 50, 255);
-        look.frameTo = QColor(255, 255, 255);
-        look.bodyFrom = urgent ? QColor(250, 16, 85) : QColor(70, 70, 250);
-        look.bodyTo = QColor(200, 200, 200);
+    switch (content.theme) {
+    case PopupTheme::Blue:
+        SetBlueTheme(look, content);
+        break;
+    case PopupTheme::Urgent:
+        SetUrgentTheme(look, content);
+        break;
+    case PopupTheme::Message:
+        SetMessageTheme(look, content);
+        break;
     }
-    look.caption = look.messageLayout ? content.label : content.caption;
-    look.label = look.messageLayout ? QString() : content.label;
     look.text = content.text;
     look.time = content.time;
     look.icon = images.image(pictureOf(content.icon), QGuiApplication::palette());
@@ -46,7 +67,6 @@ PopupLook lookOf(const PopupContent& content, const Images& images) {
     // One that cannot be seen would still be in the way of the mouse.
     constexpr double kLeastOpacity = 0.2;
     look.opacity = std::max(kLeastOpacity, content.opacity);
-    look.turnOffButton = !look.messageLayout;
     return look;
 }
 

@@ -45,14 +45,15 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     createSearch();
     createShortcuts();
     layOut();
-    restorePlace();
+    LoadFormPosition();
     connectStation();
     m_station.shell.SetTabView(m_station.shell.storedView());
     m_station.shell.countRows();
     refreshCommands(Touches::All);
-    search({});
+    ResetSearchFilter();
     showFooter();
-    showMessageBars();
+    showAlertBar();
+    CreateMessagebar();
 }
 
 frmMain::~frmMain() = default;
@@ -126,11 +127,11 @@ void frmMain::connectStation() {
         keys->watchList(m_views->list(view));
     }
     Shell& shell = m_station.shell;
-    connect(&shell, &Shell::clearSearchBox, m_search, &PromptEdit::clearSearch);
+    connect(&shell, &Shell::ClearSearchBox, m_search, &PromptEdit::clearSearch);
     connect(&shell, &Shell::viewChanged, this, &frmMain::showView);
     connect(&shell, &Shell::previewModeChanged, m_views, &Views::applyPreview);
     connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
-    connect(&shell, &Shell::sortChanged, m_views, &Views::applySort);
+    connect(&shell, &Shell::sortChanged, m_views, &Views::Arrange);
     connect(&shell, &Shell::onTopChanged, this, &frmMain::Set_onTop);
     // A storm of packets is counted once.
     m_counts.setSingleShot(true);
@@ -146,8 +147,8 @@ void frmMain::connectStation() {
             }
         });
     }
-    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::showMessageBars);
-    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showMessageBars);
+    connect(&m_station.status, &LocalStatus::changed, this, &frmMain::CreateMessagebar);
+    connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showAlertBar);
     connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
     connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
     refreshOn(shell, &Shell::viewChanged, Touches::View);
@@ -196,10 +197,16 @@ void frmMain::showView() {
 }
 
 void frmMain::search(const QString& text) {
-    const Settings& settings = m_station.settings;
-    m_search->setBackColor(
-        QColor(QRgb(text.isEmpty() ? settings.Advanced_FilterColorIdle() : settings.Advanced_FilterColor())));
+    if (text.isEmpty()) {
+        ResetSearchFilter();
+    } else {
+        m_search->setBackColor(QColor(QRgb(m_station.settings.Advanced_FilterColor())));
+    }
     m_views->current().setFilterText(text);
+}
+
+void frmMain::ResetSearchFilter() {
+    m_search->setBackColor(QColor(QRgb(m_station.settings.Advanced_FilterColorIdle())));
 }
 
 void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos) {
@@ -226,7 +233,7 @@ void frmMain::showFooter() {
     m_panes->setFooter(m_station.footer.text(), m_station.footer.tip());
 }
 
-void frmMain::showMessageBars() {
+void frmMain::showAlertBar() {
     BarContent alert;
     if (m_station.alertBar.AlertBarShown()) {
         const AlertBar::Content& content = m_station.alertBar.content();
@@ -234,6 +241,9 @@ void frmMain::showMessageBars() {
                  content.name};
     }
     m_alertBar->setContent(alert);
+}
+
+void frmMain::CreateMessagebar() {
     BarContent own;
     if (!m_station.status.messageBar().isEmpty()) {
         own = {{}, QStringLiteral("My Status:"), m_station.status.messageBar(), {}, {}};
@@ -273,7 +283,7 @@ bool frmMain::shake(QPoint offset) {
     return true;
 }
 
-void frmMain::restorePlace() {
+void frmMain::LoadFormPosition() {
     const QSize size = m_registry.GetFormSize(kFormName).value_or(kFirstSize).expandedTo(kLeastSize);
     const auto position = m_registry.GetFormPos(kFormName);
     const QList<QRect> screens = freeScreenAreas(m_station.settings.Advanced_MultipleMonitors());
@@ -291,11 +301,11 @@ void frmMain::resetPlace() {
     resize(place.size());
     move(place.topLeft());
     m_lent.reset();
-    savePlace();
+    SaveFormPosition();
     fitOnScreenSoon(*this);
 }
 
-void frmMain::savePlace() {
+void frmMain::SaveFormPosition() {
     // What is stored is the place of the window as it is when neither maximised nor minimised.
     const bool usual = (windowState() & (Qt::WindowMaximized | Qt::WindowFullScreen)) == 0;
     const QPoint frame = geometry().topLeft() - pos();
@@ -322,7 +332,7 @@ void frmMain::showEvent(QShowEvent* event) {
 void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && m_commands != nullptr) {
-        m_commands->renewIcons();
+        m_commands->LoadIcons();
     }
 }
 

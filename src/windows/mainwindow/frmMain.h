@@ -32,7 +32,7 @@ public:
     ~frmMain() override;
 
     // Stores position and size.
-    void savePlace();
+    void SaveFormPosition();
     // Puts the window back to its first place and size, and stores them.
     void resetPlace();
     // Shows a short note, by the tray where there is one.
@@ -69,11 +69,15 @@ private:
     void refreshOn(const Sender& sender, Signal signal, unsigned touched);
     void showView();
     void showFooter();
-    void showMessageBars();
+    void showAlertBar();
+    // "My Status:", or nothing while there is none.
+    void CreateMessagebar();
     void search(const QString& text);
+    // The colour of a search box that searches for nothing.
+    void ResetSearchFilter();
     void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
     void Set_onTop();
-    void restorePlace();
+    void LoadFormPosition();
 
     Station& m_station;
     WindowRegistry& m_registry;

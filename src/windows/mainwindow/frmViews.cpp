@@ -40,18 +40,36 @@ SortKey byValue(LocationItem item) {
 
 Views::Views(Station& station, std::function<QIcon(int)> icon, QWidget* parent)
     : QStackedWidget(parent), m_station(station), m_icon(std::move(icon)) {
-    LocationViews& rows = m_station.views;
-    create(View::Home, rows.rptEndpoints,
-           tr("No locations yet.\nThe network comes up a few seconds after the start."));
-    create(View::Status, rows.rptStatusView, QStringLiteral("No Location has a status set"));
-    create(View::Favorites, rows.rptFavorites, QStringLiteral("No favorites have been selected"));
+    Create_EndpointView();
+    Create_StatusView();
+    Create_FavoritesView();
     applyFont();
     applyPreview();
-    applySort();
+    Arrange();
     QTimer::singleShot(0, this, &Views::loadBackgrounds);
 }
 
-void Views::create(View view, ReportRecords& records, const QString& emptyText) {
+void Views::Create_EndpointView() {
+    createList(View::Home, m_station.views.rptEndpoints,
+               tr("No locations yet.\nThe network comes up a few seconds after the start."));
+}
+
+void Views::Create_StatusView() {
+    createList(View::Status, m_station.views.rptStatusView, QStringLiteral("No Location has a status set"));
+}
+
+void Views::Create_FavoritesView() {
+    ReportControl& list = createList(View::Favorites, m_station.views.rptFavorites,
+                                     QStringLiteral("No favorites have been selected"));
+    auto* const remove = new QShortcut(Qt::Key_Delete, &list, nullptr, nullptr, Qt::WidgetShortcut);
+    connect(remove, &QShortcut::activated, this, [this, &list] {
+        if (const ReportRecordPtr record = list.currentRecord()) {
+            m_station.actions.RemovefromFavoriteList(*record);
+        }
+    });
+}
+
+ReportControl& Views::createList(View view, ReportRecords& records, const QString& emptyText) {
     auto* const list = new ReportControl(this);
     ReportColumn color = column("", LocationItem::Icon, 24);
     ReportColumn status = column("Status", LocationItem::Status, 180);
@@ -77,14 +95,7 @@ void Views::create(View view, ReportRecords& records, const QString& emptyText) 
             });
     connect(list, &ReportControl::recordActivated, this,
             [this](const ReportRecordPtr& record) { m_station.actions.LaunchActionsWindow(*record); });
-    if (view == View::Favorites) {
-        auto* const remove = new QShortcut(Qt::Key_Delete, list, nullptr, nullptr, Qt::WidgetShortcut);
-        connect(remove, &QShortcut::activated, this, [this, list] {
-            if (const ReportRecordPtr record = list->currentRecord()) {
-                m_station.actions.RemovefromFavoriteList(*record);
-            }
-        });
-    }
+    return *list;
 }
 
 void Views::loadBackgrounds() {
@@ -134,7 +145,7 @@ void Views::applyPreview() {
     }
 }
 
-void Views::applySort() {
+void Views::Arrange() {
     const Settings& settings = m_station.settings;
     const SortKey color = byValue(LocationItem::ST);
     const SortKey name = byText(LocationItem::SN);

@@ -32,14 +32,19 @@ public:
 
     void applyFont();
     void applyPreview();
-    void applySort();
+    // Puts the rows of all lists in the order of the settings.
+    void Arrange();
 
 signals:
     void menuRequested(const tessel::ReportRecordPtr& record, const QPoint& globalPos);
     void currentRowChanged();
 
 private:
-    void create(View view, ReportRecords& records, const QString& emptyText);
+    void Create_EndpointView();
+    void Create_StatusView();
+    void Create_FavoritesView();
+    // With what the lists of locations have in common.
+    ReportControl& createList(View view, ReportRecords& records, const QString& emptyText);
     void loadBackgrounds();
 
     Station& m_station;

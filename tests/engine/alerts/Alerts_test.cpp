@@ -165,7 +165,7 @@ TEST_F(Alerts, BarStaysForItsMinutesFromTheLatestAlert) {
 
     me->settings.Settings_ABPT.set(1);
     ring(kKinds[1]);
-    me->popups.clicked(PopupId::Alert, PopupItem::TurnOff);
+    me->popups.clicked(PopupId::ctrlPopupAlert, PopupItem::TurnOff);
     EXPECT_FALSE(me->alertBar.AlertBarShown()) << "the popup's button turns off the bar";
     EXPECT_FALSE(popup());
     ring(kKinds[1]);

@@ -152,13 +152,13 @@ TEST_F(InboxFile, OpensWhatIsThereAndGuardsItsMemory) {
     QObject::connect(&inbox(), &Inbox::opened,
                      [&opened](const ReceivedMessage& message) { opened.push_back(message); });
     message("1", "one");
-    me->popups.clicked(PopupId::Message, PopupItem::Text);
+    me->popups.clicked(PopupId::ctrlPopupMessage, PopupItem::Text);
     ASSERT_EQ(opened.size(), 1U) << "a click on the popup opens its message";
     EXPECT_EQ(opened[0].text, "one");
     EXPECT_EQ(opened[0].SID, kOther);
     message("2", "two");
     inbox().Delete_Message_ID("2");
-    me->popups.clicked(PopupId::Message, PopupItem::Text);
+    me->popups.clicked(PopupId::ctrlPopupMessage, PopupItem::Text);
     inbox().GetMessageFromList(7);
     EXPECT_EQ(opened.size(), 1U);
 

@@ -64,11 +64,11 @@ TEST_F(FoldersOfAStation, FirstStartCopiesAndLaterOnesLeaveTheUsersFilesAlone) {
 }
 
 TEST_F(FoldersOfAStation, EachClientOfASharedServerHasItsOwnUnlessForbidden) {
-    facts.remoteSession = true;
-    facts.clientLoginName = "carla";
+    facts.IsRemoteSession = true;
+    facts.ClientLoginName = "carla";
     EXPECT_EQ(start(), data() + "carla/");
     const QString carla = station->own.SID;
-    facts.clientLoginName = "dora";
+    facts.ClientLoginName = "dora";
     start();
     EXPECT_NE(station->own.SID, carla);
 
@@ -78,15 +78,15 @@ TEST_F(FoldersOfAStation, EachClientOfASharedServerHasItsOwnUnlessForbidden) {
         put(data() + "tsa.dat", QByteArray("[Admin]\nWTS=") + letter + "\n");
         EXPECT_EQ(start(), data()) << letter;
     }
-    facts.remoteSession = false;
+    facts.IsRemoteSession = false;
     put(data() + "tsa.dat", "[Admin]\nWTS=A\n");
     EXPECT_EQ(start(), data()) << "at the desk itself nothing changes";
 }
 
 TEST_F(FoldersOfAStation, AClientsNameIsNoWayOutOfTheFolder) {
-    facts.remoteSession = true;
+    facts.IsRemoteSession = true;
     for (const char* const name : {"../../etc", "..", ".", "a/b", "c:\\d", "x\n"}) {
-        facts.clientLoginName = name;
+        facts.ClientLoginName = name;
         const QString folder = QDir::cleanPath(start());
         EXPECT_EQ(QFileInfo(folder).path() + "/", data()) << name;
         EXPECT_TRUE(FolderExists(folder)) << name;

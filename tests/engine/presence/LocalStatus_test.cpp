@@ -129,7 +129,7 @@ TEST_F(OwnStatus, SharedStatusFromAfarIsNoticedHere) {
     EXPECT_EQ(me.desktop.popups[0]->text, "Surgery");
     EXPECT_EQ(me.sounds.played, QStringList("3A.wav"));
 
-    me->popups.close(PopupId::Status);
+    me->popups.close(PopupId::ctrlPopupStatus);
     me->own.doNotDisturb = true;
     hear("XAS2", body({kMe, "Late", "5"}));
     me->own.doNotDisturb = false;
