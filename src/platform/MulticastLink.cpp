@@ -26,6 +26,7 @@ constexpr std::size_t kMany = 100;
 // long, no more than a large burst is kept.
 constexpr qint64 kLongestWaitMs = 2000;
 constexpr std::size_t kAlwaysKept = 1000;
+constexpr qint64 kSoonHandledMs = 100;
 // What came meanwhile is taken in so often. A look at the clock costs a tenth of what a keep-alive does,
 // so not every datagram pays for one, unless they are slow.
 constexpr qint64 kTakeInNs = 100'000;
@@ -271,22 +272,30 @@ bool MulticastLink::readFailed(int number) {
     return false;
 }
 
-// Lets go what the engine can do without, once a turn: judging costs more than reading.
+std::vector<bool> MulticastLink::sift(qsizetype bytes) {
+    std::vector<WaitingDatagram> all;
+    all.reserve(m_waiting.size());
+    for (Waiting& waiting : m_waiting) {
+        if (!waiting.weight) {
+            waiting.weight = m_weigh(waiting.bytes);
+        }
+        all.push_back({*waiting.weight, waiting.source, waiting.bytes.size()});
+    }
+    return m_sieve(all, bytes);
+}
+
+// Lets go what the engine can do without, once a turn: judging costs as much as handling what is quickly
+// handled. Where that is all that waits, nobody waits long, and the system's queue is the better place.
 bool MulticastLink::makeRoom(qsizetype wanted) {
-    if (m_sifted) {
+    if (m_sifted || m_clock.elapsed() - m_waiting.front().since < kSoonHandledMs) {
         return false;
     }
     m_sifted = true;
     std::vector<bool> goes;
     if (m_sieve) {
-        std::vector<QByteArrayView> views;
-        views.reserve(m_waiting.size());
-        for (const Waiting& waiting : m_waiting) {
-            views.emplace_back(waiting.bytes);
-        }
         // Asked in bytes of datagrams, without what their waiting costs: tiny ones must not cost the rest.
         const qsizetype bare = m_waitingBytes - static_cast<qsizetype>(m_waiting.size()) * kOverhead;
-        goes = m_sieve(views, bare * wanted / m_waitingBytes);
+        goes = sift(bare * wanted / m_waitingBytes);
     }
     goes.resize(m_waiting.size());
     qsizetype freed = 0;
@@ -332,7 +341,7 @@ void MulticastLink::takeIn() {
         quint32 lostNow = m_lost;
         for (int i = 0; i < count; ++i) {
             const QByteArrayView bytes = m_reader->bytes(i);
-            m_waiting.push_back({bytes.toByteArray(), m_reader->source(i), now});
+            m_waiting.push_back({bytes.toByteArray(), m_reader->source(i), now, {}});
             m_waitingBytes += bytes.size() + kOverhead;
             lostNow = m_reader->lost(i, lostNow);
         }

@@ -15,6 +15,8 @@
 
 #include <deque>
 #include <memory>
+#include <optional>
+#include <vector>
 
 namespace tessel {
 
@@ -27,8 +29,8 @@ class MulticastLink : public Link {
 public:
     // What may wait. The queue is asked of the system, which may grant less.
     struct Room {
-        int queueBytes = 4 << 20;
-        qsizetype bytes = 8 << 20;
+        int queueBytes = 16 << 20;
+        qsizetype bytes = 16 << 20;
     };
 
     MulticastLink();
@@ -52,6 +54,7 @@ private:
         QByteArray bytes;
         quint32 source;
         qint64 since; // by `m_clock`
+        std::optional<DatagramWeight> weight;
     };
 
     bool setUp(const LinkConfig& config);
@@ -63,6 +66,7 @@ private:
     // Takes in all that the system has, if there is room.
     void takeIn();
     bool makeRoom(qsizetype wanted);
+    std::vector<bool> sift(qsizetype bytes);
     // False when the socket is beyond use.
     bool readFailed(int number);
 

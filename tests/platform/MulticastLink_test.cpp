@@ -225,21 +225,27 @@ TEST_F(MulticastLinkTest, WhatComesWhileAHandlerIsSlowIsTakenInFirst) {
     }
 }
 
+DatagramWeight weightOf(QByteArrayView datagram) {
+    return {datagram.startsWith("urgent") ? 1U : 0U, 0};
+}
+
 // Without room the engine says what goes. Nothing goes uncounted.
 TEST_F(MulticastLinkTest, WithoutRoomTheSieveDecidesAndAllIsCounted) {
     Listener one({.queueBytes = 4 << 20, .bytes = 100'000});
     ASSERT_TRUE(one.link.open(configOf(0)));
-    one.link.setSieve([](const std::vector<QByteArrayView>& waiting, qsizetype) {
+    one.onData = [](QByteArrayView) { ::usleep(1000); };
+    one.link.setSieve(weightOf, [](const std::vector<WaitingDatagram>& waiting, qsizetype) {
         std::vector<bool> goes;
-        for (const QByteArrayView datagram : waiting) {
-            goes.push_back(datagram.startsWith('k'));
+        for (const WaitingDatagram& datagram : waiting) {
+            goes.push_back(datagram.weight.importance == 0);
         }
         return goes;
     });
     qint64 bytes = 0;
     constexpr int kAll = 1000;
     for (int i = 0; i < kAll; ++i) {
-        const QByteArray datagram = (i % 5 == 0 ? "alert " : "k ") + QByteArray::number(i).leftJustified(200);
+        const QByteArray datagram =
+            (i % 5 == 0 ? "urgent " : "k ") + QByteArray::number(i).leftJustified(200);
         bytes += datagram.size();
         one.link.send(datagram);
     }
@@ -249,7 +255,7 @@ TEST_F(MulticastLinkTest, WithoutRoomTheSieveDecidesAndAllIsCounted) {
     int last = -1;
     for (const QByteArray& datagram : one.heard) {
         bytes -= datagram.size();
-        alerts += datagram.startsWith('a') ? 1 : 0;
+        alerts += datagram.startsWith('u') ? 1 : 0;
         const int number = datagram.trimmed().split(' ').last().toInt();
         EXPECT_GT(number, last) << "out of order";
         last = number;
@@ -268,11 +274,11 @@ TEST_F(MulticastLinkTest, NobodyWaitsBehindMinutesOfAFlood) {
         heard = heard || datagram.startsWith("urgent");
         ::usleep(heard ? 0 : 10000);
     };
-    one.link.setSieve([](const std::vector<QByteArrayView>& waiting, qsizetype bytes) {
+    one.link.setSieve(weightOf, [](const std::vector<WaitingDatagram>& waiting, qsizetype bytes) {
         std::vector<bool> goes;
-        for (const QByteArrayView datagram : waiting) {
-            goes.push_back(bytes > 0 && !datagram.startsWith("urgent"));
-            bytes -= goes.back() ? datagram.size() : 0;
+        for (const WaitingDatagram& datagram : waiting) {
+            goes.push_back(bytes > 0 && datagram.weight.importance == 0);
+            bytes -= goes.back() ? datagram.size : 0;
         }
         return goes;
     });

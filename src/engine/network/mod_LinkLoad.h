@@ -1,7 +1,8 @@
 // What happens when more arrives than can be handled.
 #pragma once
 
-#include <QByteArrayView>
+#include "engine/ports/cLink.h"
+
 #include <QObject>
 
 #include <cstdint>
@@ -10,7 +11,6 @@
 namespace tessel {
 
 class Clock;
-class Link;
 class NetworkProtocol;
 class cErrorLog;
 
@@ -23,8 +23,9 @@ public:
     LinkLoad(Link& link, NetworkProtocol& protocol, cErrorLog& log, const Clock& clock);
 
     // A flag for each datagram that goes, of `bytes` at least in all. Among those that matter alike, the
-    // locations that sent most lose first, and of theirs the oldest.
-    std::vector<bool> sift(const std::vector<QByteArrayView>& waiting, qsizetype bytes) const;
+    // machines that sent most lose first, of theirs the locations that sent most, and of theirs the
+    // oldest: who invents locations takes from himself.
+    static std::vector<bool> sift(const std::vector<WaitingDatagram>& waiting, qsizetype bytes);
 
 private:
     struct Kind {

@@ -160,8 +160,8 @@ void NetworkProtocol::DispatchPacket(QByteArrayView text, quint32 source) {
     }
 }
 
-NetworkProtocol::Weight NetworkProtocol::weigh(QByteArrayView datagram) const {
-    Weight heaviest;
+DatagramWeight NetworkProtocol::weigh(QByteArrayView datagram) const {
+    DatagramWeight heaviest;
     splitDatagram(datagram, [&](QByteArrayView piece) {
         const auto packet = cPacket::parse(piece, m_settings.ENCODE());
         const CatalogueRow* const row = packet.has_value() ? findRow(packet->bytes(Field::Code)) : nullptr;

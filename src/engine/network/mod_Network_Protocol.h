@@ -3,6 +3,7 @@
 
 #include "engine/network/cPacket.h"
 #include "engine/network/mod_Catalogue.h"
+#include "engine/ports/cLink.h"
 
 #include <QByteArrayView>
 #include <QString>
@@ -14,7 +15,6 @@
 
 namespace tessel {
 
-class Link;
 class ReportRecords;
 class Settings;
 struct OwnState;
@@ -67,14 +67,10 @@ public:
     // Packet text that arrived and was not handled.
     void countReceived(double characters) { m_bytesReceived += characters; }
 
-    // How much a datagram matters here, from 0: it would do nothing. Above that, alerts and messages
-    // matter more than all else, and what known locations send more than the same of unknown ones.
-    struct Weight {
-        std::size_t importance = 0; // below `kWeights`
-        std::size_t sender = 0;     // the same number for the same location
-    };
+    // How much a datagram matters here, below `kWeights`: alerts and messages more than all else, and
+    // what known locations send more than the same of unknown ones.
     static constexpr std::size_t kWeights = 9;
-    Weight weigh(QByteArrayView datagram) const;
+    DatagramWeight weigh(QByteArrayView datagram) const;
 
     // Packets of this run. A received one is counted when its code is known and its filter let it
     // pass, whether a handler is attached or not.

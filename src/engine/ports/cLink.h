@@ -26,9 +26,23 @@ struct LinkConfig {
     int timeToLive = 1;
 };
 
+// How much a datagram matters to the engine, from 0: it would do nothing.
+struct DatagramWeight {
+    std::size_t importance = 0;
+    std::size_t sender = 0; // the same number for the same location
+};
+
+// One that waits to be handled.
+struct WaitingDatagram {
+    DatagramWeight weight;
+    quint32 source = 0; // as of `Link::dataIn`
+    qsizetype size = 0; // in bytes
+};
+
+using Weigh = std::function<DatagramWeight(QByteArrayView datagram)>;
 // Says which of the waiting datagrams a link without room lets go, a flag for each. At least `bytes` of
 // them, in all, must go.
-using Sieve = std::function<std::vector<bool>(const std::vector<QByteArrayView>& waiting, qsizetype bytes)>;
+using Sieve = std::function<std::vector<bool>(const std::vector<WaitingDatagram>& waiting, qsizetype bytes)>;
 
 struct Adapter {
     QString name;
@@ -57,9 +71,12 @@ public:
     virtual std::vector<Adapter> adapters() const = 0;
     // Whether an IPv4 address, as a number, is one of this machine's.
     virtual bool isOwnAddress(quint32 address) const = 0;
-    // Asked when datagrams come faster than they are handled, for so long that there is no more room.
-    // Without one the oldest go.
-    void setSieve(Sieve sieve) { m_sieve = std::move(sieve); }
+    // Asked when datagrams come faster than they are handled, for so long that there is no more room;
+    // each datagram is weighed once at most. Without a sieve the oldest go.
+    void setSieve(Weigh weigh, Sieve sieve) {
+        m_weigh = std::move(weigh);
+        m_sieve = std::move(sieve);
+    }
 
 signals:
     // A datagram arrived. The bytes hold until the slot returns, also if it waits. `source`: the IPv4
@@ -75,6 +92,7 @@ signals:
     void interfacesChanged();
 
 protected:
+    Weigh m_weigh;
     Sieve m_sieve;
 };
 

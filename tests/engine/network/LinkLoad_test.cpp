@@ -16,10 +16,15 @@ protected:
         made.body = text;
         return made.bytes();
     }
-    // The datagrams that stay when about so many of equal size must go.
+    // Those that stay when about so many of equal size must go. Who invents locations does so on one
+    // machine.
     std::vector<QByteArray> left(const std::vector<QByteArray>& waiting, int go) {
-        const std::vector<QByteArrayView> views(waiting.begin(), waiting.end());
-        const std::vector<bool> goes = me->linkLoad.sift(views, go * waiting.front().size());
+        std::vector<WaitingDatagram> weighed;
+        for (const QByteArray& datagram : waiting) {
+            const quint32 source = datagram.contains("invented") ? 1 : 2;
+            weighed.push_back({me->protocol.weigh(datagram), source, datagram.size()});
+        }
+        const std::vector<bool> goes = LinkLoad::sift(weighed, go * waiting.front().size());
         std::vector<QByteArray> stay;
         for (std::size_t i = 0; i < waiting.size(); ++i) {
             if (!goes[i]) {
@@ -80,6 +85,21 @@ TEST_F(Load, WhoFloodsLosesHisOwn) {
     EXPECT_NEAR(static_cast<double>(stay.size()), 110, 5);
     EXPECT_EQ(stay.back(), waiting.back()) << "the newest stay";
     EXPECT_TRUE(left(waiting, 2000).empty());
+}
+
+TEST_F(Load, WhoInventsLocationsTakesFromHimself) {
+    begin();
+    std::vector<QByteArray> waiting;
+    for (int i = 0; i < 500; ++i) {
+        const QString SID = QStringLiteral("%1CC333CCC3").arg(i, 3, 10, QChar(u'0'));
+        waiting.push_back(packet("XAUM", SID, body({kMe, "invented"})));
+        if (i % 50 == 0) {
+            waiting.push_back(packet("XAUM", kStranger, body({kMe, "please"})));
+        }
+    }
+    const std::vector<QByteArray> stay = left(waiting, 400);
+    EXPECT_EQ(std::count(stay.begin(), stay.end(), waiting[1]), 10);
+    EXPECT_NEAR(static_cast<double>(stay.size()), 110, 5);
 }
 
 TEST_F(Load, WhatIsGivenUpIsCountedAndToldOnceAMinute) {
