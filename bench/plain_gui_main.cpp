@@ -74,7 +74,7 @@ QByteArray packetOf(int number, const char* code, int round) {
     return packet.bytes();
 }
 
-void repaint(ReportControl& list) {
+void repaint(ReportView& list) {
     std::vector<double> times;
     for (int i = 0; i < 200; ++i) {
         times.push_back(timed([&] { list.viewport()->repaint(); }));
@@ -82,7 +82,7 @@ void repaint(ReportControl& list) {
     print("repaint of the visible rows", times);
 }
 
-void search(frmMain& form, ReportControl& list) {
+void search(frmMain& form, ReportView& list) {
     auto& box = *form.findChild<PromptEdit*>();
     box.setFocus();
     std::vector<double> times;
@@ -105,7 +105,7 @@ void search(frmMain& form, ReportControl& list) {
     print("key in the search box, to the painted result", times);
 }
 
-void storm(World& world, ReportControl& list, View view) {
+void storm(World& world, ReportView& list, View view) {
     world[0]->shell.SetTabView(static_cast<int>(view));
     QApplication::processEvents();
     PaintWatch watch;

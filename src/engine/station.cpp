@@ -63,10 +63,10 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       compose(own, settings, m_clock, protocol, endpoints, identity, history, tones),
       reply(own, views, compose, inbox),
       footer(own, m_clock),
-      shell(settings, views, m_clock),
+      shell(settings, views, inbox, m_clock),
       updates(own, folders, admin, m_clock, session),
       diagnostics(own, m_facts, settings, admin, network, tones),
-      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, updates, tmrExit}),
+      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, inbox, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
       tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }) {

@@ -32,7 +32,7 @@ struct MemoryRegistry : WindowRegistry {
 };
 
 // The texts of one item of the rows that a list shows, from the top.
-inline QStringList shownTexts(ReportControl& list, int section) {
+inline QStringList shownTexts(ReportView& list, int section) {
     list.syncNow();
     QStringList texts;
     for (int row = 0; row < list.model()->rowCount(); ++row) {

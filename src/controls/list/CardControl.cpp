@@ -14,7 +14,7 @@ namespace {
 // Cards that turn out lower than guessed let others come into sight, which are measured then; each
 // is measured once, so a few rounds are enough for any screen.
 constexpr int kRounds = 50;
-constexpr int kSearchedChars = 4000; // of each card
+constexpr int kSearchedChars = 70000; // of each card: more than a packet carries
 
 } // namespace
 
@@ -36,7 +36,7 @@ public:
 
 protected:
     QString searchedText(const ReportRecord& record) const override {
-        return u'\n' + cardText(record, m_items).left(kSearchedChars);
+        return u'\n' + wholeCardText(record, m_items).left(kSearchedChars);
     }
 
 private:
@@ -201,7 +201,7 @@ QString CardControl::hiddenText(const QModelIndex& index, const QPoint& pos) con
 }
 
 QString CardControl::copied(const ReportRecord& record) const {
-    return cardText(record, m_painter.items());
+    return wholeCardText(record, m_painter.items());
 }
 
 } // namespace tessel

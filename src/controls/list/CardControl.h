@@ -16,7 +16,7 @@ class CardControl : public ReportView {
 public:
     explicit CardControl(QWidget* parent = nullptr);
 
-    // The filter looks in heading, name, text and stamp.
+    // The filter looks in heading, name, the whole text and stamp.
     void setCardItems(const CardItems& items);
 
     void scrollTo(const QModelIndex& index, ScrollHint hint = EnsureVisible) override;

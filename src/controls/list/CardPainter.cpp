@@ -169,15 +169,23 @@ QString CardPainter::hiddenText(const ReportRecord& record, const QRect& room, Q
     return cut && pos.y() < card.bottom() - footHeight() ? text : QString();
 }
 
-QString cardText(const ReportRecord& record, const CardItems& items) {
+static QString joinedText(const ReportRecord& record, const CardItems& items, int text) {
     QStringList lines;
     for (const QString& line : {itemOf(record, items.heading).text + itemOf(record, items.headingName).text,
-                                itemOf(record, items.text).text, itemOf(record, items.stamp).text}) {
+                                itemOf(record, text).text, itemOf(record, items.stamp).text}) {
         if (!line.isEmpty()) {
             lines.append(line);
         }
     }
     return lines.join(u'\n');
+}
+
+QString cardText(const ReportRecord& record, const CardItems& items) {
+    return joinedText(record, items, items.text);
+}
+
+QString wholeCardText(const ReportRecord& record, const CardItems& items) {
+    return joinedText(record, items, items.whole >= 0 ? items.whole : items.text);
 }
 
 } // namespace tessel

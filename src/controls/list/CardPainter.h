@@ -17,6 +17,7 @@ struct CardItems {
     int text = -1;
     int stamp = -1;
     int border = -1; // its back colour
+    int whole = -1;  // a text of which `text` is the beginning: searched and copied, not shown
 };
 
 class CardPainter {
@@ -53,7 +54,8 @@ private:
     bool m_rightToLeft = false;
 };
 
-// Heading, text and stamp, a line each.
+// Heading, text and stamp, a line each; the whole text where there is one.
 QString cardText(const ReportRecord& record, const CardItems& items);
+QString wholeCardText(const ReportRecord& record, const CardItems& items);
 
 } // namespace tessel

@@ -30,16 +30,8 @@ ReceivedMessage messageOf(const ReportRecord& row) {
 } // namespace
 
 QString MessageRecord(const ReceivedMessage& message) {
-    QStringList values(FvCount);
-    values[FvType] = message.kind;
-    values[FvEveryone] = message.everyone ? QStringLiteral("-1") : QStringLiteral("0");
-    values[FvID] = message.MessageID;
-    values[FvName] = message.location;
-    values[FvSID] = message.SID;
-    values[FvBody] = message.text;
-    values[FvTime] = message.time;
-    values[FvDate] = message.date;
-    return joinRecord(std::move(values));
+    return joinRecord({message.kind, BooleanText(message.everyone), message.MessageID, message.location,
+                       message.SID, message.text, message.time, message.date});
 }
 
 ReceivedMessage MessageOf(const QString& record) {
@@ -66,7 +58,7 @@ Inbox::Inbox(Settings& settings, const Folders& folders, cErrorLog& log, Clock& 
 ReportRecordPtr Inbox::make(const ReceivedMessage& message) {
     auto record = std::make_shared<ReportRecord>(kInboxItems);
     item(*record, InboxItem::Type).text = message.kind;
-    item(*record, InboxItem::Everyone).text = message.everyone ? QStringLiteral("-1") : QStringLiteral("0");
+    item(*record, InboxItem::Everyone).text = BooleanText(message.everyone);
     item(*record, InboxItem::ID).text = message.MessageID;
     item(*record, InboxItem::Name).text = message.location;
     item(*record, InboxItem::SID).text = message.SID;
@@ -212,15 +204,25 @@ void Inbox::SaveInboxMessages() {
     }
 }
 
-void Inbox::Delete_Message(int row) {
-    if (!has(row)) {
+void Inbox::setFocused(const ReportRecordPtr& record) {
+    m_focused = record;
+    emit focusChanged();
+}
+
+const ReportRecord* Inbox::focused() const {
+    return m_focused && m_focused->row() >= 0 ? m_focused.get() : nullptr;
+}
+
+void Inbox::Delete_Message() {
+    const ReportRecord* const record = focused();
+    if (record == nullptr) {
         return;
     }
-    const ReceivedMessage message = messageOf(*rptMessages.at(row));
+    const ReceivedMessage message = messageOf(*record);
     if (!message.MessageID.isEmpty() && m_popups.tag(PopupId::ctrlPopupStatus) == message.MessageID) {
         m_popups.close(PopupId::ctrlPopupStatus);
     }
-    remove(row);
+    remove(record->row());
     m_journal.remove(MessageRecord(message));
     SaveInboxMessages();
     emit countChanged();
@@ -250,22 +252,31 @@ void Inbox::Remove_All_Inbox_Messages() {
     emit countChanged();
 }
 
+void Inbox::askToRemoveAll() {
+    if (rptMessages.count() > 0) {
+        emit clearRequested();
+    }
+}
+
 void Inbox::OpenMessage(const QString& record) {
     emit opened(MessageOf(record));
 }
 
-void Inbox::GetMessageFromList(int row) {
-    if (has(row)) {
-        emit opened(messageOf(*rptMessages.at(row)));
+void Inbox::GetMessageFromList() {
+    if (const ReportRecord* const record = focused()) {
+        emit opened(messageOf(*record));
     }
 }
 
 void Inbox::GetMessageFromPopup(const QString& id) {
-    GetMessageFromList(Message_FindID(id));
+    if (const int row = Message_FindID(id); has(row)) {
+        emit opened(messageOf(*rptMessages.at(row)));
+    }
 }
 
 void Inbox::SetEnsureVisible_Message() {
     m_settings.Messages_EV.set(!m_settings.Messages_EV());
+    emit ensureVisibleChanged();
 }
 
 QString Inbox::caption() const {
@@ -273,11 +284,13 @@ QString Inbox::caption() const {
                                     : QStringLiteral("Inbox (%1)").arg(rptMessages.count());
 }
 
-QString Inbox::printText(int row) {
-    if (!has(row)) {
-        return {};
+void Inbox::Print_Message() {
+    if (const ReportRecord* const record = focused()) {
+        emit printRequested(printText(messageOf(*record)));
     }
-    const ReceivedMessage message = messageOf(*rptMessages.at(row));
+}
+
+QString Inbox::printText(const ReceivedMessage& message) {
     return QLatin1String("Message From: ") + message.location + kNewLine + kNewLine +
            MessageText(message.text).trimmed() + kNewLine + kNewLine + message.time + QLatin1String(" on ") +
            m_stamp.LongDate(message.date) + kNewLine;

@@ -62,16 +62,23 @@ public:
     void SaveInboxMessages();
     bool dirty() const { return m_dirty; }
 
-    // Rows beyond the list change nothing.
-    void Delete_Message(int row);
+    // The message that the user has in front, which the acts below are for. nullptr for none.
+    void setFocused(const ReportRecordPtr& record);
+    // nullptr also when it is in the list no more.
+    const ReportRecord* focused() const;
+    void Delete_Message();
+    void GetMessageFromList();
+    void Print_Message();
+
     void Delete_Message_ID(const QString& id);
     // The first row with this id, -1 when there is none.
     int Message_FindID(const QString& id) const;
     void Remove_All_Inbox_Messages();
+    // Asks the user first. Nothing happens with an empty list.
+    void askToRemoveAll();
 
     // These emit `opened`, if there is such a message. `record`: as in inbox.dat.
     void OpenMessage(const QString& record);
-    void GetMessageFromList(int row);
     void GetMessageFromPopup(const QString& id);
 
     // Toggles whether a new message brings the list to its top.
@@ -79,8 +86,6 @@ public:
 
     // "Inbox " with the number of messages, if there are any.
     QString caption() const;
-    // A message as it is printed.
-    QString printText(int row);
 
     ReportRecords rptMessages{static_cast<int>(InboxItem::ID)};
     Timer tmrSaveInbox;
@@ -92,6 +97,12 @@ signals:
     // A new message wants to be seen.
     void ensureTopVisible();
     void opened(const ReceivedMessage& message);
+    void focusChanged();
+    void ensureVisibleChanged();
+    // The text of a message is to be shown as it is printed.
+    void printRequested(const QString& text);
+    // All messages are to go, if the user says so again.
+    void clearRequested();
 
 private:
     ReportRecordPtr make(const ReceivedMessage& message);
@@ -101,6 +112,7 @@ private:
     int mostRows() const;
     void replay(QByteArrayView bytes);
     bool has(int row) const { return row >= 0 && row < rptMessages.count(); }
+    QString printText(const ReceivedMessage& message);
 
     Settings& m_settings;
     const Folders& m_folders;
@@ -108,6 +120,7 @@ private:
     Popups& m_popups;
     cJournal m_journal;
     cStamp m_stamp;
+    ReportRecordPtr m_focused;
     bool m_dirty = false;
     bool m_saveFailed = false;  // the last one
     qsizetype m_characters = 0; // of all bodies

@@ -146,16 +146,9 @@ void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
     item(*record, CardItem::Stamp).text = m_stamp.stamp(entry.time, entry.date);
     item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
     item(*record, CardItem::Border).backColor = borderOf(m_settings, entry.code);
-    QStringList values(EvCount);
-    values[EvKind] = QStringLiteral("0");
-    values[EvCode] = QString::number(static_cast<int>(entry.code));
-    values[EvWord] = entry.word;
-    values[EvLocation] = entry.location;
-    values[EvText] = text;
-    values[EvTime] = entry.time;
-    values[EvDate] = entry.date;
-    values[EvSID] = entry.SID;
-    item(*record, CardItem::Record).text = joinRecord(std::move(values));
+    item(*record, CardItem::Record).text =
+        joinRecord({QStringLiteral("0"), QString::number(static_cast<int>(entry.code)), entry.word,
+                    entry.location, text, entry.time, entry.date, entry.SID});
     add(record, loading);
 }
 
@@ -170,18 +163,10 @@ void NotificationHistory::AddMessage(const HistoryMessage& message, bool loading
     item(*record, CardItem::Stamp).text = m_stamp.stamp(message.time, message.date);
     item(*record, CardItem::Stamp).foreColor = m_settings.Messages_MSG_TS();
     item(*record, CardItem::Border).backColor = m_settings.Recents_MSG_B();
-    QStringList values(MsCount);
-    values[MsKind] = QStringLiteral("1");
-    values[MsType] = QString::number(message.type);
-    values[MsLog] = QString::number(static_cast<int>(message.log));
-    values[MsEveryone] = message.everyone ? QStringLiteral("-1") : QStringLiteral("0");
-    values[MsID] = message.MessageID;
-    values[MsName] = message.name;
-    values[MsSID] = message.SID;
-    values[MsBody] = message.body;
-    values[MsTime] = message.time;
-    values[MsDate] = message.date;
-    item(*record, CardItem::Record).text = joinRecord(std::move(values));
+    item(*record, CardItem::Record).text =
+        joinRecord({QStringLiteral("1"), QString::number(message.type),
+                    QString::number(static_cast<int>(message.log)), BooleanText(message.everyone),
+                    message.MessageID, message.name, message.SID, message.body, message.time, message.date});
     add(record, loading);
 }
 

@@ -33,4 +33,9 @@ QString plainRecord(const QString& record);
 QString joinRecord(QStringList values);
 QStringList splitRecord(const QString& record, int count);
 
+// A boolean as it stands in a record.
+inline QString BooleanText(bool value) {
+    return value ? QStringLiteral("-1") : QStringLiteral("0");
+}
+
 } // namespace tessel

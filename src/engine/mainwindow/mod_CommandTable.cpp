@@ -1,6 +1,7 @@
 #include "engine/mainwindow/mod_CommandTable.h"
 
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Inbox.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/mainwindow/mod_Shell.h"
@@ -145,6 +146,14 @@ void clearRowStatus(T t, C call) {
     } else {
         t.status.clearStatusOf(SID);
     }
+}
+
+// A message that nobody sees is not deleted by a key.
+bool hasMessage(T t, C) {
+    return t.shell.view() == View::Inbox && t.inbox.focused() != nullptr;
+}
+bool hasMessages(T t, C) {
+    return t.inbox.rptMessages.count() > 0;
 }
 
 bool heading(T, C) {
@@ -393,6 +402,13 @@ constexpr std::array kCommands{
                .act = setView,
                .checked = isView,
                .captionNow = SetTabCaption},
+    CommandRow{.command = Command::Inbox,
+               .caption = kViews[3].caption,
+               .tip = kViews[3].tip,
+               .touches = Touches::View | Touches::Counts,
+               .act = setView,
+               .checked = isView,
+               .captionNow = SetTabCaption},
     CommandRow{.command = Command::RowDoorBell,
                .caption = "DoorBell",
                .tip = "Ring the doorbell of this location",
@@ -500,6 +516,37 @@ constexpr std::array kCommands{
                .caption = "Set Status",
                .tip = kStatusTip,
                .window = WindowId::SetStatus},
+    CommandRow{.command = Command::OpenMessage,
+               .caption = "Open Message",
+               .tip = "Read the whole message, and answer it",
+               .touches = Touches::Messages | Touches::View,
+               .act = [](T t, C) { t.inbox.GetMessageFromList(); },
+               .enabled = hasMessage},
+    CommandRow{.command = Command::PrintMessage,
+               .caption = "Print Message",
+               .tip = "See the message as it is printed, and print it",
+               .keys = "Ctrl+P",
+               .touches = Touches::Messages | Touches::View,
+               .act = [](T t, C) { t.inbox.Print_Message(); },
+               .enabled = hasMessage},
+    CommandRow{.command = Command::DeleteMessage,
+               .caption = "Delete Message",
+               .tip = "Take the message out of the inbox",
+               .touches = Touches::Messages | Touches::View,
+               .act = [](T t, C) { t.inbox.Delete_Message(); },
+               .enabled = hasMessage},
+    CommandRow{.command = Command::MessagesToTop,
+               .caption = "Scroll to top when receiving a message",
+               .tip = "Otherwise the inbox stays where you read",
+               .touches = Touches::Messages | Touches::View,
+               .act = [](T t, C) { t.inbox.SetEnsureVisible_Message(); },
+               .checked = [](T t, C) { return t.settings.Messages_EV(); }},
+    CommandRow{.command = Command::ClearMessages,
+               .caption = "Clear all messages",
+               .tip = "Delete all messages",
+               .touches = Touches::Messages,
+               .act = [](T t, C) { t.inbox.askToRemoveAll(); },
+               .enabled = hasMessages},
     CommandRow{.command = Command::FavoritesList,
                .caption = "Favorites List",
                .tip = "All your favorites, also those that are off line",

@@ -13,6 +13,7 @@ namespace tessel {
 
 class AlertEngine;
 class Favorites;
+class Inbox;
 class LocalStatus;
 class LocationActions;
 class NetworkMC;
@@ -87,6 +88,12 @@ enum class Command : int {
     FirstGroup = 460,
     FirstGroupCommand = 466,
     MyGroups = 470,
+    // Of the message in front, and of all.
+    OpenMessage = 480,
+    PrintMessage = 481,
+    DeleteMessage = 482,
+    MessagesToTop = 483,
+    ClearMessages = 484,
     FavoritesList = 705,
     Notes = 706,
     HomeSort = 760,
@@ -123,6 +130,7 @@ enum : unsigned {
     Counts = 2048, // rows of the lists
     Offers = 4096, // what the user wants to be offered
     FavoriteSlots = 8192,
+    Messages = 16384, // which one is in front, and how many there are
     All = ~0U
 };
 } // namespace Touches
@@ -139,6 +147,7 @@ struct CommandTargets {
     AlertEngine& alerts;
     LocationActions& actions;
     const Favorites& favorites;
+    Inbox& inbox;
     Updates& updates;
     Timer& tmrExit;
 };

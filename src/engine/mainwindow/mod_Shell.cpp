@@ -1,5 +1,6 @@
 #include "engine/mainwindow/mod_Shell.h"
 
+#include "engine/alerts/mod_Inbox.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/presence/mod_LocationViews.h"
 
@@ -20,14 +21,14 @@ const ViewRow* findView(int id) {
 }
 } // namespace
 
-Shell::Shell(Settings& settings, LocationViews& views, Clock& clock)
+Shell::Shell(Settings& settings, LocationViews& views, const Inbox& inbox, Clock& clock)
     : tmrTime(clock, "tmrTime", 1000, Timer::Kind::Repeating,
               [this] {
                   if (m_clock.timeText() == kMidnight) {
                       emit dayBegan();
                   }
               }),
-      m_settings(settings), m_views(views), m_clock(clock) {}
+      m_settings(settings), m_views(views), m_inbox(inbox), m_clock(clock) {}
 
 void Shell::SetTabView(int id) {
     const ViewRow* const row = findView(id);
@@ -51,6 +52,9 @@ QString Shell::tabCaption(int id) const {
     const ViewRow* const row = findView(id);
     if (row == nullptr) {
         return {};
+    }
+    if (row->view == View::Inbox) {
+        return m_inbox.caption();
     }
     const int rows = m_rows[static_cast<std::size_t>(row - kViews.data())];
     const QString caption = QLatin1String(row->caption);

@@ -10,6 +10,7 @@
 
 namespace tessel {
 
+class Inbox;
 class LocationViews;
 class Settings;
 
@@ -37,7 +38,7 @@ public:
     static constexpr int kSmallestFont = 8;
     static constexpr int kLargestFont = 20;
 
-    Shell(Settings& settings, LocationViews& views, Clock& clock);
+    Shell(Settings& settings, LocationViews& views, const Inbox& inbox, Clock& clock);
 
     // Opens a view by its command; nothing happens for any other number. Leaving a view ends its
     // search.
@@ -93,6 +94,7 @@ private:
 
     Settings& m_settings;
     LocationViews& m_views;
+    const Inbox& m_inbox;
     Clock& m_clock;
     View m_view = View::Home;
     std::array<int, kViews.size()> m_rows{}; // by the order of kViews

@@ -4,6 +4,7 @@
 #include "controls/list/CardControl.h"
 #include "engine/alerts/mod_NotificationHistory.h"
 #include "engine/core/mod_Settings.h"
+#include "windows/ListFont.h"
 #include "windows/alerts/frmRecentOptions.h"
 
 #include <QAction>
@@ -94,7 +95,7 @@ void frmNotifications::createList() {
     items.border = static_cast<int>(CardItem::Border);
     m_list->setCardItems(items);
     m_list->setIconProvider([this](int number) { return m_images.image(number, palette()); });
-    m_list->setFontSize(m_settings.Fonts_MVFS());
+    setListFont(*m_list, m_settings.Fonts_MVF(), m_settings.Fonts_MVFS());
     m_list->setEmptyText(QStringLiteral("No Notifications"));
     m_list->setNoMatchText(tr("No notification matches the filter"));
     m_list->setRecords(&m_history.rptNotifications);

@@ -63,6 +63,7 @@ void frmPreview::createBar() {
     bar->addSeparator();
     m_back = add("cmdPrevious", tr("P&revious"), tr("Previous page"), {Qt::Key_PageUp}, [this] { turn(-1); });
     m_pages = new QLabel(bar);
+    m_pages->setObjectName(QStringLiteral("lblPages"));
     m_pages->setTextFormat(Qt::PlainText);
     m_pages->setMargin(4);
     bar->addWidget(m_pages);

@@ -40,7 +40,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     Set_onTop();
     createCommands();
     m_views = new Views(
-        m_station, [this](int number) { return m_images.image(number, palette()); }, this);
+        m_station, *m_commands, [this](int number) { return m_images.image(number, palette()); }, this);
     createBars();
     createSearch();
     createShortcuts();
@@ -123,7 +123,7 @@ void frmMain::layOut() {
 void frmMain::connectStation() {
     auto* const keys = new ShortKeyFilter(m_station.shortKeys, this);
     keys->watchSearch(*m_search);
-    for (const View view : {View::Home, View::Status, View::Favorites}) {
+    for (const View view : {View::Home, View::Status, View::Favorites, View::Inbox}) {
         keys->watchList(m_views->list(view));
     }
     Shell& shell = m_station.shell;
@@ -138,9 +138,10 @@ void frmMain::connectStation() {
     m_counts.setInterval(kCountMs);
     connect(&m_counts, &QTimer::timeout, this, [this] {
         m_station.shell.countRows();
-        refreshCommands(Touches::Counts);
+        refreshCommands(Touches::Counts | Touches::Messages);
     });
-    for (const ReportRecords* list : {&m_station.views.rptEndpoints, &m_station.views.rptFavorites}) {
+    for (const ReportRecords* list :
+         {&m_station.views.rptEndpoints, &m_station.views.rptFavorites, &m_station.inbox.rptMessages}) {
         connect(list, &ReportRecords::changed, this, [this] {
             if (!m_counts.isActive()) {
                 m_counts.start();
@@ -164,6 +165,8 @@ void frmMain::connectStation() {
     refreshOn(m_station.network, &NetworkMC::canSendChanged, Touches::Online);
     refreshOn(m_station.favorites, &Favorites::changed, Touches::FavoriteSlots);
     refreshOn(*m_views, &Views::currentRowChanged, Touches::Row);
+    refreshOn(m_station.inbox, &Inbox::focusChanged, Touches::Messages);
+    refreshOn(m_station.inbox, &Inbox::ensureVisibleChanged, Touches::Messages);
 }
 
 template <typename Sender, typename Signal>
@@ -252,7 +255,7 @@ void frmMain::CreateMessagebar() {
 }
 
 ReportControl* frmMain::homeList() const {
-    return &m_views->list(View::Home);
+    return &m_views->home();
 }
 
 void frmMain::Set_onTop() {

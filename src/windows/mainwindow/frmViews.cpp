@@ -1,8 +1,11 @@
 #include "windows/mainwindow/frmViews.h"
 
+#include "controls/list/CardControl.h"
 #include "controls/list/ReportControl.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/station.h"
+#include "windows/ListFont.h"
+#include "windows/mainwindow/MessageView.h"
 
 #include <QPixmap>
 #include <QShortcut>
@@ -17,8 +20,7 @@ constexpr int kSettleMs = 100;
 // A picture that somebody put behind an empty list; anything larger is no background.
 constexpr qint64 kLargestPicture = 4 << 20;
 
-// The font of the settings' own default is one that this desktop may not have: then its own serves.
-const QString kDefaultFont = QStringLiteral("Tahoma");
+constexpr View kLocationViews[] = {View::Home, View::Status, View::Favorites};
 
 ReportColumn column(const char* caption, LocationItem item, int width) {
     ReportColumn made;
@@ -38,11 +40,12 @@ SortKey byValue(LocationItem item) {
 
 } // namespace
 
-Views::Views(Station& station, std::function<QIcon(int)> icon, QWidget* parent)
+Views::Views(Station& station, CommandSet& commands, std::function<QIcon(int)> icon, QWidget* parent)
     : QStackedWidget(parent), m_station(station), m_icon(std::move(icon)) {
     Create_EndpointView();
     Create_StatusView();
     Create_FavoritesView();
+    Create_MessageView(commands);
     applyFont();
     applyPreview();
     Arrange();
@@ -67,6 +70,12 @@ void Views::Create_FavoritesView() {
             m_station.actions.RemovefromFavoriteList(*record);
         }
     });
+}
+
+void Views::Create_MessageView(CommandSet& commands) {
+    m_messages = new MessageView(m_station, commands, m_icon, this);
+    addWidget(m_messages);
+    m_lists[View::Inbox] = &m_messages->list();
 }
 
 ReportControl& Views::createList(View view, ReportRecords& records, const QString& emptyText) {
@@ -99,49 +108,55 @@ ReportControl& Views::createList(View view, ReportRecords& records, const QStrin
 }
 
 void Views::loadBackgrounds() {
-    const auto load = [this](View view, const char* name) {
+    const auto load = [this](View view, const QString& path) {
         QByteArray bytes;
         QPixmap picture;
-        if (readWholeFile(m_station.folders.dataFile(QLatin1String(name)), kLargestPicture, bytes) &&
-            picture.loadFromData(bytes)) {
+        const bool loaded = readWholeFile(path, kLargestPicture, bytes) && picture.loadFromData(bytes);
+        if (loaded) {
             list(view).setBackgroundPicture(picture);
         }
+        return loaded;
     };
-    load(View::Home, "nb.jpg");
-    load(View::Status, "nb.jpg");
-    load(View::Favorites, "fnb.jpg");
+    const Folders& folders = m_station.folders;
+    load(View::Home, folders.dataFile(QStringLiteral("nb.jpg")));
+    load(View::Status, folders.dataFile(QStringLiteral("nb.jpg")));
+    load(View::Favorites, folders.dataFile(QStringLiteral("fnb.jpg")));
+    const QString behindMessages = QStringLiteral("mv.jpg");
+    if (!load(View::Inbox, folders.dataFile(behindMessages))) {
+        load(View::Inbox, folders.program() + behindMessages);
+    }
 }
 
-ReportControl& Views::current() const {
-    const auto found = m_lists.find(m_station.shell.view());
-    return *(found == m_lists.end() ? m_lists.begin() : found)->second;
+ReportControl& Views::locations(View view) const {
+    return static_cast<ReportControl&>(list(view));
 }
 
 void Views::showCurrent() {
-    setCurrentWidget(&current());
+    m_current = m_station.shell.view();
+    setCurrentWidget(m_current == View::Inbox ? static_cast<QWidget*>(m_messages) : &current());
     current().setFocus();
 }
 
 const ReportRecord* Views::currentRow() const {
-    return current().currentRecord().get();
+    return m_current == View::Inbox ? nullptr : current().currentRecord().get();
 }
 
 void Views::applyFont() {
     const Settings& settings = m_station.settings;
-    for (const auto& [view, list] : m_lists) {
-        QFont font = list->font();
-        if (settings.Fonts_EVF().compare(kDefaultFont, Qt::CaseInsensitive) != 0) {
-            font.setFamily(settings.Fonts_EVF());
-        }
-        font.setBold(settings.Fonts_EVFB());
-        list->setFont(font);
-        list->setFontSize(m_station.shell.reportFont());
+    const int points = m_station.shell.reportFont();
+    for (const View view : kLocationViews) {
+        setListFont(list(view), settings.Fonts_EVF(), points, settings.Fonts_EVFB());
     }
+    // The inbox begins with a size of its own, and follows the buttons that size all lists.
+    if (m_points != 0 && points != m_points) {
+        list(View::Inbox).setFontSize(points);
+    }
+    m_points = points;
 }
 
 void Views::applyPreview() {
-    for (const auto& [view, list] : m_lists) {
-        list->setPreviewMode(m_station.shell.previewMode());
+    for (const View view : kLocationViews) {
+        locations(view).setPreviewMode(m_station.shell.previewMode());
     }
 }
 
@@ -154,9 +169,9 @@ void Views::Arrange() {
     const std::vector<SortKey> byName{name, color};
     const std::vector<SortKey> statusOrders[] = {{time, color}, {time, name}, {name, time}};
     const int status = settings.Settings_SORTSV();
-    list(View::Home).setSortKeys(settings.Settings_SORTEV() == 1 ? byName : byColor);
-    list(View::Status).setSortKeys(statusOrders[status == 1 || status == 2 ? status : 0]);
-    list(View::Favorites).setSortKeys(settings.Settings_SORTFV() == 1 ? byName : byColor);
+    locations(View::Home).setSortKeys(settings.Settings_SORTEV() == 1 ? byName : byColor);
+    locations(View::Status).setSortKeys(statusOrders[status == 1 || status == 2 ? status : 0]);
+    locations(View::Favorites).setSortKeys(settings.Settings_SORTFV() == 1 ? byName : byColor);
 }
 
 } // namespace tessel

@@ -14,20 +14,24 @@ class QIcon;
 
 namespace tessel {
 
+class CommandSet;
+class MessageView;
 class ReportControl;
+class ReportView;
 class Station;
 
 class Views : public QStackedWidget {
     Q_OBJECT
 public:
     // `icon`: gives the picture of a number.
-    Views(Station& station, std::function<QIcon(int)> icon, QWidget* parent = nullptr);
+    Views(Station& station, CommandSet& commands, std::function<QIcon(int)> icon, QWidget* parent = nullptr);
 
     // Shows the list of the current view.
     void showCurrent();
-    ReportControl& current() const;
-    ReportControl& list(View view) const { return *m_lists.at(view); }
-    // The row that a command starts from; nullptr for none.
+    ReportView& current() const { return list(m_current); }
+    ReportView& list(View view) const { return *m_lists.at(view); }
+    ReportControl& home() const { return locations(View::Home); }
+    // The row of a location that a command starts from; nullptr for none.
     const ReportRecord* currentRow() const;
 
     void applyFont();
@@ -43,13 +47,18 @@ private:
     void Create_EndpointView();
     void Create_StatusView();
     void Create_FavoritesView();
+    void Create_MessageView(CommandSet& commands);
     // With what the lists of locations have in common.
     ReportControl& createList(View view, ReportRecords& records, const QString& emptyText);
+    ReportControl& locations(View view) const;
     void loadBackgrounds();
 
     Station& m_station;
     std::function<QIcon(int)> m_icon;
-    std::map<View, ReportControl*> m_lists;
+    std::map<View, ReportView*> m_lists;
+    MessageView* m_messages = nullptr;
+    View m_current = View::Home;
+    int m_points = 0; // of the letters, as last set by the buttons of the status bar
 };
 
 } // namespace tessel

@@ -112,6 +112,17 @@ std::vector<int> CreateStatusBar_NoteBoard() {
                     Command::LargerFont, Command::SortOptions});
 }
 
+std::vector<int> CreateMessageToolbar() {
+    return numbers({Command::OpenMessage, Command::PrintMessage, Command::DeleteMessage, kLine,
+                    Command::MessagesToTop, Command::ClearMessages});
+}
+
+std::vector<MenuEntry> InitInboxMenuRC() {
+    std::vector<MenuEntry> menu;
+    add(menu, {Command::OpenMessage, Command::PrintMessage, Command::DeleteMessage});
+    return menu;
+}
+
 std::vector<MenuEntry> CreateRightClickMenu_Local(const QString& heading) {
     std::vector<MenuEntry> menu{MenuEntry::heading(heading)};
     add(menu, {Command::OwnSetStatus, Command::OwnClearStatus, Command::OwnOccupied, Command::OwnNote,

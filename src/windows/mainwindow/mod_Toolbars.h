@@ -29,6 +29,10 @@ std::vector<int> CreateQuickBar();
 // The panes of the status bar, which the views share.
 std::vector<int> CreateStatusBar_NoteBoard();
 
+// The bar over the messages, and the menu of one.
+std::vector<int> CreateMessageToolbar();
+std::vector<MenuEntry> InitInboxMenuRC();
+
 // The menu of a row, by the kind of its location: the own one, a virtual one, any other.
 std::vector<MenuEntry> CreateRightClickMenu_Local(const QString& heading);
 std::vector<MenuEntry> CreateMiniToolBar_VirtualLocation(const QString& heading);

@@ -33,6 +33,9 @@ constexpr int kDayMinutes = 1440;
 void onTop(Station& s) {
     emit s.shell.onTopChanged();
 }
+void inboxTop(Station& s) {
+    emit s.inbox.ensureVisibleChanged();
+}
 void fonts(Station& s) {
     emit s.shell.reportFontChanged();
 }
@@ -141,7 +144,7 @@ const OptionRow kRows[] = {
      "Otherwise Enter begins a new line, and Ctrl+Enter sends", &S::Settings_MSOE, 0, 0, "", false, nullptr,
      "key return"},
     {Page::Messages, kInbox, "chkInboxTop", Kind::Check, "Scroll to the newest message when one arrives",
-     "Otherwise the inbox stays where you read", &S::Messages_EV, 0, 0, "", false, nullptr, "visible"},
+     "Otherwise the inbox stays where you read", &S::Messages_EV, 0, 0, "", false, inboxTop, "visible"},
     {Page::Messages, kInbox, "updInboxCount", Kind::Number, "Messages kept",
      "The newest ones are kept when the program ends", &S::Messages_SAVE_CNT, 1, 20000, "", false, nullptr,
      "save count"},

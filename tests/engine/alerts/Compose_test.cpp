@@ -113,7 +113,8 @@ TEST_F(Composing, TellsWhoIsOff) {
 TEST_F(Composing, AnAnswerQuotesAndTakesTheMessageOutOfTheInbox) {
     send(draft({recipient(1), recipient(2)}, "come :|: please"));
     Reply& reply = world[1]->reply;
-    world[1]->inbox.GetMessageFromList(0);
+    world[1]->inbox.setFocused(world[1]->inbox.rptMessages.rows().front());
+    world[1]->inbox.GetMessageFromList();
     EXPECT_EQ(reply.original(), "come \r\n please\r\n");
     EXPECT_TRUE(reply.heading().startsWith("From: Room 1 @ 9:00:"));
     EXPECT_TRUE(reply.canReply() && reply.offersAcknowledge());

@@ -32,6 +32,9 @@ protected:
         return all;
     }
     Inbox& inbox() { return me->inbox; }
+    void focus(const QString& id) {
+        inbox().setFocused(inbox().rptMessages.rows()[static_cast<std::size_t>(inbox().Message_FindID(id))]);
+    }
     QString path() { return me->folders.dataFile("inbox.dat"); }
     // What a start makes of the files as they are.
     QStringList reloaded() {
@@ -68,9 +71,12 @@ TEST_F(InboxFile, HasTheFormOfTheFileByteForByte) {
     EXPECT_EQ(text(1, InboxItem::Preview), "two\r\nlines, \"quoted\" and \"");
     EXPECT_EQ(text(1, InboxItem::Display) + text(1, InboxItem::Name), "Reply from Front");
     EXPECT_EQ(text(0, InboxItem::Display), "Everyone from ");
-    EXPECT_EQ(inbox().printText(1),
-              "Message From: Front\r\n\r\ntwo\r\nlines, \"quoted\" and \"\r\n(9:00:00 AM) Me : "
-              "what was asked\r\n\r\n9:00:07 AM on Monday, 2 March 2026\r\n")
+    QString printed;
+    QObject::connect(&inbox(), &Inbox::printRequested, [&printed](const QString& text) { printed = text; });
+    focus("A2");
+    inbox().Print_Message();
+    EXPECT_EQ(printed, "Message From: Front\r\n\r\ntwo\r\nlines, \"quoted\" and \"\r\n(9:00:00 AM) Me : "
+                       "what was asked\r\n\r\n9:00:07 AM on Monday, 2 March 2026\r\n")
         << "the long date is the desktop's";
 }
 
@@ -98,7 +104,9 @@ TEST_F(InboxFile, AKillLosesNothingAndBringsNothingBack) {
     message("2x", "two");
     world.run(11);
     message("3", "three");
-    inbox().Delete_Message(inbox().Message_FindID("2"));
+    focus("2");
+    inbox().Delete_Message();
+    inbox().Delete_Message(); // it is gone: another one must not follow it
     message("4", "four \"4\"\r\n");
     inbox().Delete_Message_ID("1");
     inbox().Delete_Message_ID("no such");
@@ -137,8 +145,9 @@ TEST_F(InboxFile, TakesWhatADamagedFileHas) {
     EXPECT_EQ(text(1, InboxItem::Name), "Bob");
     EXPECT_EQ(me.fileBytes("inbox.dat.damaged"), "\"cut off");
     EXPECT_EQ(loggedWith("A record has no end"), 1);
-    inbox().GetMessageFromList(2);
-    inbox().printText(2);
+    inbox().setFocused(inbox().rptMessages.rows()[2]);
+    inbox().GetMessageFromList();
+    inbox().Print_Message();
     replaceFile(path(), QByteArray(100000, '\0') + QByteArray(7, '"'));
     reloaded();
     EXPECT_TRUE(FileExists(path() + ".damaged2")) << "the first copy must stay";
@@ -159,7 +168,7 @@ TEST_F(InboxFile, OpensWhatIsThereAndGuardsItsMemory) {
     message("2", "two");
     inbox().Delete_Message_ID("2");
     me->popups.clicked(PopupId::ctrlPopupMessage, PopupItem::Text);
-    inbox().GetMessageFromList(7);
+    inbox().GetMessageFromList();
     EXPECT_EQ(opened.size(), 1U);
 
     const QString longText(Inbox::kMostCharacters / 8, 'x');
