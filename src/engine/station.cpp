@@ -1,23 +1,12 @@
 #include "engine/station.h"
 
 #include "engine/core/mod_Definitions.h"
-#include "engine/core/mod_Limits.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/ports/cPopupDisplay.h"
 #include "engine/ports/cSession.h"
 #include "engine/ports/cWindows.h"
 
 namespace tessel {
-
-namespace {
-const QString kUserSection = QStringLiteral("User");
-
-// What files and the system say of this location may be written by hand or from afar, and travels in
-// every packet: a packet must stay whole, and short enough to send.
-QString fitOwn(const QString& text) {
-    return FitText(QStringView(text).left(kMaxRowText));
-}
-} // namespace
 
 // An engine a line, so that several hands can add theirs at once.
 // clang-format off
@@ -48,7 +37,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       rooms(own, settings, m_clock, views, roomTimes),
       hotKeys(admin, status, log, ports.hotKeys),
       shortcuts(folders, session),
-      profile(own, data, settings, admin, protocol, network),
+      profile({own, m_facts, data, settings, admin, session, protocol, network}),
       shortKeys(status, windows, m_clock),
       tones(own, settings, folders, ini, ports.sounds),
       popups(own, settings, data, m_clock, ports.popups),
@@ -60,6 +49,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       alerts(settings, m_clock, protocol, network, popups, alertBar, tones, history, windows, ports.popups),
       messages(own, settings, log, m_clock, protocol),
       inbox(settings, folders, log, m_clock, popups),
+      messageNotices(settings, inbox, history, popups, tones),
       compose(own, settings, m_clock, protocol, endpoints, identity, history, tones),
       reply(own, views, compose, inbox),
       footer(own, m_clock),
@@ -137,7 +127,6 @@ void Station::wire() {
             [this](const QString& text, const QString& tone, const QString& location, const QString& SID) {
                 notices.setHere(text, tone, location, SID);
             });
-    connect(&profile, &LocationProfile::nameStored, this, &Station::loadLocationName);
     connect(&sharedStatus, &SharedStatus::deleted, &status, &LocalStatus::LoadStatusSettings);
     connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
@@ -146,7 +135,8 @@ void Station::wire() {
     connect(&popups, &Popups::openMessageOptions, this,
             [this] { windows.show({.window = WindowId::Options, .page = kMessageOptionsPage}); });
     connect(&popups, &Popups::openMessage, &inbox, &Inbox::GetMessageFromPopup);
-    connect(&messages, &Messages::arrived, this, &Station::messageArrived);
+    connect(&messages, &Messages::arrived, &inbox,
+            [this](const ReceivedMessage& message) { messageNotices.messageArrived(message); });
     connect(&inbox, &Inbox::opened, &reply,
             [this](const ReceivedMessage& message) { reply.LoadMessage(message, false); });
     connect(&history, &NotificationHistory::openMessage, &reply, [this](const HistoryMessage& message) {
@@ -188,7 +178,7 @@ void Station::start() {
     own.startTime = m_clock.timeText();
     own.windowsUserName = m_facts.userName;
     identity.LoadSID();
-    own.SID = fitOwn(own.SID);
+    own.SID = FitOwn(own.SID);
     if (!identity.damage().isEmpty()) {
         saver.tellOnce(identity.damage());
     }
@@ -196,7 +186,7 @@ void Station::start() {
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
     usage.load();
     own.TAG = settings.User_TAG();
-    own.note = fitOwn(settings.Note_ACTIVE()).trimmed();
+    own.note = FitOwn(settings.Note_ACTIVE()).trimmed();
     if (settings.User_FirstRun()) {
         windows.show({WindowId::Welcome});
     } else {
@@ -213,23 +203,8 @@ void Station::loadMain() {
     tones.LoadToneList();
     shell.tmrTime.setEnabled(true);
     updates.tmrUpdates.setEnabled(settings.Settings_UPD());
-    own.host = fitOwn(m_facts.hostName);
-    loadLocationName();
-}
-
-void Station::messageArrived(const ReceivedMessage& message) {
-    inbox.Add_Message(message);
-    if (settings.Recents_MSG()) {
-        history.AddMessage({message.kind == u"1" ? 1 : 0, MessageLog::Received, message.everyone,
-                            message.MessageID, message.location, message.SID, message.text, message.time,
-                            message.date});
-    }
-    if (settings.Settings_MNP()) {
-        popups.ShowMessagePopup(message.location, message.text, message.time, message.MessageID);
-    }
-    if (settings.Settings_MNT()) {
-        tones.PlayTone(message.everyone ? QStringLiteral("AllMsg") : QStringLiteral("SingleMsg"));
-    }
+    own.host = FitOwn(m_facts.hostName);
+    profile.LoadLocationName();
 }
 
 void Station::mainLoaded() {
@@ -244,27 +219,6 @@ void Station::mainLoaded() {
     }
     record.writeStart();
     network.tmrNetStart.setEnabled(true);
-}
-
-QString Station::storedLocationName() const {
-    return data.ReadSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"), own.windowsUserName);
-}
-
-void Station::loadLocationName() {
-    own.location = fitOwn(Admin::restricted(admin.UserName) ? m_facts.hostName : storedLocationName());
-}
-
-void Station::SaveUserName(const WelcomeChoices& choices) {
-    if (choices.tag != own.TAG) {
-        settings.User_TAG.set(choices.tag);
-        own.TAG = choices.tag;
-    }
-    shell.setDoorbellOffered(choices.doorBell);
-    const QString name = FitText(choices.location).trimmed();
-    data.WriteSetting(kUserFile, kUserSection, QStringLiteral("LOCATION"),
-                      name.isEmpty() ? own.windowsUserName : name);
-    settings.User_FirstRun.set(false);
-    session.SetAutoStart(true);
 }
 
 CloseAction Station::closing(CloseReason reason) {

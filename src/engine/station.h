@@ -6,6 +6,7 @@
 #include "engine/alerts/mod_Compose.h"
 #include "engine/alerts/mod_Groups.h"
 #include "engine/alerts/mod_Inbox.h"
+#include "engine/alerts/mod_MessageNotices.h"
 #include "engine/alerts/mod_Messages.h"
 #include "engine/alerts/mod_NotificationHistory.h"
 #include "engine/alerts/mod_Popups.h"
@@ -61,13 +62,6 @@ namespace tessel {
 enum class CloseReason { User, Code, SessionEnd, TaskManager };
 enum class CloseAction { Close, Minimise };
 
-// What the dialog of the first run asks.
-struct WelcomeChoices {
-    QString location;
-    int tag = kNoTag; // 41: none chosen
-    bool doorBell = false;
-};
-
 class Station : public QObject {
     Q_OBJECT
 public:
@@ -88,13 +82,6 @@ public:
     void ExitProc();
     // The main window is about to close: what becomes of it.
     CloseAction closing(CloseReason reason);
-
-    // Takes the choices of the first run, and starts with the user's session from now on.
-    void SaveUserName(const WelcomeChoices& choices);
-    // The name in user.cfg, or else the user's.
-    QString storedLocationName() const;
-    // Reads the location's name anew.
-    void loadLocationName();
 
     Windows& windows;
     Session& session;
@@ -144,6 +131,7 @@ public:
     AlertEngine alerts;
     Messages messages;
     Inbox inbox;
+    MessageNotices messageNotices;
     Compose compose;
     Reply reply;
     Footer footer;
@@ -158,7 +146,6 @@ public:
 private:
     void wire();
     void attachOrders();
-    void messageArrived(const ReceivedMessage& message);
 
     bool m_ended = false;
 };

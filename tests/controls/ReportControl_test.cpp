@@ -181,14 +181,13 @@ TEST(ReportControl, AHeaderClickSortsWhereItIsAllowed) {
     ReportList list;
     list.fill(3);
     list.show();
-    QSignalSpy sorted(&list.control, &ReportControl::sortedByHeader);
+    const QStringList given = list.names();
     const QPoint name(list.control.header()->sectionViewportPosition(1) + 20, 8);
     QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
-    EXPECT_EQ(sorted.count(), 0);
+    EXPECT_EQ(list.names(), given);
     list.control.setSortableByHeader(true);
     QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
     QTest::mouseClick(list.control.header()->viewport(), Qt::LeftButton, {}, name);
-    EXPECT_EQ(sorted.count(), 2);
     EXPECT_EQ(list.names(), QStringList({"Name 2", "Name 1", "Name 0"}));
 }
 

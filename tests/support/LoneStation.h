@@ -55,11 +55,21 @@ protected:
             .join(ValueMark);
     }
 
-    // Codes of what was sent since the last call.
+    // What was sent since the last call, here or of `sentCodes`: "<code> <body>", values joined by "/".
+    QStringList sent() {
+        QStringList all;
+        for (; m_seen < world.network.sent.size(); ++m_seen) {
+            const auto packet = cPacket::parse(world.network.sent[m_seen], false);
+            all += (toText(packet->bytes(Field::Code)) + u' ' + packet->bodyText().replace(ValueMark, "/"))
+                       .trimmed();
+        }
+        return all;
+    }
+    // The codes alone.
     QStringList sentCodes() {
         QStringList codes;
-        for (; m_seen < world.network.sent.size(); ++m_seen) {
-            codes += toText(cPacket::parse(world.network.sent[m_seen], false)->bytes(Field::Code));
+        for (const QString& packet : sent()) {
+            codes += packet.section(u' ', 0, 0);
         }
         return codes;
     }

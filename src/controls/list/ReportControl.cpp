@@ -19,10 +19,7 @@ constexpr int kColumnsMeantFor = 10; // points
 ReportControl::ReportControl(QWidget* parent)
     : ReportView(new ReportOrder, parent), m_header(new ReportHeader(this)), m_painter(kit()) {
     m_header->setModel(&order());
-    connect(m_header, &ReportHeader::widthDragged, this, [this] {
-        layoutColumns();
-        emit columnWidthsChanged();
-    });
+    connect(m_header, &ReportHeader::widthDragged, this, &ReportControl::layoutColumns);
     connect(m_header, &QHeaderView::sectionClicked, this, &ReportControl::sortBySection);
     setFontSize(fontSize());
 }
@@ -126,7 +123,6 @@ void ReportControl::sortBySection(int section) {
     std::erase_if(keys, [&column](const SortKey& key) { return key.item == column.item; });
     keys.insert(keys.begin(), first);
     setSortKeys(std::move(keys));
-    emit sortedByHeader(column.item, first.ascending);
 }
 
 void ReportControl::updateGeometries() {

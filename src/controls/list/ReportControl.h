@@ -32,8 +32,6 @@ public:
     QModelIndex indexAt(const QPoint& point) const override;
 
 signals:
-    void sortedByHeader(int item, bool ascending);
-    void columnWidthsChanged();
 
 protected:
     std::vector<int> rowHeights(const std::vector<int>& movedTo) override;

@@ -161,7 +161,6 @@ void ReportView::syncNow() {
     m_syncTimer.stop();
     m_sinceSync.start();
     m_pending = false;
-    const int count = shownCount();
     {
         const auto quiet = quietly();
         const int currentRow = currentIndex().row();
@@ -171,9 +170,6 @@ void ReportView::syncNow() {
         follow(synced, currentRow);
     }
     m_syncCost = m_sinceSync.restart();
-    if (shownCount() != count) {
-        emit shownCountChanged(shownCount());
-    }
     tellCurrent();
 }
 

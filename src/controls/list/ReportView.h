@@ -59,7 +59,6 @@ signals:
     void recordMenuRequested(const tessel::ReportRecordPtr& record, const QPoint& globalPos);
     // nullptr when nothing is selected any more.
     void currentRecordChanged(const tessel::ReportRecordPtr& record);
-    void shownCountChanged(int count);
 
 protected:
     // The order becomes the view's own.

@@ -7,7 +7,12 @@
 
 namespace tessel {
 
+// Pictures of what happened.
+inline constexpr int kUrgentIcon = 0;
+inline constexpr int kStatusIcon = 1;
 inline constexpr int kMessageIcon = 9;
+inline constexpr int kDoorBellIcon = 12;
+inline constexpr int kPhoneCallIcon = 19;
 inline constexpr int kReplyIcon = 61;
 
 struct MessageHeading {

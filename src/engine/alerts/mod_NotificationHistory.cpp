@@ -31,14 +31,14 @@ int iconOf(HistoryCode code) {
     switch (code) {
     case HistoryCode::DoorBell:
     case HistoryCode::DoorBellEveryone:
-        return 12;
+        return kDoorBellIcon;
     case HistoryCode::PhoneCall:
-        return 19;
+        return kPhoneCallIcon;
     case HistoryCode::Status:
     case HistoryCode::StatusUpdated:
-        return 1;
+        return kStatusIcon;
     case HistoryCode::Urgent:
-        return 0;
+        return kUrgentIcon;
     default:
         return -1;
     }

@@ -1,5 +1,6 @@
 #include "engine/alerts/mod_Popups.h"
 
+#include "engine/alerts/mod_MessageCard.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_INIData.h"
@@ -20,7 +21,6 @@ constexpr qint64 kLongestStayMs = 7 * 24 * 60 * kMinuteMs;
 constexpr int kOpaque = 255;
 constexpr int kLongestNotice = 1000;
 constexpr int kLongestMessage = 240;
-constexpr int kMessageIcon = 9;
 
 // Popups have no way to show the character; a bar does.
 QString withoutAmpersand(QString text) {
@@ -30,15 +30,15 @@ QString withoutAmpersand(QString text) {
 int iconOf(NoticeKind kind) {
     switch (kind) {
     case NoticeKind::DoorBell:
-        return 12;
+        return kDoorBellIcon;
     case NoticeKind::PhoneCall:
-        return 19;
+        return kPhoneCallIcon;
     case NoticeKind::Status:
-        return 1;
+        return kStatusIcon;
     case NoticeKind::Urgent:
         break;
     }
-    return 0;
+    return kUrgentIcon;
 }
 
 Setting<QString>& placeSetting(Settings& settings, PopupId popup) {

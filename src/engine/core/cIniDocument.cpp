@@ -208,17 +208,6 @@ void cIniDocument::removeKey(const QString& section, const QString& key) {
     erase(gone);
 }
 
-void cIniDocument::removeKeys(const QString& section) {
-    const QString where = folded(section);
-    std::vector<const Line*> gone;
-    for (const Line& line : m_lines) {
-        if (line.kind == Line::Kind::Key && line.section == where) {
-            gone.push_back(&line);
-        }
-    }
-    erase(gone);
-}
-
 void cIniDocument::removeSection(const QString& section) {
     const QString where = folded(section);
     bool headed = false; // what stands before the first heading belongs to no section

@@ -38,8 +38,6 @@ public:
     // False, and nothing changes, when the names are not `usable`.
     bool setValue(const QString& section, const QString& key, const QString& value);
     void removeKey(const QString& section, const QString& key);
-    // Removes the section's keys and leaves its heading and comments.
-    void removeKeys(const QString& section);
     void removeSection(const QString& section);
 
     // Section names in the order of the file, each once, as first written.

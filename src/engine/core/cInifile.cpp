@@ -1,6 +1,5 @@
 #include "engine/core/cInifile.h"
 
-#include "engine/core/mod_CodePage.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Limits.h"
 
@@ -113,7 +112,8 @@ bool cInifile::setValue(const QString& value) {
     return setValues({{Key, value}});
 }
 
-bool cInifile::setKeys(std::vector<Change> changes, const std::vector<cIniDocument::KeyValue>& values) {
+bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
+    std::vector<Change> changes;
     bool usable = true;
     for (const auto& [key, value] : values) {
         if (cIniDocument::usable(Section, key)) {
@@ -126,10 +126,6 @@ bool cInifile::setKeys(std::vector<Change> changes, const std::vector<cIniDocume
     return finish(stored, stored ? 1 : 0);
 }
 
-bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
-    return setKeys({}, values);
-}
-
 bool cInifile::DeleteKey() {
     const bool stored = store(Path, {{Section, Key, std::nullopt}});
     return finish(stored, stored ? 1 : 0);
@@ -138,46 +134,6 @@ bool cInifile::DeleteKey() {
 bool cInifile::DeleteSection() {
     const bool stored = store(Path, {{Section, {}, std::nullopt}});
     return finish(stored, stored ? 1 : 0);
-}
-
-QString cInifile::INISection() {
-    QString block;
-    for (const auto& [key, value] : load(Path).document.entries(Section)) {
-        block += key + u'=' + value + u'\n';
-    }
-    finish(true, block.size());
-    return block;
-}
-
-bool cInifile::setINISection(const QString& block) {
-    const cIniDocument given(toBytes(block));
-    std::vector<Change> changes;
-    for (const auto& [key, value] : load(Path).document.entries(Section)) {
-        changes.push_back({Section, key, std::nullopt});
-    }
-    return setKeys(std::move(changes), given.entries({}));
-}
-
-QStringList cInifile::Sections() {
-    const QStringList names = load(Path).document.sections();
-    finish(true, names.size());
-    return names;
-}
-
-std::vector<cIniDocument::KeyValue> cInifile::EnumerateCurrentSection() {
-    auto entries = load(Path).document.entries(Section);
-    finish(true, static_cast<qsizetype>(entries.size()));
-    return entries;
-}
-
-std::vector<std::pair<QString, std::vector<cIniDocument::KeyValue>>> cInifile::EnumerateAllSections() {
-    std::vector<std::pair<QString, std::vector<cIniDocument::KeyValue>>> all;
-    const cIniDocument& document = load(Path).document;
-    for (const QString& section : document.sections()) {
-        all.emplace_back(section, document.entries(section));
-    }
-    finish(true, static_cast<qsizetype>(all.size()));
-    return all;
 }
 
 int cInifile::CLngDefault(const QString& text, int fallback) {

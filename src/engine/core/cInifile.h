@@ -4,7 +4,6 @@
 #include "engine/core/cIniDocument.h"
 
 #include <QString>
-#include <QStringList>
 
 #include <functional>
 #include <map>
@@ -36,14 +35,6 @@ public:
     bool setValue(const QString& value);
     bool DeleteKey();
     bool DeleteSection();
-    // The whole section, one "key=value" a line.
-    QString INISection();
-    // Replaces the section's keys by those of the block.
-    bool setINISection(const QString& block);
-    QStringList Sections();
-    std::vector<cIniDocument::KeyValue> EnumerateCurrentSection();
-    // As above for each section, in the order of `Sections`.
-    std::vector<std::pair<QString, std::vector<cIniDocument::KeyValue>>> EnumerateAllSections();
 
     // Writes several keys of `Section` with one replacement of the file.
     bool setValues(const std::vector<cIniDocument::KeyValue>& values);
@@ -80,8 +71,6 @@ private:
     // Makes the changes and writes the file; what does not reach it waits.
     bool store(const QString& path, const std::vector<Change>& changes);
     static bool replace(const QString& path, Cached& cached);
-    // Behind `changes`, the values of keys of `Section`.
-    bool setKeys(std::vector<Change> changes, const std::vector<cIniDocument::KeyValue>& values);
     bool finish(bool success, qsizetype code);
 
     std::map<QString, Cached> m_files;

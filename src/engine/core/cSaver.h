@@ -27,9 +27,6 @@ public:
     // The program ends: the last try.
     void unload();
 
-    // Names of the files that are not saved, without their folder.
-    const QStringList& unsaved() const { return m_unsaved; }
-
     Timer tmrSaver;
 
 signals:

@@ -46,11 +46,10 @@ QString Folders::SpecialFolder(FolderId id) const {
 
 void Folders::SetupFolders(const std::function<bool(const QString&)>& loadRestrictions) {
     m_data = below(SpecialFolder(FolderId::AppData));
-    m_common = below(SpecialFolder(FolderId::CommonAppData));
     m_documents = below(SpecialFolder(FolderId::Documents));
     m_desktop = SpecialFolder(FolderId::Desktop);
     m_system = SpecialFolder(FolderId::System);
-    for (const QString& folder : {m_data, m_common, m_documents}) {
+    for (const QString& folder : {m_data, below(SpecialFolder(FolderId::CommonAppData)), m_documents}) {
         MakeFolder(folder);
     }
 

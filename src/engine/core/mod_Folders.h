@@ -27,7 +27,6 @@ public:
     QString SpecialFolder(FolderId id) const;
 
     const QString& data() const { return m_data; }
-    const QString& common() const { return m_common; }
     const QString& documents() const { return m_documents; }
     const QString& desktop() const { return m_desktop; }
     const QString& system() const { return m_system; }
@@ -44,7 +43,6 @@ private:
 
     const SystemFacts& m_facts;
     QString m_data;
-    QString m_common;
     QString m_documents;
     QString m_desktop;
     QString m_system;

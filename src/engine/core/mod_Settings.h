@@ -10,6 +10,9 @@
 namespace tessel {
 
 // X(type, section, member's key, key, default): one row a key, in the order of loading.
+//
+// `HLNAV`, `SBT`, `LSNAV`, `FRAME` and `LSTB` stand in the files of older stations. Nothing in this program
+// follows them; they are read so that the table is whole.
 #define TESSEL_SETTINGS(X)                                                                                   \
     X(std::int32_t, User, TAG, "TAG", "41")                                                                  \
     X(bool, User, FirstRun, "FirstRun", "1")                                                                 \

@@ -21,10 +21,4 @@ void Wait::WaitSeconds(int seconds) {
     m_ends.erase(seconds);
 }
 
-void Wait::WaitMilliseconds(int ms) {
-    if (ms > 0) {
-        m_clock.wait(ms);
-    }
-}
-
 } // namespace tessel

@@ -14,7 +14,6 @@ public:
 
     // A wait for as many seconds that is under way already is joined: both end with the first.
     void WaitSeconds(int seconds);
-    void WaitMilliseconds(int ms);
 
 private:
     Clock& m_clock;

@@ -18,7 +18,6 @@ public:
     int MinuteInterval = 0;
     int HourInterval = 0;
 
-    bool Enabled() const { return m_enabled; }
     // Enabling starts the count from its beginning, running or not.
     void setEnabled(bool enabled);
 

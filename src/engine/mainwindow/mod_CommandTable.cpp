@@ -136,7 +136,7 @@ QString SetTabCaption(T t, C call) {
 // A row's alerts.
 void quickAlert(T t, C call) {
     t.alerts.SendQuickAlert(static_cast<QuickAlert>(call.command),
-                            {GetSID(*call.row), GetLocationTag(*call.row), GetLocationName(*call.row)},
+                            {GetSID(*call.row), GetColorTag(*call.row), GetLocationName(*call.row)},
                             call.text.trimmed());
 }
 void clearRowStatus(T t, C call) {

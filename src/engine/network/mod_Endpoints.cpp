@@ -123,7 +123,7 @@ void Endpoints::Add_Endpoint(const QString& Location, const QString& Host, const
                              const QString& Flags, const QString& SID, const QString& Presence,
                              const QString& Note, bool Show, const QString& Marker) {
     // The own row has its place in a full table too.
-    if (m_records.find(SID) != nullptr || (SID != m_own.SID && !roomForOneMore())) {
+    if (FindEndpointRow(SID) >= 0 || (SID != m_own.SID && !roomForOneMore())) {
         return;
     }
     const auto presence = Presence::of(Presence);
@@ -190,7 +190,7 @@ void Endpoints::RemoveEndpoint(const QString& SID) {
 }
 
 bool Endpoints::Endpoint_VerifyOnline(const QString& SID) const {
-    return m_records.find(SID) != nullptr;
+    return FindEndpointRow(SID) >= 0;
 }
 
 int Endpoints::FindEndpointRow(const QString& SID) const {

@@ -1,6 +1,7 @@
 #include "engine/network/mod_FitText.h"
 
 #include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_Limits.h"
 
 #include <algorithm>
 #include <array>
@@ -57,6 +58,10 @@ QString fit(QStringView text, Inside inside) {
 
 QString FitText(QStringView text) {
     return fit(text, Inside::Packet);
+}
+
+QString FitOwn(const QString& text) {
+    return FitText(QStringView(text).left(kMaxRowText));
 }
 
 QString FitName(QStringView name) {

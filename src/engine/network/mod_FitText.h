@@ -14,6 +14,10 @@ namespace tessel {
 // `ListMark` stays: people can type it, and nothing that a location says of itself is split at it.
 QString FitText(QStringView text);
 
+// The same for what files and the system say of this location: it may be written by hand or from afar,
+// and travels in every packet, which must stay short enough to send.
+QString FitOwn(const QString& text);
+
 // The same for a name inside a list: ':' and `ListMark` become a blank, too.
 QString FitName(QStringView name);
 

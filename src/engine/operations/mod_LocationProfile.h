@@ -1,7 +1,8 @@
-// What the user changes about this location itself: its name, colour and note.
+// What the user says of this location itself: its name, colour and note.
 #pragma once
 
-#include <QObject>
+#include "engine/core/mod_Definitions.h"
+
 #include <QString>
 
 namespace tessel {
@@ -9,15 +10,41 @@ namespace tessel {
 class INIData;
 class NetworkMC;
 class NetworkProtocol;
+class Session;
 class Settings;
 struct OwnState;
 struct Restrictions;
+struct SystemFacts;
 
-class LocationProfile : public QObject {
-    Q_OBJECT
+// What the dialog of the first run asks.
+struct WelcomeChoices {
+    QString location;
+    int tag = kNoTag; // 41: none chosen
+    bool doorBell = false;
+};
+
+class LocationProfile {
 public:
-    LocationProfile(OwnState& own, INIData& data, Settings& settings, const Restrictions& admin,
-                    NetworkProtocol& protocol, NetworkMC& network);
+    // What it acts upon.
+    struct Targets {
+        OwnState& own;
+        const SystemFacts& facts;
+        INIData& data;
+        Settings& settings;
+        const Restrictions& admin;
+        Session& session;
+        NetworkProtocol& protocol;
+        NetworkMC& network;
+    };
+
+    explicit LocationProfile(const Targets& targets) : m_targets(targets) {}
+
+    // The name in user.cfg, or else the user's.
+    QString storedName() const;
+    // Takes the stored name, or the computer's where the administrator wants that.
+    void LoadLocationName();
+    // Takes the choices of the first run, and starts with the user's session from now on.
+    void SaveWelcome(const WelcomeChoices& choices);
 
     // Stores the name and tells all locations, which takes a second in which events are handled. Nothing
     // happens for an empty name, or where the administrator keeps it.
@@ -27,17 +54,10 @@ public:
     // Takes the own note away, and tells all locations.
     void ClearNote();
 
-signals:
-    // The stored name is another one and is to be read.
-    void nameStored();
-
 private:
-    OwnState& m_own;
-    INIData& m_data;
-    Settings& m_settings;
-    const Restrictions& m_admin;
-    NetworkProtocol& m_protocol;
-    NetworkMC& m_network;
+    void storeName(const QString& name);
+
+    Targets m_targets;
 };
 
 } // namespace tessel

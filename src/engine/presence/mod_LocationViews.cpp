@@ -431,12 +431,8 @@ QString GetCurrentStatus(const ReportRecord& row) {
     return item(row, LocationItem::Status).value != 0 ? statusOfBlock(row) : QString();
 }
 
-int GetLocationTag(const ReportRecord& row) {
+int GetColorTag(const ReportRecord& row) {
     return item(row, LocationItem::ST).value;
-}
-
-QString GetColorTag(const ReportRecord& row) {
-    return item(row, LocationItem::ST).text;
 }
 
 int GetStatusTag(const ReportRecord& row) {

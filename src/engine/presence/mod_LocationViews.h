@@ -117,8 +117,7 @@ QString GetSID(const ReportRecord& row);
 bool GetStatusActive(const ReportRecord& row);
 // The status without its age.
 QString GetCurrentStatus(const ReportRecord& row);
-int GetLocationTag(const ReportRecord& row); // the colour tag
-QString GetColorTag(const ReportRecord& row);
+int GetColorTag(const ReportRecord& row);
 int GetStatusTag(const ReportRecord& row); // the staff tag
 bool isOccupied(const ReportRecord& row);
 QString GetOccupiedName(const ReportRecord& row);

@@ -54,7 +54,7 @@ frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFil
     m_doorBell->setChecked(m_station.settings.Settings_DBNAV());
     m_name->setAllowedCharacters(kNameCharacters);
     m_name->setMaximumLength(kLongestLocation);
-    m_name->setText(m_station.storedLocationName());
+    m_name->setText(m_station.profile.storedName());
     m_name->setAccessibleName(tr("Name of this location"));
     m_name->selectAll();
 
@@ -93,7 +93,7 @@ frmWelcome::frmWelcome(Station& station) : m_station(station), m_name(new KeyFil
 
 void frmWelcome::SaveUserName() {
     const int color = m_color->chosen();
-    m_station.SaveUserName({m_name->text(), color < 0 ? kNoTag : color + 1, m_doorBell->isChecked()});
+    m_station.profile.SaveWelcome({m_name->text(), color < 0 ? kNoTag : color + 1, m_doorBell->isChecked()});
     m_station.windows.show({WindowId::Main});
     accept();
     deleteLater();

@@ -59,18 +59,6 @@ protected:
     QStringList newest(int row = 0) {
         return item(*me->history.rptNotifications.at(row), CardItem::Record).text.split(ValueMark);
     }
-    // Bodies of what was sent since the last call, "<code> <body>".
-    QStringList sent() {
-        QStringList all;
-        for (; m_sent < world.network.sent.size(); ++m_sent) {
-            const auto packet = cPacket::parse(world.network.sent[m_sent], false);
-            all += toText(packet->bytes(Field::Code)) + u' ' + packet->bodyText().replace(ValueMark, "/");
-        }
-        return all;
-    }
-
-private:
-    std::size_t m_sent = 0;
 };
 
 } // namespace

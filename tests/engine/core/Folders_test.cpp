@@ -100,7 +100,7 @@ TEST_F(FoldersOfAStation, TheAdministratorsFileBesideTheProgramGoesFirst) {
     put(home.filePath("program/tsa.dat"), "[admin]\nusername=r\nKA=-1\nENC=X\n");
     start();
     EXPECT_EQ(station->admin.GetAdminFlags(), "AATrueAAARAAAAX") << "the other one counts for nothing";
-    station->loadLocationName();
+    station->profile.LoadLocationName();
     EXPECT_EQ(station->own.location, "pc7") << "the name of the computer, whatever user.cfg says";
 }
 

@@ -18,7 +18,7 @@ protected:
         ASSERT_TRUE(me.desktop.calls.contains("showWelcome"));
         WelcomeChoices choices;
         choices.location = "Room 1";
-        me->SaveUserName(choices);
+        me->profile.SaveWelcome(choices);
         me.desktop.windows.onShowMain();
         world.run(6);
         ASSERT_TRUE(me->own.online);

@@ -16,16 +16,6 @@ protected:
         hear({.location = "Lab", .code = "XAN", .tagWord = "7:"});
         sent();
     }
-    // Bodies of what was sent since the last call, "<code> <body>".
-    QStringList sent() {
-        QStringList all;
-        for (; m_sent < world.network.sent.size(); ++m_sent) {
-            const auto packet = cPacket::parse(world.network.sent[m_sent], false);
-            all += (toText(packet->bytes(Field::Code)) + u' ' + packet->bodyText().replace(ValueMark, "/"))
-                       .trimmed();
-        }
-        return all;
-    }
     QStringList does(int id, const ReportRecord* row = nullptr, const QString& text = {}) {
         sent();
         me.desktop.calls.clear();
@@ -38,9 +28,6 @@ protected:
     static QString shows(WindowId window) {
         return QStringLiteral("showWindow %1").arg(static_cast<int>(window));
     }
-
-private:
-    std::size_t m_sent = 0;
 };
 
 } // namespace

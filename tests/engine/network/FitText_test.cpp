@@ -137,8 +137,8 @@ TEST(FitText, AnOwnDoorbellArrivesWholeWhateverTheLocationWasGiven) {
          }},
         {"name in the welcome",
          [&](const QString& text) {
-             me->SaveUserName({text, 1, false});
-             me->loadLocationName();
+             me->profile.SaveWelcome({text, 1, false});
+             me->profile.LoadLocationName();
          }},
         {"host",
          [&](const QString& text) {

@@ -233,7 +233,7 @@ TEST_F(OthersStatus, StatusListEqualsARebuildAtAnyMoment) {
                                    block,
                                    Presence::of(block),
                                    row->preview,
-                                   static_cast<std::int16_t>(GetLocationTag(*row)),
+                                   static_cast<std::int16_t>(GetColorTag(*row)),
                                    item(*row, LocationItem::VR).text};
             location.presence.occupied = isOccupied(*row);
             location.presence.patientName = GetOccupiedName(*row);

@@ -135,7 +135,7 @@ TEST_F(Program, FirstRunAsksBeforeTheMainWindowComes) {
     world.run(60);
     EXPECT_EQ(me.desktop.calls, QStringList("showWelcome"));
     EXPECT_EQ(me.link.opened, 0);
-    me->SaveUserName({"  Front desk  ", 7, true});
+    me->profile.SaveWelcome({"  Front desk  ", 7, true});
     EXPECT_EQ(me.get(kUserFile, "User", "LOCATION"), "Front desk");
     EXPECT_EQ(me.get(kUserFile, "User", "FirstRun"), "0");
     EXPECT_EQ(me.get(kUserFile, "User", "TAG"), "7");
@@ -145,7 +145,7 @@ TEST_F(Program, FirstRunAsksBeforeTheMainWindowComes) {
     me.desktop.windows.show({WindowId::Main});
     world.run(6);
     EXPECT_EQ(cell(EndpointItem::Active, kMe), "Front desk");
-    me->SaveUserName({"   ", 7, false});
+    me->profile.SaveWelcome({"   ", 7, false});
     EXPECT_EQ(me.get(kUserFile, "User", "LOCATION"), "user1") << "a location is never nameless";
 }
 
