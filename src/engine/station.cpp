@@ -55,7 +55,9 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       footer(own, m_clock),
       shell(settings, views, inbox, m_clock),
       updates(own, folders, admin, m_clock, session),
-      diagnostics(own, m_facts, settings, admin, network, tones),
+      metrics(own, settings, folders, m_clock, history),
+      diagnostics({own, m_facts, settings, admin, network, protocol, tones, endpoints, log, m_clock}),
+      messageTest(folders, m_clock, compose),
       commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, inbox, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
@@ -259,7 +261,7 @@ void Station::ExitProc() {
     hotKeys.UnloadHotKeys();
     sharedStatus.writePending();
     record.writeEnd();
-    history.unload();
+    history.saveUnsaved();
     saver.unload();
     windows.unloadForms();
     windows.unloadMain();

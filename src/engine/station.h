@@ -36,6 +36,8 @@
 #include "engine/operations/mod_Diagnostics.h"
 #include "engine/operations/mod_HotKeys.h"
 #include "engine/operations/mod_LocationProfile.h"
+#include "engine/operations/mod_MessageTest.h"
+#include "engine/operations/mod_Metrics.h"
 #include "engine/operations/mod_NetworkUsage.h"
 #include "engine/operations/mod_RemoteCommands.h"
 #include "engine/operations/mod_ShortKeys.h"
@@ -137,7 +139,9 @@ public:
     Footer footer;
     Shell shell;
     Updates updates;
+    Metrics metrics;
     Diagnostics diagnostics;
+    MessageTest messageTest;
     Commands commands;
     RemoteCommands remoteCommands;
 

@@ -6,10 +6,14 @@
 #include <QCoreApplication>
 #include <QDir>
 #include <QFile>
+#include <QFileInfo>
+#include <QLocale>
 #include <QStandardPaths>
 #include <QSysInfo>
 
 #include <fcntl.h>
+#include <gnu/libc-version.h>
+#include <link.h>
 #include <pwd.h>
 #include <unistd.h>
 
@@ -37,6 +41,36 @@ QString userName() {
     return name.left(kMaxUserName);
 }
 
+// File names of all libraries that this process has loaded; they end in their versions.
+QStringList loadedLibraries() {
+    QStringList names;
+    ::dl_iterate_phdr(
+        [](dl_phdr_info* info, std::size_t, void* data) {
+            const QString path = QFileInfo(QFile::decodeName(info->dlpi_name)).canonicalFilePath();
+            if (path.contains(QLatin1String(".so"))) {
+                static_cast<QStringList*>(data)->append(path.section(u'/', -1));
+            }
+            return 0;
+        },
+        &names);
+    names.sort();
+    return names;
+}
+
+QStringList versions() {
+    const QString screen = QCoreApplication::instance()->property("platformName").toString();
+    return QStringList{QStringLiteral("Qt: %1, built with %2").arg(qVersion(), QLatin1String(QT_VERSION_STR)),
+                       QStringLiteral("C library: ") + QLatin1String(::gnu_get_libc_version()),
+                       QStringLiteral("Kernel: %1 %2").arg(QSysInfo::kernelType(), QSysInfo::kernelVersion()),
+                       QStringLiteral("Processor: ") + QSysInfo::currentCpuArchitecture(),
+                       QStringLiteral("Desktop: ") + qEnvironmentVariable("XDG_CURRENT_DESKTOP"),
+                       QStringLiteral("Session: ") + qEnvironmentVariable("XDG_SESSION_TYPE"),
+                       QStringLiteral("Screen: ") + screen,
+                       QStringLiteral("Language: ") + QLocale::system().name(),
+                       QStringLiteral("Libraries:")} +
+           loadedLibraries();
+}
+
 void syncFile(const QString& path) {
     const int file = ::open(QFile::encodeName(path).constData(), O_RDONLY | O_CLOEXEC | O_NONBLOCK);
     if (file >= 0) {
@@ -58,6 +92,7 @@ SystemFacts systemFacts() {
     facts.hostName = QSysInfo::machineHostName();
     facts.userName = userName();
     facts.osName = QSysInfo::prettyProductName();
+    facts.versions = versions();
     facts.syncFile = syncFile;
     const cls_terminalservices session;
     facts.IsRemoteSession = session.IsRemoteSession();

@@ -40,6 +40,7 @@ public:
     // Requests that the program itself makes.
     static inline const QString kBringUp = QStringLiteral("bring up");
     static inline const QString kLocations = QStringLiteral("locations");
+    static inline const QString kReport = QStringLiteral("report");
 
 private:
     bool somebodyListens() const;

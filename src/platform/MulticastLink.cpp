@@ -412,8 +412,9 @@ std::vector<Adapter> MulticastLink::adapters() const {
         const auto ip4 = std::find_if(entries.begin(), entries.end(), [](const auto& entry) {
             return entry.ip().protocol() == QAbstractSocket::IPv4Protocol;
         });
-        found.push_back(
-            {interface.humanReadableName(), ip4 == entries.end() ? QString() : ip4->ip().toString()});
+        const bool has = ip4 != entries.end();
+        found.push_back({interface.humanReadableName(), has ? ip4->ip().toString() : QString(),
+                         has && ip4->isLifetimeKnown() && !ip4->isPermanent()});
     }
     return found;
 }

@@ -150,12 +150,15 @@ SendResult Compose::CreateMessage(const MessageDraft& draft) {
     return result;
 }
 
+QString Compose::TestMessage(int number) const {
+    return QStringLiteral("This is a an automated test message from ") + m_own.location +
+           QStringLiteral(". Message #") + QString::number(number);
+}
+
 SendResult Compose::SendTestMessage(int number) {
     return send({.log = MessageLog::SentToSeveral,
                  .recipients = kEveryone,
-                 .body = QStringLiteral("This is a an automated test message from %1. Message #%2")
-                             .arg(m_own.location)
-                             .arg(number),
+                 .body = TestMessage(number),
                  .everyone = true,
                  .everyoneMark = true});
 }

@@ -3,6 +3,7 @@
 #include "engine/core/cErrorLog.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_Limits.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/network/mod_Network_Protocol.h"
@@ -39,6 +40,8 @@ void Messages::process(Road& road, const QString& body, const QString& SID, cons
     const QString id = body.section(ValueMark, MessageID, MessageID);
     const QString text = body.section(ValueMark, Text, Text);
     const QString recipients = body.section(ValueMark, Recipients, Recipients);
+    // Who reads a log leaves out what stands between the brackets, so that the last must not be cut off.
+    const QString raw = u'[' + body.left(kMaxLogArgument - 2) + u']';
     const auto debug = [&](const char* what, const QString& detail) {
         if (m_settings.Settings_TestMode()) {
             m_log.LogEvent(QStringLiteral("Messages"), QLatin1String(what) + QLatin1String(road.logSuffix),
@@ -46,10 +49,10 @@ void Messages::process(Road& road, const QString& body, const QString& SID, cons
         }
     };
     if (text.isEmpty()) {
-        debug("Debug Blank Message", u'[' + body + u']');
+        debug("Debug Blank Message", raw);
     }
     if (recipients.isEmpty()) {
-        debug("Debug No Recipient", u'[' + body + u']');
+        debug("Debug No Recipient", raw);
     }
     if (id == road.lastID) {
         debug("Duplicate MessageID", id);

@@ -15,11 +15,12 @@ namespace tessel {
 
 namespace {
 
-const QString kRecentsFile = QStringLiteral("recents.dat");
-constexpr qint64 kMaxFileBytes = 32 << 20; // more than the entries below can come to
-constexpr int kMaxEntries = 20000;
-// Characters of all records together: a flood of long messages pushes the oldest entries out earlier.
-constexpr qsizetype kMaxCharacters = 16 << 20;
+// The list holds so many entries, or as many as the user wants to keep in the file, up to a limit.
+constexpr int kUsualEntries = 20000;
+constexpr int kMostEntries = 100000;
+// Characters of an entry on the average, of all entries together: a flood of long messages pushes the
+// oldest entries out earlier.
+constexpr qsizetype kMostCharacters = 800;
 constexpr int kLongestText = 8000;
 // Entries that follow each other closely put the save off, but not for ever.
 constexpr std::int64_t kLongestUnsavedMs = 5 * 60 * 1000;
@@ -121,8 +122,7 @@ HistoryMessage HistoryMessageOf(const QString& record) {
 NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, cErrorLog& log,
                                          Clock& clock, const LocationViews& views)
     : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
-      m_folders(folders), m_log(log), m_clock(clock), m_journal(clock, folders, kRecentsFile),
-      m_views(views) {}
+      m_folders(folders), m_log(log), m_clock(clock), m_journal(clock, folders, kFile), m_views(views) {}
 
 void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
     const bool favoritesOnly = (isStatusKind(entry.code) && m_settings.Recents_STF()) ||
@@ -176,8 +176,8 @@ void NotificationHistory::add(const ReportRecordPtr& record, bool loading) {
         rptNotifications.append(record);
     } else {
         rptNotifications.insert(0, record);
-        while (rptNotifications.count() > kMaxEntries ||
-               (m_characters > kMaxCharacters && rptNotifications.count() > 1)) {
+        while (rptNotifications.count() > mostEntries() ||
+               (m_characters > mostEntries() * kMostCharacters && rptNotifications.count() > 1)) {
             const int oldest = rptNotifications.count() - 1;
             m_characters -= charactersOf(*rptNotifications.at(oldest));
             rptNotifications.remove(oldest);
@@ -207,13 +207,21 @@ void NotificationHistory::saveLater() {
     }
 }
 
+int NotificationHistory::mostEntries() const {
+    return std::clamp(m_settings.Recents_SAVE_CNT(), kUsualEntries, kMostEntries);
+}
+
+qint64 NotificationHistory::mostFileBytes() const {
+    return 2 * mostEntries() * kMostCharacters;
+}
+
 void NotificationHistory::LoadRecents() {
     QByteArray bytes;
     rptNotifications.clear();
     m_characters = 0;
-    const QString path = m_folders.dataFile(kRecentsFile);
-    readFileStart(path, kMaxFileBytes, bytes);
-    const QuotedRecords file = readQuotedRecords(bytes, kMaxEntries);
+    const QString path = m_folders.dataFile(kFile);
+    readFileStart(path, mostFileBytes(), bytes);
+    const QuotedRecords file = readQuotedRecords(bytes, mostEntries());
     keepUnclosed(path, file.unclosed, m_log);
     QStringList records = file.records;
     bool changed = false;
@@ -229,7 +237,7 @@ void NotificationHistory::LoadRecents() {
     }
     // What stood in the file comes with its stand-ins for quotes, what the journal has comes without.
     for (const QString& record : std::as_const(records)) {
-        if (rptNotifications.count() >= kMaxEntries) {
+        if (rptNotifications.count() >= mostEntries()) {
             break;
         }
         load(record);
@@ -260,7 +268,7 @@ void NotificationHistory::SaveRecents() {
         records += item(*rptNotifications.at(row), CardItem::Record).text;
     }
     // A disk that is full now may have room at the next try.
-    const QString path = m_folders.dataFile(kRecentsFile);
+    const QString path = m_folders.dataFile(kFile);
     const bool stored = m_journal.save(writeQuotedRecords(records));
     emit saved(path, stored);
     m_saveFailed = m_dirty = !stored;
@@ -276,7 +284,7 @@ void NotificationHistory::ClearRecents() {
     }
 }
 
-void NotificationHistory::unload() {
+void NotificationHistory::saveUnsaved() {
     if (m_dirty) {
         SaveRecents();
     }

@@ -64,8 +64,12 @@ public:
     void SaveRecents();
     // Forgets all entries, in the file too.
     void ClearRecents();
-    // Saves what is not saved yet; the program ends.
-    void unload();
+    // Saves what is not saved yet, for whoever is about to read the file, or as the program ends.
+    void saveUnsaved();
+    // How many entries are kept at most, and how large a file is read.
+    int mostEntries() const;
+    qint64 mostFileBytes() const;
+    static inline const QString kFile = QStringLiteral("recents.dat");
     // Opens a message from its record; a record of any other kind opens nothing.
     void Open_Recent(const QString& record);
     // The sent message that was opened last.

@@ -49,6 +49,8 @@ inline const QString kStatusFile = QStringLiteral("status.dat");
 inline const QString kSharedFile = QStringLiteral("shared.dat");
 inline const QString kSnippetFile = QStringLiteral("snippet.dat");
 inline const QString kErrorFile = QStringLiteral("error.txt");
+inline const QString kOldErrorFile = QStringLiteral("error.txt.1");
+inline const QString kMessageTestFile = QStringLiteral("mtest.txt");
 
 // Colour tags 1 to 20; tag n stands at n - 1. A location without a tag has 41.
 inline constexpr int kNoTag = 41;

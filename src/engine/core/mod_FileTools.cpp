@@ -5,11 +5,29 @@
 #include <QFileInfo>
 #include <QSaveFile>
 
+#include <algorithm>
+#include <filesystem>
+
 namespace tessel {
 
 namespace {
 constexpr QFileDevice::Permissions kOwnFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr QFileDevice::Permissions kOwnFolder = kOwnFile | QFileDevice::ExeOwner;
+
+// `begin`: where to begin in a file of this size.
+template <typename Begin>
+bool readFrom(const QString& path, Begin begin, qint64 maxBytes, QByteArray& bytes) {
+    // A pipe or a device of that name would keep a reader waiting.
+    if (!FileExists(path)) {
+        return false;
+    }
+    QFile file(path);
+    if (!file.open(QIODevice::ReadOnly) || !file.seek(begin(file.size()))) {
+        return false;
+    }
+    bytes = file.read(maxBytes);
+    return file.error() == QFileDevice::NoError;
+}
 } // namespace
 
 bool FolderExists(const QString& path) {
@@ -36,21 +54,24 @@ bool DeleteFile(const QString& path) {
     return FileExists(path) && QFile::remove(path);
 }
 
+bool renameFile(const QString& path, const QString& newPath) {
+    std::error_code error;
+    std::filesystem::rename(path.toStdU16String(), newPath.toStdU16String(), error);
+    return !error;
+}
+
 bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes) {
     return QFileInfo(path).size() <= maxBytes && readFileStart(path, maxBytes, bytes);
 }
 
 bool readFileStart(const QString& path, qint64 maxBytes, QByteArray& bytes) {
-    // A pipe or a device of that name would keep a reader waiting.
-    if (!FileExists(path)) {
-        return false;
-    }
-    QFile file(path);
-    if (!file.open(QIODevice::ReadOnly)) {
-        return false;
-    }
-    bytes = file.read(maxBytes);
-    return file.error() == QFileDevice::NoError;
+    return readFrom(
+        path, [](qint64) { return qint64{0}; }, maxBytes, bytes);
+}
+
+bool readFileEnd(const QString& path, qint64 maxBytes, QByteArray& bytes) {
+    return readFrom(
+        path, [maxBytes](qint64 size) { return std::max<qint64>(0, size - maxBytes); }, maxBytes, bytes);
 }
 
 bool replaceFile(const QString& path, const QByteArray& bytes) {

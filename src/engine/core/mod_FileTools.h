@@ -12,12 +12,17 @@ bool FileExists(const QString& path);
 // is none afterwards.
 bool MakeFolder(const QString& path);
 bool DeleteFile(const QString& path);
+// Gives a file another name, in the place of the file that has it. False when nothing was changed.
+bool renameFile(const QString& path, const QString& newPath);
 
 // The whole file. False when it is no readable file or larger than `maxBytes`.
 bool readWholeFile(const QString& path, qint64 maxBytes, QByteArray& bytes);
 
 // The first `maxBytes` of a file, or all of a smaller one. False when it is no readable file.
 bool readFileStart(const QString& path, qint64 maxBytes, QByteArray& bytes);
+
+// The last `maxBytes` of a file, or all of a smaller one. False when it is no readable file.
+bool readFileEnd(const QString& path, qint64 maxBytes, QByteArray& bytes);
 
 // Puts `bytes` in the place of the file, readable by its user alone. A crash or a full disk leaves
 // the old file or the new one, never a part. False when the old one stands.

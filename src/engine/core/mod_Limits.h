@@ -9,8 +9,8 @@ namespace tessel {
 inline constexpr std::size_t kMaxIniBytes = 1U << 20U;
 // A value is read into a buffer of 8192 characters, the last of them for the closing zero.
 inline constexpr int kMaxIniValue = 8191;
-// error.txt grows no further than this.
-inline constexpr std::size_t kMaxErrorLogBytes = 16U << 20U;
+// A log that has grown so much begins anew.
+inline constexpr std::size_t kMaxLogBytes = 4U << 20U;
 // One argument of a line in error.txt.
 inline constexpr int kMaxLogArgument = 2000;
 // Rows of the endpoint table. An office has some dozens; a flood of invented locations stops here.

@@ -21,27 +21,43 @@ qsizetype countOf(QByteArrayView line) {
     return ok && count >= 0 ? count : std::numeric_limits<int>::max();
 }
 
+// Whether a quote behind an open one begins the next record instead of closing the first, which has lost
+// its end: it stands at the beginning of a line, with more behind it.
+bool beginsRecord(QByteArrayView bytes, qsizetype quote) {
+    const char behind = quote + 1 < bytes.size() ? bytes[quote + 1] : '\n';
+    return bytes[quote - 1] == '\n' && behind != '\r' && behind != '\n';
+}
+
 } // namespace
 
-QuotedRecords readQuotedRecords(QByteArrayView bytes, qsizetype mostRecords) {
-    QuotedRecords file;
+QByteArray forEachQuotedRecord(QByteArrayView bytes, qsizetype mostRecords,
+                               const std::function<void(QByteArrayView record)>& take) {
+    QByteArray unclosed;
     // A file that was damaged may begin with a record.
     const qsizetype first = bytes.startsWith('"') ? 0 : bytes.indexOf('\n') + 1;
     const qsizetype count = std::min(mostRecords, countOf(bytes.first(first)));
-    qsizetype at = first;
-    while (file.records.size() < count) {
-        const qsizetype open = bytes.indexOf('"', at);
-        if (open < 0) {
-            break;
-        }
+    qsizetype open = bytes.indexOf('"', first);
+    for (qsizetype taken = 0; taken < count && open >= 0;) {
         const qsizetype close = bytes.indexOf('"', open + 1);
         if (close < 0) {
-            file.unclosed = bytes.sliced(open).toByteArray();
-            break;
+            return unclosed + bytes.sliced(open).toByteArray();
         }
-        file.records += toText(bytes.sliced(open + 1, close - open - 1));
-        at = close + 1;
+        if (beginsRecord(bytes, close)) {
+            unclosed += bytes.sliced(open, close - open).toByteArray();
+            open = close;
+            continue;
+        }
+        take(bytes.sliced(open + 1, close - open - 1));
+        ++taken;
+        open = bytes.indexOf('"', close + 1);
     }
+    return unclosed;
+}
+
+QuotedRecords readQuotedRecords(QByteArrayView bytes, qsizetype mostRecords) {
+    QuotedRecords file;
+    file.unclosed = forEachQuotedRecord(bytes, mostRecords,
+                                        [&file](QByteArrayView record) { file.records += toText(record); });
     return file;
 }
 

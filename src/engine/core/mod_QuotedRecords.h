@@ -6,17 +6,23 @@
 #include <QString>
 #include <QStringList>
 
+#include <functional>
+
 namespace tessel {
 
 class cErrorLog;
 
 struct QuotedRecords {
     QStringList records; // as they stand in the file: `splitRecord` or `plainRecord` comes next
-    QByteArray unclosed; // from a quote that never closes to the end of the file
+    QByteArray unclosed; // of quotes that never close, what stands behind them
 };
 
-// The records of such a file in their order, at most as many as the count line says; one that is no
-// number counts as many as there are. A record goes up to its closing quote, over line ends too.
+// Hands over the records of such a file in their order, at most as many as the count line says; one that
+// is no number counts as many as there are. A record goes up to its closing quote, over line ends too; one
+// that has lost it ends where the next line begins with a quote, and comes back with others of its kind.
+QByteArray forEachQuotedRecord(QByteArrayView bytes, qsizetype mostRecords,
+                               const std::function<void(QByteArrayView record)>& take);
+// The same as text.
 QuotedRecords readQuotedRecords(QByteArrayView bytes, qsizetype mostRecords);
 
 // Puts what stands behind a quote that never closes into a file beside `path`, before the next save

@@ -9,7 +9,6 @@
 namespace tessel {
 
 namespace {
-const QString kMidnight = QStringLiteral("12:00:00 AM");
 constexpr int kHomeOrders = 2;
 constexpr int kStatusOrders = 3;
 constexpr int kFavoriteOrders = 2;
@@ -24,11 +23,13 @@ const ViewRow* findView(int id) {
 Shell::Shell(Settings& settings, LocationViews& views, const Inbox& inbox, Clock& clock)
     : tmrTime(clock, "tmrTime", 1000, Timer::Kind::Repeating,
               [this] {
-                  if (m_clock.timeText() == kMidnight) {
+                  // A tick may come late, or the computer have slept, so the date tells and not the time.
+                  if (m_clock.date() != m_day) {
+                      m_day = m_clock.date();
                       emit dayBegan();
                   }
               }),
-      m_settings(settings), m_views(views), m_inbox(inbox), m_clock(clock) {}
+      m_settings(settings), m_views(views), m_inbox(inbox), m_clock(clock), m_day(clock.date()) {}
 
 void Shell::SetTabView(int id) {
     const ViewRow* const row = findView(id);

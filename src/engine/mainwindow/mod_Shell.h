@@ -86,7 +86,7 @@ signals:
     void sortChanged();
     void onTopChanged();
     void doorbellOfferChanged();
-    // Midnight has come.
+    // The date is another one, as after midnight.
     void dayBegan();
 
 private:
@@ -96,6 +96,7 @@ private:
     LocationViews& m_views;
     const Inbox& m_inbox;
     Clock& m_clock;
+    QDate m_day;
     View m_view = View::Home;
     std::array<int, kViews.size()> m_rows{}; // by the order of kViews
 };

@@ -4,18 +4,24 @@
 #include "engine/network/mod_Network_Protocol.h"
 #include "records/mod_PlainText.h"
 
+#include <array>
+#include <span>
+
 namespace tessel {
 
-QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protocol) {
-    constexpr EndpointItem kColumns[] = {
-        EndpointItem::Active,      EndpointItem::Host,   EndpointItem::Version, EndpointItem::SID,
-        EndpointItem::LastRefresh, EndpointItem::Status, EndpointItem::Note};
+QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protocol, ReportFacts facts) {
+    constexpr std::array kColumns{EndpointItem::Active, EndpointItem::Host,        EndpointItem::Version,
+                                  EndpointItem::SID,    EndpointItem::LastRefresh, EndpointItem::Status,
+                                  EndpointItem::Note};
+    constexpr std::size_t kTechnical = 5;
+    const std::span columns =
+        std::span(kColumns).first(facts == ReportFacts::All ? kColumns.size() : kTechnical);
     QString report = QStringLiteral("packets sent %1, received %2\n")
                          .arg(protocol.packetsSent())
                          .arg(protocol.packetsReceived());
     for (const auto& record : endpoints.records().rows()) {
         QStringList fields;
-        for (const EndpointItem column : kColumns) {
+        for (const EndpointItem column : columns) {
             fields += withoutControls(item(*record, column).text).trimmed();
         }
         report += fields.join(u'\t') + u'\n';

@@ -47,6 +47,7 @@ using Sieve = std::function<std::vector<bool>(const std::vector<WaitingDatagram>
 struct Adapter {
     QString name;
     QString address;
+    bool leased = false; // the address was lent for a time, as by DHCP
 };
 
 // Implemented on a real socket by the platform and in memory by tests.

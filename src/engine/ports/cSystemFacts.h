@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QString>
+#include <QStringList>
 
 #include <functional>
 
@@ -19,6 +20,7 @@ struct SystemFacts {
     QString hostName;
     QString userName;
     QString osName;
+    QStringList versions; // of what the program runs on, one a line: its label and the version
     bool IsRemoteSession = false;
     QString ClientLoginName; // of a remote session
 

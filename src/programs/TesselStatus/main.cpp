@@ -49,6 +49,8 @@ QString answer(const QString& request, Station& station) {
         station.windows.bringUp();
     } else if (request == LocalChannel::kLocations) {
         return locationReport(station.endpoints, station.protocol);
+    } else if (request == LocalChannel::kReport) {
+        return station.diagnostics.HelpReport();
     }
     return {};
 }

@@ -1,4 +1,5 @@
 // The small client of a running station: hands it one command.
+#include "engine/core/mod_FileTools.h"
 #include "engine/operations/mod_RemoteCommands.h"
 #include "platform/Facts.h"
 #include "platform/LocalChannel.h"
@@ -14,6 +15,7 @@ using namespace tessel;
 constexpr int kHandedOver = 0;
 constexpr int kNoStation = 1;
 constexpr int kWrongUse = 2;
+constexpr int kNotWritten = 3;
 
 void printHelp(FILE* out) {
     std::fputs("Usage: tslapp COMMAND\n"
@@ -24,17 +26,41 @@ void printHelp(FILE* out) {
         std::fprintf(out, "  %s\n", line.toLocal8Bit().constData());
     }
     std::fputs("  --locations     print what the running station sees\n"
+               "  --report FILE   write what somebody who helps you needs to know, without any names of\n"
+               "                  patients, statuses, notes or messages\n"
                "  --help          this text\n\n"
                "An argument cannot hold a colon. Returns 0 when the command was handed over, 1 when no\n"
-               "station runs.\n",
+               "station runs, 3 when the file could not be written.\n",
                out);
+}
+
+int tellNoStation() {
+    std::fputs("tslapp: no station is running for this user\n", stderr);
+    return kNoStation;
+}
+
+int writeReport(const QString& path) {
+    const auto report = LocalChannel(systemFacts()).ask(LocalChannel::kReport);
+    if (!report.has_value() || report->isEmpty()) {
+        return tellNoStation();
+    }
+    if (!replaceFile(path, report->toUtf8())) {
+        std::fprintf(stderr, "tslapp: %s could not be written\n", path.toLocal8Bit().constData());
+        return kNotWritten;
+    }
+    std::printf("%s\n", path.toLocal8Bit().constData());
+    return kHandedOver;
 }
 
 } // namespace
 
 int main(int argc, char** argv) {
     const QCoreApplication application(argc, argv);
-    const QString command = QCoreApplication::arguments().mid(1).join(u' ');
+    const QStringList arguments = QCoreApplication::arguments().mid(1);
+    if (arguments.size() == 2 && arguments[0] == QLatin1String("--report") && !arguments[1].isEmpty()) {
+        return writeReport(arguments[1]);
+    }
+    const QString command = arguments.join(u' ');
     if (command == QLatin1String("--help")) {
         printHelp(stdout);
         return kHandedOver;
@@ -47,8 +73,7 @@ int main(int argc, char** argv) {
     const LocalChannel channel(systemFacts());
     const auto answer = channel.ask(locations ? LocalChannel::kLocations : LocalChannel::kCommand + command);
     if (!answer.has_value()) {
-        std::fputs("tslapp: no station is running for this user\n", stderr);
-        return kNoStation;
+        return tellNoStation();
     }
     std::fputs(answer->toLocal8Bit().constData(), stdout);
     return kHandedOver;

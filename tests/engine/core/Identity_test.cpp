@@ -122,6 +122,22 @@ TEST_F(Identities, LinesOfTheErrorLogHoldTheirFields) {
     EXPECT_LT(lines[1].size(), 3000);
 }
 
+// The lines before a crash must be there, however much came before them.
+TEST_F(Identities, ALogThatIsFullMakesWayAndKeepsOneOldFile) {
+    begin();
+    const QString log = me->folders.dataFile("error.txt");
+    ASSERT_TRUE(replaceFile(log + ".1", "older"));
+    ASSERT_TRUE(replaceFile(log, QByteArray((4 << 20) - 30, 'x') + "\nlast but one\n"));
+    EXPECT_TRUE(me->log.LogEvent("Source", "the last", {}));
+    EXPECT_EQ(loggedWith("the last"), 1);
+    EXPECT_EQ(errorLines().size(), 1);
+    EXPECT_TRUE(me.fileBytes("error.txt.1").endsWith("\nlast but one\n"));
+    const QStringList lines = me->log.lastLines(2);
+    ASSERT_EQ(lines.size(), 2) << "from both files";
+    EXPECT_EQ(lines[0], "last but one");
+    EXPECT_TRUE(lines[1].contains("the last"));
+}
+
 TEST(TimeText, EveryMinuteOfTheDayComesBack) {
     EXPECT_EQ(timeText(0), "12:00:00 AM");
     EXPECT_EQ(timeText(12 * 3600 + 5), "12:00:05 PM");

@@ -35,6 +35,9 @@ TEST(QuotedRecords, TakesWhatStandsThere) {
     const QuotedRecords cut = readQuotedRecords("9\r\n\"one\"\r\n\"two\r\n", 9);
     EXPECT_THAT(cut.records, ElementsAre("one"));
     EXPECT_EQ(cut.unclosed, "\"two\r\n") << "nobody else has it";
+    const QuotedRecords torn = readQuotedRecords("9\r\n\"one\r\n\"two\"\r\n\"\"\r\n\"a\r\n\"\r\n\"x", 9);
+    EXPECT_THAT(torn.records, ElementsAre("two", "", "a\r\n")) << "one torn record costs itself alone";
+    EXPECT_EQ(torn.unclosed, "\"one\r\n\"x");
 }
 
 TEST(QuotedRecords, ValuesComeBackAsTheyWent) {

@@ -189,7 +189,8 @@ TEST_F(Program, AMissingPlayerIsOneLineInTheLogAndOneInTheInformation) {
     begin();
     me->alerts.SendDoorBell("tea");
     EXPECT_EQ(loggedWith("No player: /opt/tslsound"), 1);
-    EXPECT_TRUE(me->diagnostics.GetDiagInfo().contains("\nSound: No player: /opt/tslsound"));
+    EXPECT_EQ(me->diagnostics.SoundInfo(), "No player: /opt/tslsound");
+    EXPECT_TRUE(me->diagnostics.HelpReport().contains("\nNo player: /opt/tslsound\n"));
     me.sounds.missing.clear();
-    EXPECT_FALSE(me->diagnostics.GetDiagInfo().contains("Sound:"));
+    EXPECT_EQ(me->diagnostics.SoundInfo(), "The sound player is there");
 }
