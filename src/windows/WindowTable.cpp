@@ -13,6 +13,8 @@
 #include "windows/mainwindow/frmMain.h"
 #include "windows/network/frmAdapters.h"
 #include "windows/network/frmEndpoints.h"
+#include "windows/operations/frmMessageTest.h"
+#include "windows/operations/frmMicroMetrics.h"
 #include "windows/operations/frmNetworkInfo.h"
 #include "windows/options/frmOptions.h"
 #include "windows/presence/frmActions.h"
@@ -54,7 +56,7 @@ constexpr std::array kWindows{
               }},
     WindowRow{WindowId::NetworkInfo, "frmNetworkInfo", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {
-                  return new frmNetworkInfo(p.station.diagnostics.GetDiagInfo(), p.owner);
+                  return new frmNetworkInfo(p.station.diagnostics, p.station.folders, p.owner);
               }},
     WindowRow{WindowId::SetStatus, "frmSetStatus", Life::Dialog,
               [](const WindowParts& p) -> QWidget* { return new frmSetStatus(p.station, p.owner); }},
@@ -123,6 +125,12 @@ constexpr std::array kWindows{
         [](const WindowParts& p) -> QWidget* { return new frmSentMessage(p.station.history, p.owner); }},
     WindowRow{WindowId::Snippit, "frmSnippit", Life::Modal,
               [](const WindowParts& p) -> QWidget* { return new frmSnippit(p.station.snippets, p.owner); }},
+    WindowRow{WindowId::MicroMetrics, "frmMicroMetrics", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* { return new frmMicroMetrics(p.station, p.owner); }},
+    WindowRow{WindowId::MessageTest, "frmMessageTest", Life::Dialog,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmMessageTest(p.station.messageTest, p.station.session, p.owner);
+              }},
 };
 static_assert(kWindows.size() == kWindowCount);
 

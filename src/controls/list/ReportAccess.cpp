@@ -9,7 +9,8 @@ namespace {
 // A place in the table, not a record: whoever stands there now answers.
 class CellAccess : public QAccessibleInterface, public QAccessibleTableCellInterface {
 public:
-    CellAccess(ReportView* control, int row, int column) : m_control(control), m_row(row), m_column(column) {}
+    CellAccess(QAbstractItemView* control, int row, int column)
+        : m_control(control), m_row(row), m_column(column) {}
 
     bool isValid() const override { return m_control != nullptr && index().isValid(); }
     QObject* object() const override { return nullptr; }
@@ -71,7 +72,7 @@ public:
 private:
     QModelIndex index() const { return m_control->model()->index(m_row, m_column); }
 
-    QPointer<ReportView> m_control;
+    QPointer<QAbstractItemView> m_control;
     int m_row;
     int m_column;
 };
@@ -86,7 +87,7 @@ QAccessibleInterface* makeAccess(const QString& className, QObject* object) {
 
 } // namespace
 
-ReportAccess::ReportAccess(ReportView* control) : QAccessibleWidget(control, QAccessible::Table) {}
+ReportAccess::ReportAccess(QAbstractItemView* control) : QAccessibleWidget(control, QAccessible::Table) {}
 
 ReportAccess::~ReportAccess() {
     dropCells();
@@ -103,8 +104,8 @@ int ReportAccess::childOf(const QModelIndex& index) {
     return index.row() * index.model()->columnCount() + index.column();
 }
 
-ReportView* ReportAccess::control() const {
-    return static_cast<ReportView*>(object());
+QAbstractItemView* ReportAccess::control() const {
+    return static_cast<QAbstractItemView*>(object());
 }
 
 void* ReportAccess::interface_cast(QAccessible::InterfaceType type) {

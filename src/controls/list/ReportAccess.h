@@ -1,6 +1,7 @@
-// What a screen reader sees of a report list: a table of cells.
+// What a screen reader sees of a report list, or of another view of a flat table: a table of cells.
 #pragma once
 
+#include <QAbstractItemView>
 #include <QAccessible>
 #include <QAccessibleWidget>
 #include <QHash>
@@ -10,11 +11,9 @@
 
 namespace tessel {
 
-class ReportView;
-
 class ReportAccess : public QAccessibleWidget, public QAccessibleTableInterface {
 public:
-    explicit ReportAccess(ReportView* control);
+    explicit ReportAccess(QAbstractItemView* control);
     ~ReportAccess() override;
 
     // Makes report lists known to the accessibility of this program; once is enough.
@@ -51,7 +50,7 @@ public:
     void modelChange(QAccessibleTableModelChangeEvent* event) override;
 
 private:
-    ReportView* control() const;
+    QAbstractItemView* control() const;
     void dropCells();
 
     mutable QHash<std::pair<int, int>, QAccessible::Id> m_cells; // by row and column

@@ -33,9 +33,11 @@ enum class WindowId {
     GroupMessage,
     Reply,
     SentMessage,
-    Snippit
+    Snippit,
+    MicroMetrics,
+    MessageTest
 };
-inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::Snippit) + 1;
+inline constexpr std::size_t kWindowCount = static_cast<std::size_t>(WindowId::MessageTest) + 1;
 
 // Page of the options that concerns messages.
 inline constexpr int kMessageOptionsPage = 4;

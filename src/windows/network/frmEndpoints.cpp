@@ -172,6 +172,11 @@ void frmEndpoints::createMenus() {
     QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
     add(tools, "mnuInformation", tr("&Information…"), {},
         [this] { m_station.windows.show({WindowId::NetworkInfo}); });
+    QAction* const test = add(tools, "mnuMessageTest", tr("Message &Test…"), {},
+                              [this] { m_station.windows.show({WindowId::MessageTest}); });
+    const auto offerTest = [this, test] { test->setVisible(m_station.settings.Settings_TestMode()); };
+    connect(tools, &QMenu::aboutToShow, this, offerTest);
+    offerTest();
     tools->addSeparator();
     add(tools, "mnuSID", tr("Reset &SID…"), {}, [this] { askSIDReset(); });
 }
