@@ -19,7 +19,7 @@ double luminance(const QColor& color) {
 
 // Moves the lightness of `text` in small steps to black or white; invalid when even the end of the
 // way is not readable.
-QColor moved(const QColor& text, const QColor& back, bool lighter) {
+QColor moved(const QColor& text, const QColor& back, bool lighter, double contrast) {
     const QColor hsl = text.toHsl();
     const double start = hsl.lightnessF();
     for (int step = 1; step <= kSteps; ++step) {
@@ -28,7 +28,7 @@ QColor moved(const QColor& text, const QColor& back, bool lighter) {
         const QColor tried = QColor::fromHslF(std::max(hsl.hslHueF(), 0.0F), hsl.hslSaturationF(),
                                               static_cast<float>(lightness))
                                  .toRgb();
-        if (contrastRatio(tried, back) >= kReadableContrast) {
+        if (contrastRatio(tried, back) >= contrast) {
             return tried;
         }
     }
@@ -54,13 +54,13 @@ QColor textOn(const QColor& back) {
     return contrastRatio(Qt::black, back) >= contrastRatio(Qt::white, back) ? Qt::black : Qt::white;
 }
 
-QColor readableOn(const QColor& text, const QColor& back, const QColor& plain) {
-    if (contrastRatio(text, back) >= kReadableContrast) {
+QColor readableOn(const QColor& text, const QColor& back, const QColor& plain, double contrast) {
+    if (contrastRatio(text, back) >= contrast) {
         return text;
     }
     const bool lighter = luminance(plain) > luminance(back);
     for (const bool direction : {lighter, !lighter}) {
-        const QColor found = moved(text, back, direction);
+        const QColor found = moved(text, back, direction, contrast);
         if (found.isValid()) {
             return found;
         }

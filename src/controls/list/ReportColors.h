@@ -18,7 +18,8 @@ QColor blend(const QColor& under, const QColor& over, double share);
 QColor textOn(const QColor& back);
 
 // `text` if it is readable on `back`, else the nearest lightness of the same hue that is, moved
-// towards `plain`, the colour of ordinary text there.
-QColor readableOn(const QColor& text, const QColor& back, const QColor& plain);
+// towards `plain`, the colour of ordinary text there. Readable is what has this contrast.
+QColor readableOn(const QColor& text, const QColor& back, const QColor& plain,
+                  double contrast = kReadableContrast);
 
 } // namespace tessel

@@ -2,25 +2,20 @@
 
 #include "controls/list/ReportHeader.h"
 #include "controls/list/ReportText.h"
-
-#include <QScrollBar>
+#include "controls/look/Tokens.h"
 
 #include <algorithm>
 #include <utility>
 
 namespace tessel {
 
-namespace {
-
-constexpr int kColumnsMeantFor = 10; // points
-
-} // namespace
-
 ReportControl::ReportControl(QWidget* parent)
     : ReportView(new ReportOrder, parent), m_header(new ReportHeader(this)), m_painter(kit()) {
     m_header->setModel(&order());
     connect(m_header, &ReportHeader::widthDragged, this, &ReportControl::layoutColumns);
     connect(m_header, &QHeaderView::sectionClicked, this, &ReportControl::sortBySection);
+    connect(m_header, &ReportHeader::stateClicked, this, &ReportControl::stateHeaderClicked);
+    setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff); // the columns give way
     setFontSize(fontSize());
 }
 
@@ -59,25 +54,46 @@ void ReportControl::setPreviewMode(bool preview) {
     layoutRows();
 }
 
+void ReportControl::setHeaderShown(bool shown) {
+    if (m_header->isHidden() == shown) {
+        m_header->setVisible(shown);
+        updateGeometries();
+    }
+}
+
 // --- layout ------------------------------------------------------------------------------------
 
 std::vector<int> ReportControl::rowHeights(const std::vector<int>& movedTo) {
     Q_UNUSED(movedTo)
-    const int plain = m_painter.rowHeight(false);
-    const int tall = m_painter.rowHeight(true);
-    std::vector<int> heights(static_cast<std::size_t>(shownCount()), plain);
-    for (int row = 0; m_preview && row < shownCount(); ++row) {
-        heights[static_cast<std::size_t>(row)] = showsPreview(row) ? tall : plain;
+    std::vector<int> heights(static_cast<std::size_t>(shownCount()), m_painter.rowHeight({}));
+    if (!m_preview && !m_stacked) {
+        return heights;
+    }
+    const int tall[2][2] = {{m_painter.rowHeight({}), m_painter.rowHeight({false, true})},
+                            {m_painter.rowHeight({true, false}), m_painter.rowHeight({true, true})}};
+    for (int row = 0; row < shownCount(); ++row) {
+        const ReportPainter::Lines lines = linesOf(row);
+        heights[static_cast<std::size_t>(row)] = tall[lines.status ? 1 : 0][lines.preview ? 1 : 0];
     }
     return heights;
 }
 
 bool ReportControl::heightsChanged(const ReportOrder::Synced& synced) const {
-    return synced.heights && m_preview;
+    return synced.heights && (m_preview || m_stacked);
+}
+
+bool ReportControl::wantsStack() const {
+    return width() < look::kNarrow || fontSize() > look::kLargePoints;
 }
 
 void ReportControl::layoutColumns() {
-    m_header->fit(viewport()->width(), m_widthScale);
+    const bool aged = std::ranges::any_of(
+        columns(), [](const ReportColumn& column) { return column.form == CellForm::Aged; });
+    if (const bool stacked = aged && wantsStack(); stacked != m_stacked) {
+        m_stacked = stacked;
+        layoutRows();
+    }
+    m_header->fit(viewport()->width(), m_widthScale, m_stacked);
     placeSpans();
     updateGeometries();
     viewport()->update();
@@ -87,9 +103,20 @@ void ReportControl::placeSpans() {
     std::vector<ReportPainter::Span> spans;
     for (int section = 0; section < order().columnCount(); ++section) {
         const ReportColumn& column = order().column(section);
-        spans.push_back({column.item, m_header->sectionViewportPosition(section),
-                         m_header->sectionSize(section),
-                         QStyle::visualAlignment(layoutDirection(), column.alignment)});
+        const auto alignment = QStyle::visualAlignment(layoutDirection(), column.alignment);
+        const bool below = m_header->isSectionHidden(section);
+        int left = m_header->sectionViewportPosition(section);
+        int width = m_header->sectionSize(section);
+        if (below && order().textColumn() < order().columnCount()) {
+            // From where the name begins to the end of the row.
+            const int name = order().textColumn();
+            const bool right = isRightToLeft();
+            left = right ? 0 : m_header->sectionViewportPosition(name);
+            const int end = right ? m_header->sectionViewportPosition(name) + m_header->sectionSize(name)
+                                  : viewport()->width();
+            width = end - left;
+        }
+        spans.push_back({&column, left, width, alignment, below});
     }
     m_painter.setSpans(std::move(spans), order().textColumn());
 }
@@ -98,7 +125,7 @@ void ReportControl::placeSpans() {
 static double widthScale(const QFont& font) {
     const QString letters = QStringLiteral("0123456789 The quick brown fox");
     QFont plain = font;
-    plain.setPointSize(kColumnsMeantFor);
+    plain.setPointSize(look::kMeantFor);
     return QFontMetricsF(font).horizontalAdvance(letters) / QFontMetricsF(plain).horizontalAdvance(letters);
 }
 
@@ -133,19 +160,7 @@ void ReportControl::updateGeometries() {
     const QRect room = viewport()->geometry();
     m_header->setGeometry(room.left(), room.top() - header, room.width(), header);
 
-    QScrollBar* horizontal = horizontalScrollBar();
-    horizontal->setSingleStep(scrollStep());
-    horizontal->setPageStep(viewport()->width());
-    horizontal->setRange(0, std::max(0, m_header->length() - viewport()->width()));
     ReportView::updateGeometries();
-}
-
-void ReportControl::scrollContentsBy(int dx, int dy) {
-    if (dx != 0) {
-        m_header->setOffset(horizontalScrollBar()->value());
-        placeSpans();
-    }
-    ReportView::scrollContentsBy(dx, dy);
 }
 
 void ReportControl::resizeEvent(QResizeEvent* event) {
@@ -158,6 +173,11 @@ QRect ReportControl::visualRect(const QModelIndex& index) const {
         return {};
     }
     const QRect row = rowRect(index.row());
+    if (m_header->isSectionHidden(index.column())) {
+        const QRect line = m_painter.statusLine(row);
+        const int name = m_header->sectionViewportPosition(order().textColumn());
+        return QRect(name, line.top(), row.width() - name, line.height()) & row;
+    }
     return {m_header->sectionViewportPosition(index.column()), row.top(),
             m_header->sectionSize(index.column()), row.height()};
 }
@@ -166,6 +186,13 @@ QModelIndex ReportControl::indexAt(const QPoint& point) const {
     const int row = rowAt(point.y());
     if (row < 0 || order().columnCount() == 0) {
         return {};
+    }
+    for (int section = 0; section < order().columnCount(); ++section) {
+        if (m_header->isSectionHidden(section) && linesOf(row).status &&
+            m_painter.statusLine(rowRect(row)).contains(point) &&
+            point.x() >= m_header->sectionViewportPosition(order().textColumn())) {
+            return order().index(row, section);
+        }
     }
     const int section = m_header->logicalIndexAt(point.x());
     return order().index(row, section >= 0 ? section : order().columnCount() - 1);
@@ -177,8 +204,13 @@ int ReportControl::horizontalOffset() const {
 
 // --- rows --------------------------------------------------------------------------------------
 
-bool ReportControl::showsPreview(int row) const {
-    return m_preview && !order().record(row)->preview.isEmpty();
+ReportPainter::Lines ReportControl::linesOf(int row) const {
+    const ReportRecord& record = *order().record(row);
+    const auto hasStatus = [&] {
+        const auto aged = std::ranges::find(columns(), CellForm::Aged, &ReportColumn::form);
+        return aged != columns().end() && !QStringView(itemOf(record, aged->item).text).trimmed().isEmpty();
+    };
+    return {m_stacked && hasStatus(), m_preview && !record.preview.isEmpty()};
 }
 
 ReportPainter::Row ReportControl::rowLook(int row) const {
@@ -186,9 +218,13 @@ ReportPainter::Row ReportControl::rowLook(int row) const {
     ReportPainter::Row look;
     look.record = order().record(row).get();
     look.rect = rect;
-    // A preview that came after the row was measured waits for its room.
-    look.preview = showsPreview(row) && rect.height() > m_painter.rowHeight(false);
+    look.lines = linesOf(row);
+    // What came after the row was measured waits for its room.
+    look.lines.preview =
+        look.lines.preview && rect.height() > m_painter.rowHeight({look.lines.status, false});
+    look.lines.status = look.lines.status && rect.height() > m_painter.rowHeight({});
     look.state = rowState(row);
+    look.state.own = look.record->pinned;
     return look;
 }
 

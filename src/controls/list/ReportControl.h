@@ -27,11 +27,14 @@ public:
     const std::vector<SortKey>& sortKeys() const { return order().sortKeys(); }
     void setSortableByHeader(bool sortable);
     void setPreviewMode(bool preview);
+    void setHeaderShown(bool shown);
 
     QRect visualRect(const QModelIndex& index) const override;
     QModelIndex indexAt(const QPoint& point) const override;
 
 signals:
+    // The header of the state slot was clicked.
+    void stateHeaderClicked(QPoint globalPos);
 
 protected:
     std::vector<int> rowHeights(const std::vector<int>& movedTo) override;
@@ -44,7 +47,6 @@ protected:
 
     int horizontalOffset() const override;
     void updateGeometries() override;
-    void scrollContentsBy(int dx, int dy) override;
     void resizeEvent(QResizeEvent* event) override;
 
 private:
@@ -52,11 +54,13 @@ private:
     void sortBySection(int section);
     void placeSpans();
     ReportPainter::Row rowLook(int row) const;
-    bool showsPreview(int row) const;
+    ReportPainter::Lines linesOf(int row) const;
+    bool wantsStack() const;
 
     ReportHeader* m_header;
     ReportPainter m_painter;
     bool m_preview = false;
+    bool m_stacked = false;  // the status stands under the name
     double m_widthScale = 1; // of the columns
 };
 

@@ -5,6 +5,7 @@
 #include <QLocale>
 
 #include <algorithm>
+#include <functional>
 #include <iterator>
 #include <utility>
 
@@ -57,8 +58,11 @@ void ReportOrder::setColumns(const std::vector<ReportColumn>& columns) {
     m_columns.clear();
     std::copy_if(columns.begin(), columns.end(), std::back_inserter(m_columns),
                  [](const ReportColumn& column) { return column.visible; });
+    const auto aged = std::ranges::find(m_columns, CellForm::Aged, &ReportColumn::form);
+    m_aged = aged == m_columns.end() ? -1 : aged->item;
     for (Known& row : m_known) {
         row.searched.clear();
+        row.aged = isAged(*row.record);
     }
     m_rulesChanged = true;
     endResetModel();
@@ -73,6 +77,18 @@ void ReportOrder::setSortKeys(std::vector<SortKey> keys) {
         row.ranks.clear();
     }
     m_rulesChanged = true;
+}
+
+void ReportOrder::setKeywords(std::function<QString(const ReportRecord&)> keywords) {
+    m_keywords = std::move(keywords);
+    for (Known& row : m_known) {
+        row.searched.clear();
+    }
+    m_rulesChanged = true;
+}
+
+bool ReportOrder::isAged(const ReportRecord& record) const {
+    return m_aged >= 0 && !QStringView(itemOf(record, m_aged).text).trimmed().isEmpty();
 }
 
 void ReportOrder::setFilterText(const QString& text) {
@@ -160,6 +176,9 @@ QVariant ReportOrder::data(const QModelIndex& index, int role) const {
     case Qt::DisplayRole:
         return singleLine(cell(index.row(), index.column()).text);
     case Qt::AccessibleTextRole: {
+        if (const auto& spoken = column(index.column()).spoken; spoken) {
+            return singleLine(spoken(*record(index.row())), kTipChars);
+        }
         // A cell that only shows a colour or a picture is told by its tip.
         const QString& text = cell(index.row(), index.column()).text;
         return singleLine(text.isEmpty() ? record(index.row())->tip(column(index.column()).item) : text,
@@ -256,6 +275,8 @@ bool ReportOrder::refresh(Known& row, bool& heights) {
     row.revision = record.revision();
     row.searched.clear();
     heights |= std::exchange(row.preview, !record.preview.isEmpty()) == record.preview.isEmpty();
+    const bool aged = isAged(record);
+    heights |= std::exchange(row.aged, aged) != aged;
     const bool pinnedChanged = std::exchange(row.pinned, record.pinned) != record.pinned;
     return refreshRanks(row) || pinnedChanged;
 }
@@ -284,9 +305,17 @@ bool ReportOrder::accepts(Known& row) const {
     }
     if (row.searched.isNull()) {
         row.searched = searchedText(*row.record).toCaseFolded();
+        row.keywords = m_keywords ? u' ' + m_keywords(*row.record).toCaseFolded() + u' ' : QString();
     }
-    return std::all_of(m_words.begin(), m_words.end(),
-                       [&row](const QString& word) { return row.searched.contains(word); });
+    return std::all_of(m_words.begin(), m_words.end(), [&row](const QString& word) {
+        if (row.searched.contains(word)) {
+            return true;
+        }
+        if (row.keywords.isEmpty()) {
+            return false;
+        }
+        return row.keywords.contains(word.contains(u':') ? u' ' + word : u' ' + word + u' ');
+    });
 }
 
 // A word holds no line break, so it cannot be found across two texts.

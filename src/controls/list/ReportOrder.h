@@ -8,10 +8,20 @@
 #include <QPointer>
 #include <QStringList>
 
+#include <functional>
 #include <optional>
 #include <vector>
 
 namespace tessel {
+
+// What a cell looks like.
+enum class CellForm {
+    Plain,
+    State, // the back colour as a strip of full height, and the icon in a slot of its own
+    Name,  // in strong letters
+    Aged,  // a text, and its age in a part of its own; under the name where there is little room
+    Badge  // the icon alone
+};
 
 struct ReportColumn {
     QString caption;
@@ -22,6 +32,13 @@ struct ReportColumn {
     Qt::Alignment alignment = Qt::AlignLeft;
     bool sortByValue = false; // a click on the header sorts by the item's value, not its text
     bool text = false;        // what a row is called: see `textColumn`
+    CellForm form = CellForm::Plain;
+    int share = 0; // of the room that the columns without one leave; 0: has its width
+    int most = 0;  // with a share: pixels at font size 10 that it needs at most
+    // With `Aged`: how many characters at the end of the text are the age.
+    std::function<int(const ReportRecord&)> ageLength = {};
+    // What the cell says to those who do not see it; empty for its text.
+    std::function<QString(const ReportRecord&)> spoken = {};
 };
 
 struct SortKey {
@@ -38,7 +55,7 @@ class ReportOrder : public QAbstractTableModel {
 public:
     struct Synced {
         bool order = false;       // rows came, went or moved
-        bool heights = false;     // a row got or lost its preview
+        bool heights = false;     // a row got or lost its preview or its aged text
         std::vector<int> movedTo; // with `order`: by old row the new one, -1 when it is gone
 
         // Where the old row stands now; when it is gone, the row at its place; -1 for none.
@@ -53,6 +70,9 @@ public:
     void setSortKeys(std::vector<SortKey> keys);
     const std::vector<SortKey>& sortKeys() const { return m_sort; }
     void setFilterText(const QString& text);
+    // Words for which a row is found beside its texts, parted by blanks. One with a colon in it is found
+    // by its beginning, any other as a whole, so that nobody gets half of the rows for two letters.
+    void setKeywords(std::function<QString(const ReportRecord&)> keywords);
     bool isFiltered() const { return !m_words.isEmpty(); }
 
     Synced sync();
@@ -91,8 +111,10 @@ private:
         bool accepted = true;
         bool pinned = false;
         bool preview = false;
+        bool aged = false;
         std::vector<Rank> ranks;
         QString searched; // folded text of the row, made when first needed
+        QString keywords; // folded, a blank before and behind each
     };
     struct Touched {
         bool order = false;
@@ -108,6 +130,7 @@ private:
     bool refresh(Known& row, bool& heights);
     bool refreshRanks(Known& row);
     bool accepts(Known& row) const;
+    bool isAged(const ReportRecord& record) const;
     bool stands(const Known& a, const Known& b) const;
     std::vector<int> ordered() const;
     bool isShown(const std::vector<int>& order) const;
@@ -118,6 +141,8 @@ private:
     std::vector<SortKey> m_sort;
     QStringList m_words;
     QCollator m_collator;
+    std::function<QString(const ReportRecord&)> m_keywords;
+    int m_aged = -1; // the item of an aged text
 
     std::vector<Known> m_known; // in the order of the records
     std::vector<ReportRecordPtr> m_shown;

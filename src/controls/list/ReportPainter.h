@@ -14,25 +14,34 @@ class ReportPainter {
 public:
     // The room of one column, without its height.
     struct Span {
-        int item = 0;
+        const ReportColumn* column = nullptr;
         int left = 0;
         int width = 0;
         Qt::Alignment alignment; // as seen: left is left
+        bool below = false;      // on a line of its own, under the name
+    };
+    // The lines that a row has beside its first one.
+    struct Lines {
+        bool status = false;
+        bool preview = false;
     };
     struct Row {
         const ReportRecord* record = nullptr;
         QRect rect;
-        bool preview = false;
+        Lines lines;
         RowState state;
     };
 
     explicit ReportPainter(PaintKit& kit) : m_kit(kit) {}
 
+    // The columns must live as long as they are drawn.
     void setSpans(std::vector<Span> spans, int firstText);
 
-    int rowHeight(bool preview) const;
+    int rowHeight(Lines lines) const;
     void paint(QPainter& painter, const Row& row);
 
+    // The line of a row on which a status stands of its own.
+    QRect statusLine(const QRect& row) const;
     // The whole text at this place of the row, when less of it is shown; otherwise empty.
     QString hiddenText(const Row& row, const QPoint& pos) const;
 
@@ -44,10 +53,14 @@ private:
     };
 
     CellRooms rooms(const Span& span, const QRect& line, const ReportItem& item) const;
-    QRect firstLine(const Row& row) const;
+    QRect lineOf(const Span& span, const Row& row) const;
+    QRect firstLine(const QRect& row) const;
     QRect previewRoom(const Row& row) const;
+    void paintState(QPainter& painter, const Span& span, const Row& row, const QColor& back);
+    void paintAged(QPainter& painter, const Span& span, const Row& row, const QColor& back);
     void paintCell(QPainter& painter, const Span& span, const QRect& line, const ReportItem& item,
                    const QColor& back);
+    QColor quiet(const QColor& back);
 
     PaintKit& m_kit;
     std::vector<Span> m_spans;

@@ -28,13 +28,24 @@ public:
 
     // Shows the rows in which every blank-separated word stands in a shown text.
     void setFilterText(const QString& text);
+    // Words for which rows are found beside their texts: see ReportOrder.
+    void setKeywords(std::function<QString(const ReportRecord&)> keywords);
     void setIconProvider(ReportIconProvider provider);
     void setFontSize(int points);     // 8 to 20
     void setWallFontSize(int points); // 8 to 200, to be read from afar
     int fontSize() const { return m_fontSize; }
 
-    void setEmptyText(const QString& text);            // there are no rows
-    void setNoMatchText(const QString& text);          // there are, but the filter hides them all
+    // What stands in the place of rows: a sentence, a line with the way out, and a picture's number, -1
+    // for none.
+    struct EmptyState {
+        QString text;
+        QString hint;
+        int picture = -1;
+    };
+    void setEmptyState(const EmptyState& state);   // there are no rows
+    void setNoMatchState(const EmptyState& state); // the filter hides them all
+    void setEmptyText(const QString& text) { setEmptyState({text, {}}); }
+    void setNoMatchText(const QString& text) { setNoMatchState({text, {}}); }
     void setBackgroundPicture(const QPixmap& picture); // stands behind an empty list only
 
     // The selected record; nullptr when there is none or when it has just been removed.
@@ -137,8 +148,8 @@ private:
     std::uint64_t m_drawn = 0; // revision of the records at the last sync
 
     int m_fontSize = 10;
-    QString m_emptyText;
-    QString m_noMatchText;
+    EmptyState m_empty;
+    EmptyState m_noMatch;
     QPixmap m_background;
 
     QTimer m_syncTimer;

@@ -94,6 +94,14 @@ enum class Image : int {
     TrayDoNotDisturb = 902,
     TrayOffline = 903,
 
+    // Whether one may come in, in the slot of a row.
+    StateFree = 920,
+    StateOccupied = 921,
+    StateDoNotDisturb = 922,
+    StateBoth = 923,
+    // In a search box.
+    Search = 930,
+
     // What bars show, on a back of any colour.
     BarClose = 32900,
     BarDoorbell = 32901,

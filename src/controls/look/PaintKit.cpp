@@ -2,6 +2,7 @@
 
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/Tokens.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -19,7 +20,7 @@ namespace {
 constexpr int kLines = 4000;
 constexpr int kWrappedTexts = 200; // a few screens full
 constexpr int kInks = 1000;
-constexpr double kSmaller = 0.88;
+constexpr double kLeastSmall = 7.0; // points
 
 } // namespace
 
@@ -28,12 +29,17 @@ PaintKit::PaintKit() : m_lines(kLines), m_wrapped(kWrappedTexts) {
 }
 
 void PaintKit::setFont(const QFont& font) {
-    m_plain.font = m_small.font = m_bold.font = font;
-    m_small.font.setPointSizeF(std::max(7.0, font.pointSizeF() * kSmaller));
+    m_plain.font = m_small.font = m_bold.font = m_strong.font = font;
+    m_small.font.setPointSizeF(std::max(kLeastSmall, font.pointSizeF() * look::kSmaller));
     m_bold.font.setBold(true);
-    for (Sized* const sized : {&m_plain, &m_small, &m_bold}) {
+    m_strong.font.setWeight(std::max<QFont::Weight>(QFont::DemiBold, font.weight()));
+    for (Sized* const sized : {&m_plain, &m_small, &m_bold, &m_strong}) {
         sized->height = QFontMetrics(sized->font).height();
     }
+    QFont meant = font;
+    meant.setPointSize(look::kMeantFor);
+    m_scale = static_cast<double>(m_plain.height) / QFontMetrics(meant).height();
+    measureDigits();
     m_iconSize = m_plain.height >= 30 ? 32 : m_plain.height >= 23 ? 24 : 16;
     m_lines.clear();
     m_wrapped.clear();
@@ -51,12 +57,30 @@ void PaintKit::setIconProvider(ReportIconProvider provider) {
     m_pictures.clear();
 }
 
+const PaintKit::Sized& PaintKit::sized(Face face) const {
+    switch (face) {
+    case Face::Small:
+        return m_small;
+    case Face::Bold:
+        return m_bold;
+    case Face::Strong:
+        return m_strong;
+    case Face::Plain:
+        break;
+    }
+    return m_plain;
+}
+
 const QFont& PaintKit::font(Face face) const {
-    return face == Face::Small ? m_small.font : face == Face::Bold ? m_bold.font : m_plain.font;
+    return sized(face).font;
 }
 
 int PaintKit::lineHeight(Face face) const {
-    return face == Face::Small ? m_small.height : face == Face::Bold ? m_bold.height : m_plain.height;
+    return sized(face).height;
+}
+
+int PaintKit::px(int units) const {
+    return qRound(units * m_scale);
 }
 
 QColor PaintKit::ink(const QColor& text, const QColor& back) {
@@ -71,18 +95,23 @@ QColor PaintKit::ink(const QColor& text, const QColor& back) {
     return *m_inks.insert(key, readableOn(text, back, m_palette.color(QPalette::Text)));
 }
 
+QColor PaintKit::outline(const QColor& color, const QColor& back) const {
+    return readableOn(color, back, m_palette.color(QPalette::Text), look::kPartContrast);
+}
+
 QColor PaintKit::rowBack(const QColor& base, const RowState& state) const {
     const QColor accent = m_palette.color(QPalette::Highlight);
     if (state.selected) {
-        return blend(base, accent, state.focused ? 0.28 : 0.16);
+        return blend(base, accent, state.focused ? look::kSelectedFocused : look::kSelected);
     }
-    return state.hovered ? blend(base, accent, 0.07) : base;
+    const QColor rest = state.own ? blend(base, accent, look::kOwnRow) : base;
+    return state.hovered ? blend(rest, accent, look::kHover) : rest;
 }
 
 void PaintKit::paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const {
     if (state.selected) {
         const QColor accent = m_palette.color(QPalette::Highlight);
-        painter.fillRect(QRect(row.left(), row.top(), 3, row.height()),
+        painter.fillRect(QRect(row.left(), row.top(), px(look::kSelectionBar), row.height()),
                          state.focused ? accent
                                        : blend(rowBack(m_palette.color(QPalette::Base), state), accent, 0.6));
     }
@@ -94,13 +123,14 @@ void PaintKit::paintIcon(QPainter& painter, int icon, const QRect& room) {
         m_pictureRatio = ratio;
         m_pictures.clear();
     }
-    auto picture = m_pictures.constFind(icon);
+    const std::pair key(icon, room.width());
+    auto picture = m_pictures.constFind(key);
     if (picture == m_pictures.constEnd()) {
         const bool enabled = m_palette.currentColorGroup() != QPalette::Disabled;
         const QPixmap made =
             m_icons ? m_icons(icon).pixmap(room.size(), ratio, enabled ? QIcon::Normal : QIcon::Disabled)
                     : QPixmap();
-        picture = m_pictures.insert(icon, made);
+        picture = m_pictures.insert(key, made);
     }
     if (!picture->isNull()) {
         // An icon that has no picture of this size comes smaller.
@@ -125,6 +155,48 @@ int PaintKit::paintLine(QPainter& painter, const QString& text, const QRect& roo
     const int top = room.top() + (room.height() - lineHeight(face)) / 2; // whole pixels: sharp letters
     painter.drawStaticText(QPointF(x, top), line.text);
     return static_cast<int>(std::ceil(line.width));
+}
+
+void PaintKit::measureDigits() {
+    const QFontMetrics metrics(m_small.font);
+    m_digit = 0;
+    m_evenDigits = true;
+    for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+        const int width = metrics.horizontalAdvance(QChar(digit));
+        m_evenDigits = m_evenDigits && (m_digit == 0 || width == m_digit);
+        m_digit = std::max(m_digit, width);
+    }
+}
+
+int PaintKit::digitsWidth(QStringView text) const {
+    const QFontMetrics metrics(m_small.font);
+    if (m_evenDigits) {
+        return metrics.horizontalAdvance(text.toString());
+    }
+    int width = 0;
+    for (const QChar c : text) {
+        width += c.isDigit() ? m_digit : metrics.horizontalAdvance(c);
+    }
+    return width;
+}
+
+int PaintKit::paintDigits(QPainter& painter, QStringView text, const QRect& room, Qt::Alignment alignment) {
+    const int width = digitsWidth(text);
+    int left = alignment & Qt::AlignRight ? room.right() + 1 - width : room.left();
+    if (m_evenDigits) {
+        // A pixel more than it needs, so that rounding never cuts it.
+        paintLine(painter, text.toString(), {left, room.top(), width + 1, room.height()}, Qt::AlignLeft,
+                  Face::Small);
+        return width;
+    }
+    const QFontMetrics metrics(m_small.font);
+    painter.setFont(m_small.font);
+    for (const QChar c : text) {
+        const int cell = c.isDigit() ? m_digit : metrics.horizontalAdvance(c);
+        painter.drawText(QRect(left, room.top(), cell, room.height()), Qt::AlignCenter, QString(c));
+        left += cell;
+    }
+    return width;
 }
 
 // Shaping a text costs ten times as much as drawing it, and most texts stay.

@@ -25,6 +25,7 @@ struct RowState {
     bool selected = false;
     bool focused = false; // the list has the keyboard
     bool hovered = false;
+    bool own = false; // it tells of oneself
 };
 
 class PaintKit {
@@ -36,14 +37,18 @@ public:
     void setPalette(const QPalette& palette);
     void setIconProvider(ReportIconProvider provider);
 
-    enum class Face { Plain, Small, Bold };
+    enum class Face { Plain, Small, Bold, Strong }; // Strong: weight 600
     const QFont& font(Face face) const;
     int lineHeight(Face face) const;
     int iconSize() const { return m_iconSize; }
+    // So many units in pixels: they grow with the letters.
+    int px(int units) const;
     const QPalette& palette() const { return m_palette; }
 
     // The colour, or one like it that can be read on `back`.
     QColor ink(const QColor& text, const QColor& back);
+    // The same for a line or an outline, which needs less contrast.
+    QColor outline(const QColor& color, const QColor& back) const;
     // The back of a row that stands on `base` otherwise.
     QColor rowBack(const QColor& base, const RowState& state) const;
     void paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const;
@@ -52,6 +57,10 @@ public:
     // One line, cut with an ellipsis where the room ends. Gives back the width that it took.
     int paintLine(QPainter& painter, const QString& text, const QRect& room, Qt::Alignment alignment,
                   Face face);
+    // A few characters whose digits stand under each other whatever the font: never cut. `room` is what
+    // they end in; gives back the width that they took.
+    int paintDigits(QPainter& painter, QStringView text, const QRect& room, Qt::Alignment alignment);
+    int digitsWidth(QStringView text) const;
     // The text in several lines of plain face, laid out once.
     const WrappedText& wrapped(const QString& text, int width, int mostLines);
 
@@ -76,18 +85,24 @@ private:
         QFont font;
         int height = 0;
     };
+    const Sized& sized(Face face) const;
+    void measureDigits();
     Sized m_plain;
     Sized m_small;
     Sized m_bold;
+    Sized m_strong;
+    double m_scale = 1;
     int m_iconSize = 16;
     QPalette m_palette;
     ReportIconProvider m_icons;
 
     QCache<LineKey, Line> m_lines;
     QCache<std::pair<QString, int>, WrappedText> m_wrapped;
-    QHash<int, QPixmap> m_pictures;
+    QHash<std::pair<int, int>, QPixmap> m_pictures; // by number and side
     double m_pictureRatio = 0;
     QHash<quint64, QColor> m_inks; // by text and background
+    int m_digit = 0;               // widest digit of the small face
+    bool m_evenDigits = true;      // all of them are as wide
 };
 
 } // namespace tessel

@@ -60,20 +60,24 @@ void setStatus(ReportRecord& record, const QString& text, const QString& time) {
     setTime(record, time);
 }
 
-// Pictures say what colours and numbers say, for those who do not see these.
-constexpr int kOccupiedIcon = 13;
-constexpr int kDoNotDisturbIcon = 300;
 constexpr int kNoIcon = -1;
+
+// A picture says what colours and numbers say, for those who do not see these.
+void setState(ReportRecord& record, bool doNotDisturb) {
+    const bool occupied = isOccupied(record);
+    item(record, LocationItem::Icon).icon = occupied ? (doNotDisturb ? kStateBoth : kStateOccupied)
+                                                     : (doNotDisturb ? kStateDoNotDisturb : kStateFree);
+}
 
 void setOccupied(ReportRecord& record, const Presence& presence) {
     item(record, LocationItem::Active).value = presence.occupied ? kOccupiedValue : 0;
-    item(record, LocationItem::Active).icon = presence.occupied ? kOccupiedIcon : kNoIcon;
+    setState(record, isDoNotDisturb(record));
     record.setTip(static_cast<int>(LocationItem::Active), GetNoteBoardToolTip(presence.patientName));
 }
 
 void setDoNotDisturb(ReportRecord& record, bool doNotDisturb, bool own) {
     item(record, LocationItem::Active).foreColor = own ? kBlue : doNotDisturb ? kRed : kNoColor;
-    item(record, LocationItem::Status).icon = doNotDisturb ? kDoNotDisturbIcon : kNoIcon;
+    setState(record, doNotDisturb);
 }
 
 void setStaffTag(ReportRecord& record, int tag) {
@@ -449,6 +453,11 @@ QString GetOccupiedName(const ReportRecord& row) {
 
 bool isLocationDND(const ReportRecord& row) {
     return item(row, LocationItem::Active).foreColor == kRed;
+}
+
+bool isDoNotDisturb(const ReportRecord& row) {
+    const int state = item(row, LocationItem::Icon).icon;
+    return state == kStateDoNotDisturb || state == kStateBoth;
 }
 
 bool IsVirtualLocation(const ReportRecord& row) {

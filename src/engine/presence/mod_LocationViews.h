@@ -23,6 +23,11 @@ inline constexpr int kLocationItems = 10;
 inline constexpr int kFavoriteItems = 11;
 // Numeric value of `LocationItem::Active` while the location is occupied.
 inline constexpr int kOccupiedValue = 13;
+// Pictures of `LocationItem::Icon`: whether one may come in.
+inline constexpr int kStateFree = 920;
+inline constexpr int kStateOccupied = 921;
+inline constexpr int kStateDoNotDisturb = 922;
+inline constexpr int kStateBoth = 923;
 
 inline ReportItem& item(ReportRecord& record, LocationItem index) {
     return record.item(static_cast<int>(index));
@@ -121,7 +126,9 @@ int GetColorTag(const ReportRecord& row);
 int GetStatusTag(const ReportRecord& row); // the staff tag
 bool isOccupied(const ReportRecord& row);
 QString GetOccupiedName(const ReportRecord& row);
+// By the colour of the name, which is blue on the own row whatever holds there.
 bool isLocationDND(const ReportRecord& row);
+bool isDoNotDisturb(const ReportRecord& row);
 bool IsVirtualLocation(const ReportRecord& row);
 
 } // namespace tessel

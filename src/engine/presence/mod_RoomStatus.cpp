@@ -91,6 +91,7 @@ bool RoomStatus::Add_to_View(const ReportRecord& home, ReportRecord& row) const 
     const QString SID = GetSID(home);
     ReportItem color = item(home, LocationItem::Icon);
     color.text.clear();
+    color.icon = -1; // all of these are occupied
     put(RoomItem::Icon, color);
     put(RoomItem::Active, {.text = name});
     put(RoomItem::Patient, {.text = GetOccupiedName(home)});

@@ -2,7 +2,11 @@
 
 #include "controls/list/CardControl.h"
 #include "controls/list/ReportControl.h"
+#include "controls/list/ReportHeader.h"
+#include "controls/look/Images.h"
+#include "controls/look/Tokens.h"
 #include "engine/core/mod_FileTools.h"
+#include "engine/presence/mod_LocationWords.h"
 #include "engine/station.h"
 #include "windows/ListFont.h"
 #include "windows/mainwindow/MessageView.h"
@@ -30,6 +34,26 @@ ReportColumn column(const char* caption, LocationItem item, int width) {
     return made;
 }
 
+std::vector<ReportColumn> locationColumns() {
+    ReportColumn state = column("", LocationItem::Icon, look::kState);
+    state.form = CellForm::State;
+    state.spoken = SpokenState;
+    ReportColumn name = column("Active", LocationItem::Active, 160);
+    name.text = true;
+    name.form = CellForm::Name;
+    name.share = look::kNameShare;
+    name.most = look::kNameMost;
+    ReportColumn status = column("Status", LocationItem::Status, 180);
+    status.form = CellForm::Aged;
+    status.ageLength = AgeLength;
+    status.share = look::kStatusShare;
+    status.most = look::kStatusMost;
+    ReportColumn staff = column("Staff", LocationItem::Staff, look::kStaff);
+    staff.form = CellForm::Badge;
+    staff.spoken = SpokenStaffTag;
+    return {state, name, status, staff};
+}
+
 SortKey byText(LocationItem item) {
     return {static_cast<int>(item), false, true};
 }
@@ -54,16 +78,21 @@ Views::Views(Station& station, CommandSet& commands, std::function<QIcon(int)> i
 
 void Views::Create_EndpointView() {
     createList(View::Home, m_station.views.rptEndpoints,
-               tr("No locations yet.\nThe network comes up a few seconds after the start."));
+               {tr("No locations yet"), tr("The network comes up a few seconds after the start."),
+                static_cast<int>(Image::Home)});
 }
 
 void Views::Create_StatusView() {
-    createList(View::Status, m_station.views.rptStatusView, QStringLiteral("No Location has a status set"));
+    createList(View::Status, m_station.views.rptStatusView,
+               {QStringLiteral("No Location has a status set"), tr("Ctrl+M sets yours, for all to see."),
+                static_cast<int>(Image::StatusView)});
 }
 
 void Views::Create_FavoritesView() {
     ReportControl& list = createList(View::Favorites, m_station.views.rptFavorites,
-                                     QStringLiteral("No favorites have been selected"));
+                                     {QStringLiteral("No favorites have been selected"),
+                                      tr("Right-click a location under Home and choose Add to Favorites."),
+                                      static_cast<int>(Image::Favorites)});
     auto* const remove = new QShortcut(Qt::Key_Delete, &list, nullptr, nullptr, Qt::WidgetShortcut);
     connect(remove, &QShortcut::activated, this, [this, &list] {
         if (const ReportRecordPtr record = list.currentRecord()) {
@@ -78,17 +107,14 @@ void Views::Create_MessageView(CommandSet& commands) {
     m_lists[View::Inbox] = &m_messages->list();
 }
 
-ReportControl& Views::createList(View view, ReportRecords& records, const QString& emptyText) {
+ReportControl& Views::createList(View view, ReportRecords& records, const ReportView::EmptyState& empty) {
     auto* const list = new ReportControl(this);
-    ReportColumn color = column("", LocationItem::Icon, 24);
-    ReportColumn status = column("Status", LocationItem::Status, 180);
-    status.stretch = true;
-    ReportColumn name = column("Active", LocationItem::Active, 160);
-    name.text = true;
-    list->setColumns({color, name, status, column("Staff", LocationItem::Staff, 60)});
+    list->setColumns(locationColumns());
+    list->setKeywords(SearchWords);
     list->setIconProvider(m_icon);
-    list->setEmptyText(emptyText);
-    list->setNoMatchText(tr("No location matches the search"));
+    list->setEmptyState(empty);
+    list->setNoMatchState({tr("No location matches the search"),
+                           tr("Escape in the search box shows all again."), static_cast<int>(Image::Search)});
     const auto* const row =
         std::find_if(kViews.begin(), kViews.end(), [view](const ViewRow& v) { return v.view == view; });
     list->setAccessibleName(QString::fromLatin1(row->caption).trimmed());
@@ -97,6 +123,7 @@ ReportControl& Views::createList(View view, ReportRecords& records, const QStrin
     m_lists[view] = list;
 
     connect(list, &ReportControl::currentRecordChanged, this, &Views::currentRowChanged);
+    connect(list, &ReportControl::stateHeaderClicked, this, &Views::stateMenuRequested);
     connect(list, &ReportControl::recordMenuRequested, this,
             [this](const ReportRecordPtr& record, const QPoint& globalPos) {
                 QTimer::singleShot(kSettleMs, this,
@@ -139,6 +166,18 @@ void Views::showCurrent() {
 
 const ReportRecord* Views::currentRow() const {
     return m_current == View::Inbox ? nullptr : current().currentRecord().get();
+}
+
+void Views::setHeadersShown(bool shown) {
+    for (const View view : kLocationViews) {
+        locations(view).setHeaderShown(shown);
+    }
+}
+
+void Views::setStateFiltered(bool filtered) {
+    if (m_current != View::Inbox) {
+        locations(m_current).header()->setStateFiltered(filtered);
+    }
 }
 
 void Views::applyFont() {

@@ -1,6 +1,7 @@
 // The lists of the main window, one a view.
 #pragma once
 
+#include "controls/list/ReportView.h"
 #include "engine/mainwindow/mod_Shell.h"
 #include "records/cReportRecords.h"
 
@@ -34,6 +35,11 @@ public:
     // The row of a location that a command starts from; nullptr for none.
     const ReportRecord* currentRow() const;
 
+    // Lists without their headers, where every row counts.
+    void setHeadersShown(bool shown);
+    // Marks that the current list is narrowed by the state of its rows.
+    void setStateFiltered(bool filtered);
+
     void applyFont();
     void applyPreview();
     // Puts the rows of all lists in the order of the settings.
@@ -42,6 +48,8 @@ public:
 signals:
     void menuRequested(const tessel::ReportRecordPtr& record, const QPoint& globalPos);
     void currentRowChanged();
+    // The user asks by the header whom the list shall show.
+    void stateMenuRequested(QPoint globalPos);
 
 private:
     void Create_EndpointView();
@@ -49,7 +57,7 @@ private:
     void Create_FavoritesView();
     void Create_MessageView(CommandSet& commands);
     // With what the lists of locations have in common.
-    ReportControl& createList(View view, ReportRecords& records, const QString& emptyText);
+    ReportControl& createList(View view, ReportRecords& records, const ReportView::EmptyState& empty);
     ReportControl& locations(View view) const;
     void loadBackgrounds();
 

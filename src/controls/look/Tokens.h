@@ -1,0 +1,81 @@
+// The measures of the look: every number that a painter uses stands here, and docs/look.md tells them
+// in one table. Sizes are units: pixels at a font of 10 points, which grow with the letters.
+#pragma once
+
+#include <QRgb>
+
+namespace tessel::look {
+
+inline constexpr int kMeantFor = 10; // points
+
+// --- spacing: a grid of 4 and 8 ------------------------------------------------------------------
+inline constexpr int kTight = 4;
+inline constexpr int kSpace = 8;
+inline constexpr int kWide = 16;
+
+// --- rows ----------------------------------------------------------------------------------------
+inline constexpr int kRow = 32;        // one line
+inline constexpr int kStatusLine = 20; // more for the status under the name
+inline constexpr int kNoteLine = 16;   // more for the note
+inline constexpr int kHeader = 28;
+inline constexpr int kSelectionBar = 4;
+inline constexpr int kStrip = 8;      // the colour tag, over the full height
+inline constexpr int kStateIcon = 20; // occupied, do not disturb, free
+inline constexpr int kState = 40;     // bar, strip and state slot together
+inline constexpr int kNameShare = 45; // of what name and status share
+inline constexpr int kStatusShare = 55;
+inline constexpr int kNameMost = 300;
+inline constexpr int kStatusMost = 380;
+inline constexpr int kStaff = 52;
+inline constexpr int kNarrow = 380;      // pixels: below, the status goes under the name
+inline constexpr int kLargePoints = 14;  // above, too
+inline constexpr double kSmaller = 0.85; // note and age, of the size of the letters
+inline constexpr double kLarger = 1.25;  // what a popup is about
+
+// --- empty lists ---------------------------------------------------------------------------------
+inline constexpr int kEmptyPicture = 48;
+inline constexpr int kEmptyMargin = 24; // pixels
+inline constexpr double kEmptyOpacity = 0.4;
+
+// --- shares of one colour laid on another --------------------------------------------------------
+inline constexpr double kSeparator = 0.05; // text on base, between rows
+inline constexpr double kHeaderTint = 0.04;
+inline constexpr double kQuiet = 0.7;  // the ink of notes and ages, before it is made readable
+inline constexpr double kHover = 0.07; // accent on base
+inline constexpr double kOwnRow = 0.08;
+inline constexpr double kSelected = 0.16;
+inline constexpr double kSelectedFocused = 0.28;
+
+// --- contrast ------------------------------------------------------------------------------------
+inline constexpr double kTextContrast = 4.5;
+inline constexpr double kPartContrast = 3.0; // of an outline, a mark, a frame
+inline constexpr double kPopupContrast = 7.0;
+
+// --- the window ----------------------------------------------------------------------------------
+inline constexpr int kFirstWidth = 440;
+inline constexpr int kFirstHeight = 680;
+inline constexpr int kOneRowBelow = 700;    // pixels of height: the ribbon has one row of buttons
+inline constexpr int kTabsAloneBelow = 400; // the ribbon is its tabs, and the window its list
+
+// --- popups --------------------------------------------------------------------------------------
+inline constexpr int kPopupUnits = 270;                   // the width of every popup, in units of its own
+inline constexpr double kPopupUnit = 320.0 / kPopupUnits; // pixels at 10 points
+inline constexpr int kPopupMessageHeight = 140;
+inline constexpr int kPopupBand = 26;
+inline constexpr int kPopupLeast = 100;
+inline constexpr int kPopupMost = 230;
+inline constexpr int kPopupIconColumn = 44;
+inline constexpr int kPopupFade = 24; // where the strong end runs out
+inline constexpr int kPopupIcon = 28;
+inline constexpr int kPopupFrame = 2; // pixels
+inline constexpr int kCorner = 8;     // pixels
+inline constexpr int kShadow = 8;     // pixels around
+inline constexpr double kShadowInk = 0.28;
+inline constexpr int kStackGap = 8; // pixels
+
+// --- motion, in milliseconds ---------------------------------------------------------------------
+inline constexpr int kFadeMs = 120;
+inline constexpr int kPulseMs = 450;
+inline constexpr int kPulses = 2;
+
+} // namespace tessel::look
