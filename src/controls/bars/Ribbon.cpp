@@ -88,6 +88,7 @@ public:
         return found != m_members.end() ? found->button : nullptr;
     }
 
+    void setRows(int rows) { m_rows = rows; }
     int room() const { return m_form == GroupForm::Hidden ? 0 : sizeHint().width(); }
 
     void setForm(GroupForm form) {
@@ -105,13 +106,13 @@ public:
             if (!button->defaultAction()->isVisible()) {
                 continue;
             }
-            const bool large = wantsLarge && form == GroupForm::Full;
+            const bool large = wantsLarge && form == GroupForm::Full && m_rows > 1;
             button->setIconSize(large ? QSize(kLargeIcon, kLargeIcon) : QSize(side, side));
             button->setToolButtonStyle(large                      ? Qt::ToolButtonTextUnderIcon
                                        : form == GroupForm::Icons ? Qt::ToolButtonIconOnly
                                                                   : Qt::ToolButtonTextBesideIcon);
             caption(*button);
-            if (row == kRows || (large && row > 0)) {
+            if (row == m_rows || (large && row > 0)) {
                 row = 0;
                 ++column;
             }
@@ -119,13 +120,17 @@ public:
             row += large ? kRows : 1;
         }
         for (int i = 0; i < kRows; ++i) {
-            m_grid->setRowStretch(i, 1);
+            m_grid->setRowStretch(i, i < m_rows ? 1 : 0);
+        }
+        m_grid->removeWidget(m_label);
+        m_label->setVisible(m_rows > 1);
+        if (m_rows == 1) {
+            return;
         }
         QFont small = font();
         small.setPointSizeF(std::max(7.0, small.pointSizeF() * kCaptionSize));
         m_label->setFont(small);
         m_grid->addWidget(m_label, kRows, 0, 1, column + 1);
-        m_label->show();
         // The first letters of a caption tell nobody anything.
         m_label->setText(m_caption);
         if (m_label->sizeHint().width() > sizeHint().width() - 2 * kPad) {
@@ -158,6 +163,7 @@ private:
     QGridLayout* m_grid;
     std::vector<Member> m_members;
     GroupForm m_form = GroupForm::Hidden;
+    int m_rows = kRows;
 };
 
 Ribbon::Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent)
@@ -176,7 +182,7 @@ Ribbon::Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent)
     m_more->setToolTip(tr("More commands"));
     connect(m_more->menu(), &QMenu::aboutToShow, this, &Ribbon::fillMore);
     m_buttons->adopt(m_fold);
-    connect(m_fold, &QToolButton::clicked, this, [this] { setMinimised(!m_minimised); });
+    connect(m_fold, &QToolButton::clicked, this, [this] { setMinimised(!isMinimised()); });
     connect(new QShortcut(Qt::CTRL | Qt::SHIFT | Qt::Key_R, this), &QShortcut::activated, m_fold,
             &QToolButton::click);
     m_fold->setVisible(!m_groups.empty());
@@ -237,7 +243,7 @@ void Ribbon::createTabs(const std::vector<int>& ids) {
     // Many click twice where once is enough, and the first click of the two makes any tab the current one.
     connect(m_tabs, &QTabBar::tabBarDoubleClicked, this, [this] {
         if (m_pressedCurrent && !m_groups.empty()) {
-            setMinimised(!m_minimised);
+            setMinimised(!isMinimised());
         }
     });
     connect(new QShortcut(Qt::CTRL | Qt::Key_PageUp, this), &QShortcut::activated, this,
@@ -308,7 +314,28 @@ void Ribbon::stepTab(int step) {
 }
 
 void Ribbon::setMinimised(bool minimised) {
-    m_minimised = minimised;
+    if (m_rows == Rows::None) {
+        m_unfolded = !minimised;
+    } else {
+        m_minimised = minimised;
+    }
+    applyFold();
+}
+
+void Ribbon::setRows(Rows rows) {
+    if (rows == m_rows) {
+        return;
+    }
+    m_rows = rows;
+    m_unfolded = false;
+    for (RibbonGroupBox* const group : m_groups) {
+        group->setRows(rows == Rows::Three ? kRows : 1);
+    }
+    applyFold();
+}
+
+void Ribbon::applyFold() {
+    const bool minimised = isMinimised();
     m_fold->setArrowType(minimised ? Qt::DownArrow : Qt::UpArrow);
     m_fold->setToolTip(minimised ? tr("Show the commands") : tr("Show the tabs alone"));
     m_fold->setAccessibleName(m_fold->toolTip());
@@ -376,7 +403,7 @@ void Ribbon::fit() {
             hidden = hidden || group->form() == GroupForm::Hidden;
         }
     }
-    m_more->setVisible(hidden || (m_minimised && !shown.empty()));
+    m_more->setVisible(hidden || (isMinimised() && !shown.empty()));
 }
 
 void Ribbon::fillMore() {
@@ -384,7 +411,7 @@ void Ribbon::fillMore() {
     menu.clear();
     for (const RibbonGroupBox* const group : m_groups) {
         const bool here = group->tab() == kAllTabs || group->tab() == currentTab();
-        if (here && (m_minimised || group->form() == GroupForm::Hidden) && !group->wanted().isEmpty()) {
+        if (here && (isMinimised() || group->form() == GroupForm::Hidden) && !group->wanted().isEmpty()) {
             if (!group->name().isEmpty()) {
                 addMenuHeading(menu, group->name());
             }

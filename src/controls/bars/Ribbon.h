@@ -51,8 +51,13 @@ public:
 
     // Shows the tabs alone, as Ctrl+Shift+R and a double click on the current tab do. The commands are in the
     // menu at the end of the tabs then.
-    bool isMinimised() const { return m_minimised; }
+    bool isMinimised() const { return m_rows == Rows::None ? !m_unfolded : m_minimised; }
     void setMinimised(bool minimised);
+
+    // How many rows of buttons the window has room for. With none the tabs stand alone until the user asks
+    // for the commands, and what the user chose before is back when there is room again.
+    enum class Rows { None, One, Three };
+    void setRows(Rows rows);
 
     // Null for a command that has no button here. One without room is hidden and in the menu at the end.
     QToolButton* button(int id) const;
@@ -72,6 +77,7 @@ private:
     void layOut();
     void stepTab(int step);
     void fillMore();
+    void applyFold();
     // Gives each group the widest form with which all are in the room, the first ones first.
     void fit();
     void queueFit();
@@ -85,6 +91,8 @@ private:
     QWidget* m_page;
     std::vector<RibbonGroupBox*> m_groups;
     bool m_minimised = false;
+    bool m_unfolded = false; // asked for where there is no room
+    Rows m_rows = Rows::Three;
     bool m_due = false;
     bool m_pressedCurrent = false; // when the mouse was last pressed on a tab
 };

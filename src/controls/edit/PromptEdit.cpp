@@ -2,18 +2,35 @@
 
 #include "controls/list/ReportColors.h"
 
+#include <QAction>
 #include <QKeyEvent>
 
 namespace tessel {
 
 PromptEdit::PromptEdit(const QString& prompt, QWidget* parent) : QLineEdit(parent) {
     connect(this, &QLineEdit::textChanged, this, [this] {
+        if (m_cross != nullptr) {
+            m_cross->setVisible(!text().isEmpty());
+        }
         if (const QString search = searchText(); search != m_told) {
             m_told = search;
             emit searchChanged(search);
         }
     });
     setPrompt(prompt);
+}
+
+void PromptEdit::setPictures(const QIcon& search, const QIcon& clear) {
+    if (m_glass == nullptr) {
+        m_glass = addAction(search, LeadingPosition);
+        m_cross = addAction(clear, TrailingPosition);
+        m_cross->setToolTip(tr("Show all again (Escape)"));
+        connect(m_glass, &QAction::triggered, this, [this] { setFocus(Qt::MouseFocusReason); });
+        connect(m_cross, &QAction::triggered, this, &PromptEdit::clearSearch);
+    }
+    m_glass->setIcon(search);
+    m_cross->setIcon(clear);
+    m_cross->setVisible(!text().isEmpty());
 }
 
 void PromptEdit::clearSearch() {

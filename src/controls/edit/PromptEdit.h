@@ -16,6 +16,9 @@ public:
     void setPrompt(const QString& prompt);
     // The back of the box. On a dark desktop a dark shade of it, so that the text stays readable.
     void setBackColor(const QColor& color);
+    // The pictures of the box and of the cross that empties it. They cost time to draw: set them when
+    // the window stands.
+    void setPictures(const QIcon& search, const QIcon& clear);
     // Empties the box and so ends the search.
     void clearSearch();
     // What is searched for; empty for nothing.
@@ -34,6 +37,8 @@ protected:
 private:
     QString m_prompt;
     QString m_told; // the search as last told
+    QAction* m_glass = nullptr;
+    QAction* m_cross = nullptr;
 };
 
 } // namespace tessel

@@ -9,6 +9,7 @@
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/ReportControl.h"
 #include "controls/look/ScreenPlacement.h"
+#include "controls/look/Tokens.h"
 #include "engine/ports/cWindowRegistry.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
@@ -19,17 +20,23 @@
 #include "windows/mainwindow/frmViews.h"
 #include "windows/mainwindow/mod_Toolbars.h"
 
+#include <QActionGroup>
 #include <QCloseEvent>
+#include <QMenu>
 #include <QShortcut>
 #include <QVBoxLayout>
+
+#include <algorithm>
+#include <array>
 
 namespace tessel {
 
 namespace {
 const QString kFormName = QStringLiteral("frmMain");
-constexpr QSize kFirstSize(480, 620);
+constexpr QSize kFirstSize(look::kFirstWidth, look::kFirstHeight);
 constexpr QSize kLeastSize(300, 320);
-constexpr int kGrid = 8;
+// The words that a click on the header of the state slot searches for.
+constexpr std::array kStates{"free", "occupied", "do not disturb"};
 constexpr int kCountMs = 100; // between a change of a list and its count in the caption of its tab
 } // namespace
 
@@ -107,8 +114,7 @@ void frmMain::layOut() {
     outer->setContentsMargins(0, 0, 0, 0);
     outer->setSpacing(0);
     auto* const middle = new QVBoxLayout;
-    middle->setContentsMargins(kGrid, kGrid, kGrid, kGrid);
-    middle->setSpacing(kGrid);
+    m_middle = middle;
     middle->addWidget(m_ownBar);
     middle->addWidget(m_search);
     middle->addWidget(m_views, 1);
@@ -118,6 +124,7 @@ void frmMain::layOut() {
     outer->addLayout(middle, 1);
     outer->addWidget(m_panes);
     setCentralWidget(centre);
+    foldByHeight();
 }
 
 void frmMain::connectStation() {
@@ -152,6 +159,7 @@ void frmMain::connectStation() {
     connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showAlertBar);
     connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
     connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
+    connect(m_views, &Views::stateMenuRequested, this, &frmMain::showStateMenu);
     refreshOn(shell, &Shell::viewChanged, Touches::View);
     refreshOn(shell, &Shell::previewModeChanged, Touches::Preview);
     refreshOn(shell, &Shell::reportFontChanged, Touches::Font);
@@ -206,6 +214,49 @@ void frmMain::search(const QString& text) {
         m_search->setBackColor(QColor(QRgb(m_station.settings.Advanced_FilterColor())));
     }
     m_views->current().setFilterText(text);
+    m_views->setStateFiltered(
+        std::ranges::any_of(kStates, [&text](const char* state) { return text == QLatin1String(state); }));
+}
+
+void frmMain::showStateMenu(QPoint globalPos) {
+    auto* const menu = new QMenu(this);
+    menu->setAttribute(Qt::WA_DeleteOnClose);
+    auto* const group = new QActionGroup(menu);
+    const auto add = [&](const QString& caption, const QString& word) {
+        QAction* const action = menu->addAction(caption);
+        action->setCheckable(true);
+        action->setChecked(m_search->searchText() == word);
+        group->addAction(action);
+        connect(action, &QAction::triggered, m_search, [this, word] { m_search->setText(word); });
+    };
+    add(tr("All locations"), {});
+    for (const char* const state : kStates) {
+        const QString word = QLatin1String(state);
+        add(word.at(0).toUpper() + word.mid(1), word);
+    }
+    menu->popup(globalPos);
+}
+
+void frmMain::foldByHeight() {
+    const bool low = height() < look::kTabsAloneBelow;
+    m_ribbon->setRows(low                             ? Ribbon::Rows::None
+                      : height() < look::kOneRowBelow ? Ribbon::Rows::One
+                                                      : Ribbon::Rows::Three);
+    m_quickBar->setVisible(!low);
+    m_views->setHeadersShown(!low);
+    const int gap = low ? look::kTight : look::kSpace;
+    m_middle->setContentsMargins(gap, gap, gap, gap);
+    m_middle->setSpacing(gap);
+}
+
+void frmMain::setSearchPictures() {
+    m_search->setPictures(m_images.image(Image::Search, palette()),
+                          m_images.image(Image::MenuClose, palette()));
+}
+
+void frmMain::resizeEvent(QResizeEvent* event) {
+    QMainWindow::resizeEvent(event);
+    foldByHeight();
 }
 
 void frmMain::ResetSearchFilter() {
@@ -328,6 +379,7 @@ void frmMain::showEvent(QShowEvent* event) {
         QTimer::singleShot(0, this, [this] {
             m_station.mainLoaded();
             createTray();
+            setSearchPictures();
         });
     }
 }
@@ -336,6 +388,9 @@ void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && m_commands != nullptr) {
         m_commands->LoadIcons();
+        if (m_loaded) {
+            setSearchPictures();
+        }
     }
 }
 

@@ -51,6 +51,7 @@ protected:
     void closeEvent(QCloseEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void createCommands();
@@ -75,6 +76,11 @@ private:
     void search(const QString& text);
     // The colour of a search box that searches for nothing.
     void ResetSearchFilter();
+    // Asks whom the list shall show: those who are free, occupied or not to be disturbed.
+    void showStateMenu(QPoint globalPos);
+    // Gives the room that there is to the list first: bars fold as the window gets lower.
+    void foldByHeight();
+    void setSearchPictures();
     void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
     void Set_onTop();
     void LoadFormPosition();
@@ -90,6 +96,7 @@ private:
     PromptEdit* m_search = nullptr;
     MessageBar* m_alertBar = nullptr;
     MessageBar* m_ownBar = nullptr; // "My Status:"
+    QLayout* m_middle = nullptr;
     std::unique_ptr<Tray> m_tray;
     std::optional<QPoint> m_rest; // place during a shake
     std::optional<QPoint> m_lent; // where it stands while its own screen is missing
