@@ -127,24 +127,6 @@ TEST(CommandMenu, AnEmptyLineChoosesNothingAndAPrefixDoesNotCount) {
     EXPECT_EQ(box.text(), ":1234");
 }
 
-TEST(CommandMenu, KeysGoBetweenTheBoxAndTheEntries) {
-    Menu m;
-    m.key(Qt::Key_Tab);
-    EXPECT_EQ(m.menu.activeAction(), m.entry("Message"));
-    EXPECT_NE(m.menu.focusWidget(), m.menu.textBox());
-    m.key(Qt::Key_Backtab);
-    ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox());
-    QTest::keyClicks(m.menu.focusWidget(), "m");
-    EXPECT_EQ(m.menu.textBox()->text(), "m");
-    m.key(Qt::Key_Up);
-    EXPECT_EQ(m.menu.activeAction(), m.entry("Snippets & more")) << "round by the end";
-    m.key(Qt::Key_Down);
-    ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox());
-    m.key(Qt::Key_Escape);
-    EXPECT_FALSE(m.menu.isVisible());
-    EXPECT_EQ(m.told.count(), 0);
-}
-
 TEST(CommandMenu, FollowsTheSetAndLeavesItsChecksAlone) {
     Menu m;
     m.commands.setEnabled(kSend, false);

@@ -41,12 +41,3 @@ TEST(Images, TableFolderAndResourcesAgree) {
     }
     EXPECT_EQ(packed, wanted);
 }
-
-// Engines hand on numbers that came with old data or from the network.
-TEST(Images, NumberWithoutPictureIsNull) {
-    const Images images(resources().filePath(QStringLiteral("icons")));
-    for (const int number : {-1, 2, 40, 150, 899, 904, 32904, 1 << 30}) {
-        EXPECT_TRUE(images.image(number, QPalette()).isNull()) << number;
-        EXPECT_TRUE(Images::fileName(number).isEmpty()) << number;
-    }
-}

@@ -165,12 +165,3 @@ TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
     plain.fontSize = 20;
     EXPECT_GT(popup.sizeFor(plain, screen).width(), 450);
 }
-
-TEST(PopupControl, IsAnAlertForScreenReaders) {
-    PopupControl popup;
-    popup.show(notice(), {0, 0});
-    QAccessibleInterface* alert = QAccessible::queryAccessibleInterface(&popup);
-    ASSERT_NE(alert, nullptr);
-    EXPECT_EQ(alert->role(), QAccessible::AlertMessage);
-    EXPECT_EQ(alert->text(QAccessible::Name), "DoorBell Room 7 Please come.");
-}

@@ -218,32 +218,6 @@ TEST(ReportControl, APreviewTakesASecondLineOnlyWhereThereIsOne) {
     EXPECT_EQ(list.height(1), plain);
 }
 
-// A patient's note with markup, a megabyte of text or stray characters comes from the network.
-TEST(ReportControl, HostileTextsNeitherBreakNorSlowTheList) {
-    ReportList list;
-    const QString megabyte = QString(1 << 20, u'W') + u'\n';
-    const QString hostile = QString::fromUtf8("<b>x</b>\n\tשלום \u202e\u202dabc") + QChar(0) + QChar(0xd800);
-    int key = 0;
-    for (const QString& text :
-         {megabyte, hostile, QString(), QString(5000, QChar(0x0301)), QString(300, u'\n')}) {
-        auto record = listRecord(QString::number(key++), text, text);
-        record->preview = text;
-        record->item(kTag).icon = 77;
-        list.records.append(record);
-    }
-    list.records.append(std::make_shared<ReportRecord>(1)); // fewer items than columns
-    list.control.setPreviewMode(true);
-    list.control.setSortKeys({{kName}, {99, true}});
-    list.show();
-    const QImage before = list.control.grab().toImage();
-    EXPECT_EQ(list.control.shownCount(), 6);
-    for (int i = 0; i < 10; ++i) {
-        list.control.setFilterText(i % 2 == 0 ? QStringLiteral("w") : QString());
-        list.control.viewport()->repaint();
-    }
-    EXPECT_EQ(list.control.grab().toImage(), before);
-}
-
 // Blind users would hear nothing of the list.
 TEST(ReportControl, IsATableForScreenReaders) {
     ReportList list;

@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <algorithm>
 #include <random>
 
 using namespace tessel;
@@ -74,21 +75,6 @@ TEST(ReportOrder, TheFilterWantsEveryWordInAShownTextOrThePreview) {
     EXPECT_EQ(list.names(), QStringList({"Bobby"}));
 }
 
-// A list filled at one go and sorted: the rows are new to it, so all of them are looked at.
-TEST(ReportOrder, RowsAssignedAtOnceAreSorted) {
-    ReportList list;
-    list.control.setSortKeys({{kName}});
-    list.records.assign({listRecord("1", "Carl"), listRecord("2", "Anna")});
-    list.control.syncNow();
-    EXPECT_EQ(list.names(), QStringList({"Anna", "Carl"}));
-    const ReportRecordPtr kept = list.records.at(1);
-    kept->item(kName).text = "Dora";
-    list.records.redraw(*kept);
-    list.records.assign({listRecord("3", "Bob"), kept});
-    list.control.syncNow();
-    EXPECT_EQ(list.names(), QStringList({"Bob", "Dora"}));
-}
-
 // Wrong here means a row on screen twice, missing, or another's: compared with a plain rebuilding.
 TEST(ReportOrder, AfterAnyMixOfChangesItIsWhatBuildingItAnewWouldGive) {
     ReportList list;
@@ -102,13 +88,18 @@ TEST(ReportOrder, AfterAnyMixOfChangesItIsWhatBuildingItAnewWouldGive) {
     for (int round = 0; round < 300; ++round) {
         for (int change = pick(6); change >= 0; --change) {
             const int count = list.records.count();
-            const int what = pick(count == 0 ? 1 : 5);
+            const int what = pick(count == 0 ? 1 : 6);
             if (what == 0) {
                 auto record = listRecord(QString::number(next), QString("Name %1").arg(next % 17));
                 ++next;
                 list.records.insert(pick(count + 1), record);
             } else if (what == 1) {
                 list.records.remove(pick(count));
+            } else if (what == 5) {
+                std::vector<ReportRecordPtr> others = list.records.rows();
+                std::shuffle(others.begin(), others.end(), random);
+                others.push_back(listRecord(QString::number(next++), "Name e"));
+                list.records.assign(std::move(others));
             } else {
                 ReportRecord& record = *list.records.at(pick(count));
                 record.pinned = what == 4 && !record.pinned;

@@ -189,22 +189,6 @@ TEST_F(MulticastLinkTest, AHandlerThatWaitsLosesNothingAndKeepsItsBytes) {
     EXPECT_EQ((one.heard.size() - 1) % 5, 0U);
 }
 
-TEST_F(MulticastLinkTest, ABurstComesWholeAndInOrder) {
-    Listener one;
-    ASSERT_TRUE(one.link.open(configOf(0)));
-    // The queue of a stock system holds fewer than a hundred; this much the kernel keeps for nobody.
-    const int burst = one.link.receiveQueueBytes() / 4096;
-    ASSERT_GT(burst, 50);
-    for (int i = 0; i < burst; ++i) {
-        one.link.send(QByteArray::number(i).leftJustified(300));
-    }
-    ASSERT_TRUE(waitUntil([&] { return one.heard.size() == static_cast<std::size_t>(burst); }))
-        << one.heard.size();
-    for (int i = 0; i < burst; ++i) {
-        ASSERT_EQ(one.heard[static_cast<std::size_t>(i)].trimmed().toInt(), i);
-    }
-}
-
 // A small queue of the system's, and handlers that are slow: what comes meanwhile waits in own memory.
 TEST_F(MulticastLinkTest, WhatComesWhileAHandlerIsSlowIsTakenInFirst) {
     Listener one({.queueBytes = 64 << 10, .bytes = 8 << 20});
@@ -364,13 +348,8 @@ TEST_F(MulticastLinkTest, AFailedOpenLeavesNothingBehindAndANewOneWorks) {
     };
     EXPECT_TRUE(refused([](LinkConfig& c) { c.group = QStringLiteral("10.1.2.3"); }));
     EXPECT_TRUE(refused([](LinkConfig& c) { c.group = QStringLiteral("no address"); }));
-    EXPECT_TRUE(refused([](LinkConfig& c) { c.group.clear(); }));
-    EXPECT_TRUE(refused([](LinkConfig& c) { c.remoteHost = QStringLiteral("::1"); }));
     EXPECT_TRUE(refused([](LinkConfig& c) { c.receiveInterface = QStringLiteral("10.1.2.3"); }));
-    EXPECT_TRUE(refused([](LinkConfig& c) { c.receiveInterface = QStringLiteral("eth0"); }));
-    EXPECT_TRUE(refused([](LinkConfig& c) { c.sendInterface = QStringLiteral("10.1.2.3"); }));
     EXPECT_TRUE(refused([](LinkConfig& c) { c.localPort = 0; }));
-    EXPECT_TRUE(refused([](LinkConfig& c) { c.remotePort = 65536; }));
     EXPECT_TRUE(refused([](LinkConfig& c) { c.timeToLive = 256; }));
 
     Socket exclusive;

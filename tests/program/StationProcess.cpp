@@ -2,13 +2,10 @@
 
 #include "engine/core/cInifile.h"
 
-#include <QDateTime>
 #include <QDir>
-#include <QDirIterator>
 #include <QFile>
 
 #include <csignal>
-#include <linux/capability.h>
 #include <sys/prctl.h>
 #include <sys/stat.h>
 
@@ -19,12 +16,9 @@ namespace {
 constexpr int kRunMs = 20000;
 constexpr auto kFolders = {"data", "config", "cache", "run"};
 
-// Runs in the child before the program: it ends with this test, and is bound by the permissions of
-// files even where the test runs as root.
+// Runs in the child before the program, which ends with this test.
 void beforeProgram() {
     ::prctl(PR_SET_PDEATHSIG, SIGKILL);
-    ::prctl(PR_CAPBSET_DROP, CAP_DAC_OVERRIDE);
-    ::prctl(PR_CAPBSET_DROP, CAP_DAC_READ_SEARCH);
 }
 
 void write(const QString& path, const QByteArray& bytes) {
@@ -55,7 +49,6 @@ StationProcess::~StationProcess() {
         m_process.kill();
         m_process.waitForFinished(kRunMs);
     }
-    ::chmod(folder().toLocal8Bit().constData(), 0700);
 }
 
 QByteArray StationProcess::userFile(const QByteArray& location, const QByteArray& SID, int tag,
@@ -132,27 +125,6 @@ QString StationProcess::read(const QString& section, const QString& key) const {
 QByteArray StationProcess::bytes(const QString& file) const {
     QFile read(folder() + file);
     return read.open(QIODevice::ReadOnly) ? read.readAll() : QByteArray();
-}
-
-QMap<QString, QString> StationProcess::footprint() const {
-    QMap<QString, QString> all;
-    QDirIterator files(m_home.filePath(QStringLiteral("data")),
-                       QDir::AllEntries | QDir::Hidden | QDir::NoDotAndDotDot, QDirIterator::Subdirectories);
-    while (files.hasNext()) {
-        const QFileInfo file(files.next());
-        struct stat facts {};
-        ::stat(file.filePath().toLocal8Bit().constData(), &facts);
-        all[file.filePath()] = QStringLiteral("%1 bytes, inode %2, written %3.%4")
-                                   .arg(facts.st_size)
-                                   .arg(facts.st_ino)
-                                   .arg(facts.st_mtim.tv_sec)
-                                   .arg(facts.st_mtim.tv_nsec);
-    }
-    return all;
-}
-
-void StationProcess::forbidWriting() {
-    ::chmod(folder().toLocal8Bit().constData(), 0500);
 }
 
 } // namespace tessel

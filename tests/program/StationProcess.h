@@ -4,7 +4,6 @@
 #include "Peer.h"
 
 #include <QByteArray>
-#include <QMap>
 #include <QProcess>
 #include <QString>
 #include <QTemporaryDir>
@@ -39,10 +38,6 @@ public:
     QString folder() const;
     QString read(const QString& section, const QString& key) const;
     QByteArray bytes(const QString& file) const;
-    // Every file below the home, with what would differ once it is written to.
-    QMap<QString, QString> footprint() const;
-
-    void forbidWriting();
 
 private:
     QProcessEnvironment environment(bool withDisplay) const;

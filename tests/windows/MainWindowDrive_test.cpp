@@ -151,32 +151,6 @@ TEST_F(MainWindowDrive, AnotherAlertByTheMouseGoesToTheRowOfTheMenu) {
     EXPECT_FALSE(world[1].desktop.popups[1]);
 }
 
-// Whoever has no mouse reaches the same menu, and gets the list back afterwards.
-TEST_F(MainWindowDrive, KeyboardOpensTheRowMenu) {
-    home().syncNow();
-    home().setFocus();
-    key(home(), Qt::Key_End);
-    const ReportRecordPtr chosen = home().currentRecord();
-    ASSERT_TRUE(chosen);
-    EXPECT_EQ(GetLocationName(*chosen), "Room 3");
-    QContextMenuEvent event(QContextMenuEvent::Keyboard, {}, {});
-    QApplication::sendEvent(&home(), &event);
-    QTest::qWait(kSettleMs);
-    CommandMenu* menu = openMenu();
-    ASSERT_NE(menu, nullptr);
-    EXPECT_EQ(captions(*menu).first(), "Room 3");
-    QTest::keyClick(menu->focusWidget() != nullptr ? menu->focusWidget() : menu, Qt::Key_Escape);
-    settle();
-    EXPECT_EQ(openMenu(), nullptr);
-    EXPECT_TRUE(home().hasFocus());
-
-    key(home(), Qt::Key_Return);
-    settle();
-    EXPECT_EQ(openMenu(), nullptr);
-    EXPECT_EQ(world[0].desktop.windows.requests.back().window, WindowId::Actions) << "Enter acts on the row";
-    EXPECT_EQ(world[0].desktop.windows.requests.back().SID, world[2]->own.SID);
-}
-
 TEST_F(MainWindowDrive, StatusByQuickBarAndTurnedOffByItsBar) {
     MessageBar& own = bar("MyStatusBar");
     EXPECT_FALSE(own.isVisible());

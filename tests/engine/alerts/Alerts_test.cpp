@@ -130,13 +130,6 @@ TEST_F(Alerts, SwitchesTakeAwayOneThingEach) {
     ring(kKinds[2]);
     ring(kKinds[3]);
     EXPECT_EQ(entries(), before) << "phone calls and urgent alerts share a switch";
-    EXPECT_TRUE(QFile::remove(me.facts.programFolder + "Sounds/Urgent.wav"));
-    me.sounds.played.clear();
-    ring(kKinds[3]);
-    EXPECT_THAT(me.sounds.played, IsEmpty()) << "a missing file is silence";
-    me->settings.Sound_SC.set(false);
-    ring(kKinds[3]);
-    EXPECT_THAT(me.sounds.played, ElementsAre("beep 850 650"));
 }
 
 TEST_F(Alerts, BarStaysForItsMinutesFromTheLatestAlert) {

@@ -8,8 +8,6 @@
 #include <gmock/gmock.h>
 #include <gtest/gtest.h>
 
-#include <random>
-
 using namespace tessel;
 using testing::ElementsAre;
 
@@ -134,20 +132,6 @@ TEST_F(History, DamagedFilesGiveWhatCanBeRead) {
     reload();
     EXPECT_EQ(count(), 4) << "of a newer program or a broken one";
     EXPECT_EQ(text(CardItem::Stamp, 2), "noon  the day after");
-
-    std::mt19937 random(3);
-    for (int round = 0; round < 20; ++round) {
-        QByteArray noise(static_cast<qsizetype>(random() % 5000), Qt::Uninitialized);
-        for (char& byte : noise) {
-            byte = static_cast<char>(random() % 4 == 0 ? '"' : random());
-        }
-        store(noise);
-        reload();
-        ring();
-        me->history.SaveRecents();
-        reload();
-        ASSERT_EQ(record()[4], "come");
-    }
 }
 
 TEST_F(History, SavedHalfAMinuteAfterTheLastEntryAndFiveAfterTheFirst) {
@@ -238,42 +222,6 @@ TEST_F(History, TheFileKeepsTheNewest) {
     me->history.ClearRecents();
     EXPECT_EQ(count(), 0);
     EXPECT_EQ(file(), "0\r\n") << "forgotten for good";
-}
-
-TEST_F(History, FavoritesOnlyDropsOthersStatusesAndRooms) {
-    begin();
-    me->views.Add_to_Favorites({"Room", kOther, {}, {}, {}, 1, kMarker}, 0);
-    const auto kept = [this](HistoryCode code, const QString& SID) {
-        const int before = count();
-        add(event(code, SID));
-        return count() > before;
-    };
-    const auto all = [&](std::initializer_list<HistoryCode> codes, const QString& SID) {
-        return std::all_of(codes.begin(), codes.end(), [&](HistoryCode code) { return kept(code, SID); });
-    };
-    const auto any = [&](std::initializer_list<HistoryCode> codes, const QString& SID) {
-        return std::any_of(codes.begin(), codes.end(), [&](HistoryCode code) { return kept(code, SID); });
-    };
-    const auto statuses = {HistoryCode::Status, HistoryCode::StatusUpdated, HistoryCode::StatusCleared};
-    const auto rooms = {HistoryCode::Occupied, HistoryCode::Open};
-    const auto others = {HistoryCode::DoorBell, HistoryCode::PhoneCall, HistoryCode::Urgent,
-                         HistoryCode::DoorBellEveryone, HistoryCode::StaffTagSet};
-    me->settings.Recents_STF.set(true);
-    EXPECT_FALSE(any(statuses, "stranger"));
-    EXPECT_TRUE(all(statuses, kOther));
-    EXPECT_TRUE(all(rooms, "stranger"));
-    me->settings.Recents_STF.set(false);
-    me->settings.Recents_LUF.set(true);
-    EXPECT_FALSE(any(rooms, "stranger"));
-    EXPECT_TRUE(all(rooms, kOther));
-    EXPECT_TRUE(all(statuses, "stranger"));
-    me->settings.Recents_STF.set(true);
-    EXPECT_TRUE(all(others, "stranger")) << "alerts always";
-    const int before = count();
-    me->history.SaveRecents();
-    me->views.Active_RemoveFavorite(kOther);
-    reload();
-    EXPECT_EQ(count(), before) << "what was kept once stays";
 }
 
 TEST_F(History, AFloodPushesOutTheOldestAndDoesNotGrow) {

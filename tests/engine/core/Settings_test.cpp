@@ -51,21 +51,10 @@ TEST_F(SettingsFile, WhatStandsInTheFile) {
 }
 
 TEST(SettingValues, Colours) {
-    const std::pair<const char*, Argb> forms[] = {{"&H0000FF", argb(255, 0, 0)},
-                                                  {"&hff0000", argb(0, 0, 255)},
-                                                  {"&HC0FFFF&", argb(255, 255, 0xC0)},
-                                                  {"#FF0000", argb(255, 0, 0)},
-                                                  {"255", argb(255, 0, 0)},
-                                                  {"16711680", argb(0, 0, 255)},
-                                                  {" blue ", argb(0, 0, 255)},
-                                                  {"GREEN", argb(0, 128, 0)},
-                                                  {"0", argb(0, 0, 0)},
-                                                  {"", kNoColor},
-                                                  {"#12345", kNoColor},
-                                                  {"#12345g", kNoColor},
-                                                  {"&H", kNoColor},
-                                                  {"-5", kNoColor},
-                                                  {"reddish", kNoColor}};
+    const std::pair<const char*, Argb> forms[] = {
+        {"&H0000FF", argb(255, 0, 0)}, {"&HC0FFFF&", argb(255, 255, 0xC0)},
+        {"16711680", argb(0, 0, 255)}, {" blue ", argb(0, 0, 255)},
+        {"#12345g", kNoColor},         {"reddish", kNoColor}};
     for (const auto& [text, color] : forms) {
         EXPECT_EQ(toColor(QLatin1String(text)), color) << text;
     }

@@ -72,19 +72,6 @@ TEST_F(CommandTable, OwnRowActsHere) {
     EXPECT_FALSE(me->commands.isOwn(*lab()));
 }
 
-TEST_F(CommandTable, OpensItsWindows) {
-    EXPECT_EQ(does(102), QStringList({shows(WindowId::SetStatus)}));
-    EXPECT_EQ(does(200), QStringList({shows(WindowId::SetStatus)}));
-    EXPECT_EQ(does(104), QStringList({shows(WindowId::Notifications)}));
-    EXPECT_EQ(does(106), QStringList({shows(WindowId::GlobalDoorBell)}));
-    EXPECT_EQ(does(112), QStringList({shows(WindowId::GlobalDoorBell)}));
-    EXPECT_EQ(does(412, lab()), QStringList());
-    EXPECT_TRUE(does(107).join(u' ').startsWith("XAN"));
-    does(100);
-    world.run(1);
-    EXPECT_TRUE(me->own.exiting);
-}
-
 // What would be lost on the way must not look as if it could be sent.
 TEST_F(CommandTable, OfflineAndSwitchesGreyOut) {
     for (const int id : {106, 107, 112, 201, 202, 203, 205, 404, 405, 406, 433}) {

@@ -114,20 +114,6 @@ TEST_F(Program, EndsInOrderAndOnce) {
     EXPECT_FALSE(station.own.online) << "a program that has begun to end cannot be called back";
 }
 
-TEST_F(Program, EndDuringANetworkResetLeavesNothingRunning) {
-    begin();
-    sentCodes();
-    me->tmrExit.setEnabled(true);
-    me->network.RestartNetwork();
-    world.run(20);
-    EXPECT_EQ(me.desktop.calls.last(), "unloadMain");
-    EXPECT_EQ(sentCodes(), QStringList("XD"));
-    EXPECT_FALSE(me->network.tmrNetStart.enabled());
-    EXPECT_FALSE(me->own.online);
-    EXPECT_FALSE(me.link.isActive());
-    EXPECT_NE(record("SHTDWN"), "");
-}
-
 TEST_F(Program, FirstRunAsksBeforeTheMainWindowComes) {
     user("User", "FirstRun", QString());
     user("User", "LOCATION", QString());
