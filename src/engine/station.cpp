@@ -58,7 +58,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       metrics(own, settings, folders, m_clock, history),
       diagnostics({own, m_facts, settings, admin, network, protocol, tones, endpoints, log, m_clock}),
       messageTest(folders, m_clock, compose),
-      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, inbox, updates, tmrExit}),
+      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, groups, snippets, inbox, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
       tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }) {
@@ -78,7 +78,9 @@ void Station::wire() {
     ini.written = [this](const QString& path, bool stored) { saver.note(path, stored); };
     connect(&history, &NotificationHistory::saved, &saver, &cSaver::note);
     connect(&inbox, &Inbox::saved, &saver, &cSaver::note);
+    connect(&snippets, &Snippets::saved, &saver, &cSaver::note);
     connect(&saver, &cSaver::tryAgain, this, [this] { ini.tryAgain(); });
+    connect(&saver, &cSaver::tryAgain, &snippets, &Snippets::tryAgain);
     connect(&saver, &cSaver::notice, this,
             [this](const QString& text) { m_popupDisplay.Set_TrayPopup(kProductName, text); });
     connect(&saver, &cSaver::footer, &footer, &Footer::SetFooter);

@@ -19,7 +19,7 @@ enum Id { kSend = 402, kRing = 404, kCall = 405, kMark = 411, kGone = 499 };
 struct Menu {
     Menu() {
         menu.setEntries(
-            {MenuEntry::heading("Room 3 & <b>Lab</b>"), MenuEntry::textBox(kSend, "Message", 20),
+            {MenuEntry::heading("Room 3 & <b>Lab</b>"), MenuEntry::textBox(kSend, {"Message", 20}),
              MenuEntry::command(kSend), MenuEntry::separator(), MenuEntry::command(kGone),
              MenuEntry::command(kRing), MenuEntry::command(kMark),
              MenuEntry::subMenu("Snippets & more", {MenuEntry::command(kCall, "Call & wait", "Call"),
@@ -79,7 +79,7 @@ TEST(CommandMenu, TypedTextGoesWithWhateverIsChosen) {
     {
         Menu m;
         EXPECT_EQ(QApplication::activePopupWidget(), &m.menu);
-        ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox()) << "one may type at once";
+        ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox(kSend)) << "one may type at once";
         QTest::keyClicks(m.menu.focusWidget(), "come, please, room 3 is free");
         m.key(Qt::Key_Return);
         EXPECT_EQ(m.last(), "402 come, please, room 3");
@@ -115,8 +115,8 @@ TEST(CommandMenu, AnEmptyLineChoosesNothingAndAPrefixDoesNotCount) {
     m.entry("Doorbell")->trigger();
     EXPECT_EQ(m.last().trimmed(), "404") << "an entry sends no text as well";
 
-    m.menu.setEntries({MenuEntry::textBox(kSend, "Message", 5, "g:")});
-    QLineEdit& box = *m.menu.textBox();
+    m.menu.setEntries({MenuEntry::textBox(kSend, {"Message", 5, "g:"})});
+    QLineEdit& box = *m.menu.textBox(kSend);
     QTest::keyClicks(&box, "1234567");
     EXPECT_EQ(box.text(), "12345");
     box.clear();
@@ -142,4 +142,61 @@ TEST(CommandMenu, FollowsTheSetAndLeavesItsChecksAlone) {
     EXPECT_EQ(set.count(), 0) << "a press told twice is done twice";
     m.commands.setVisible(kRing, false);
     EXPECT_FALSE(m.entry("Doorbell")->isVisible());
+}
+
+TEST(CommandMenu, EachLineGoesWithTheEntriesBelowIt) {
+    Menu m;
+    const auto fill = [&m] {
+        m.menu.hide();
+        m.menu.setEntries(
+            {MenuEntry::textBox(
+                 kSend,
+                 {"Message", 20, "g:", [](const QString& text) { return QString(text).replace("<b", "< b"); },
+                  [](const QString& text) { return text.contains("|") ? "cut & gone" : QString(); }}),
+             MenuEntry::command(kSend),
+             MenuEntry::subMenu("Snippets ",
+                                {MenuEntry::phrase("Thank & you"), MenuEntry::phrase(QString(90, 'x'))}),
+             MenuEntry::textBox(kRing, {"Alert", 5}), MenuEntry::command(kRing)});
+        m.menu.popup(QPoint());
+        QApplication::processEvents();
+    };
+    fill();
+    QTest::keyClicks(m.menu.textBox(kSend), "hello");
+    QTest::keyClicks(m.menu.textBox(kRing), "ring");
+    m.entry("Doorbell")->trigger();
+    EXPECT_EQ(m.last(), "404 ring");
+    m.entry("Message")->trigger();
+    EXPECT_EQ(m.last(), "402 hello");
+    m.key(Qt::Key_Tab);
+    m.key(Qt::Key_Down);
+    m.key(Qt::Key_Down);
+    ASSERT_EQ(m.menu.focusWidget(), m.menu.textBox(kRing));
+    m.key(Qt::Key_Return);
+    EXPECT_EQ(m.last(), "404 ring");
+    EXPECT_FALSE(m.menu.isVisible());
+
+    // A phrase is put behind what stands in its line; by key and by mouse the menu stays open.
+    fill();
+    auto* const sub = m.menu.findChild<QMenu*>(QString(), Qt::FindDirectChildrenOnly);
+    ASSERT_NE(sub, nullptr);
+    QTest::keyClicks(m.menu.textBox(kSend), "Yes.");
+    sub->popup(QPoint(300, 0));
+    sub->setActiveAction(sub->actions()[0]);
+    QTest::keyClick(sub, Qt::Key_Return);
+    EXPECT_EQ(m.menu.textBox(kSend)->text(), "Yes. Thank & you");
+    sub->popup(QPoint(300, 0));
+    QTest::mouseClick(sub, Qt::LeftButton, {}, sub->actionGeometry(sub->actions()[1]).center());
+    EXPECT_EQ(m.menu.textBox(kSend)->text(), "Yes. Thank & you xxx") << "the line keeps its length";
+    EXPECT_FALSE(sub->isVisible());
+    EXPECT_TRUE(m.menu.isVisible());
+    EXPECT_EQ(m.menu.focusWidget(), m.menu.textBox(kSend));
+    EXPECT_EQ(m.told.count(), 3);
+
+    EXPECT_EQ(m.entry("cut & gone"), nullptr);
+    m.menu.textBox(kSend)->setText("a|<b");
+    EXPECT_EQ(m.menu.textBox(kSend)->text(), "a|< b");
+    ASSERT_NE(m.entry("cut & gone"), nullptr);
+    EXPECT_TRUE(m.entry("cut & gone")->isVisible());
+    m.menu.textBox(kSend)->setText("a");
+    EXPECT_EQ(m.entry("cut & gone"), nullptr);
 }

@@ -124,10 +124,12 @@ TEST_F(MainWindowDrive, RingsTheDoorbellOfTheChosenRow) {
     CommandMenu* const menu = menuOf("Room 3");
     ASSERT_NE(menu, nullptr);
     EXPECT_EQ(captions(*menu).first(), "Room 3");
-    ASSERT_NE(menu->textBox(), nullptr);
-    EXPECT_EQ(menu->focusWidget(), menu->textBox()) << "one can type at once";
-    QTest::keyClicks(menu->textBox(), "patient is here");
-    QTest::keyClick(menu->textBox(), Qt::Key_Return);
+    QLineEdit* const box = menu->textBox(404);
+    ASSERT_NE(box, nullptr);
+    QTest::keyClick(box, Qt::Key_Return);
+    EXPECT_TRUE(menu->isVisible()) << "an empty line does not ring";
+    QTest::keyClicks(box, "patient is here");
+    QTest::keyClick(box, Qt::Key_Return);
     settle();
     EXPECT_EQ(openMenu(), nullptr);
     world.run(1);
@@ -137,12 +139,60 @@ TEST_F(MainWindowDrive, RingsTheDoorbellOfTheChosenRow) {
     EXPECT_FALSE(world[1].desktop.popups[1]) << "nobody else hears it";
 }
 
+// A message goes out from the row's menu, by Enter or as the long way through the window.
+TEST_F(MainWindowDrive, WritesToTheChosenRowAndToAGroup) {
+    CommandMenu* menu = menuOf("Room 3");
+    ASSERT_NE(menu, nullptr);
+    QLineEdit* const box = menu->textBox(402);
+    EXPECT_EQ(menu->focusWidget(), box) << "one can type at once";
+    box->setText(QStringLiteral("a.\u20AC.b :|: c"));
+    EXPECT_EQ(box->text(), QStringLiteral("a. \u20AC .b :|: c"));
+    EXPECT_FALSE(captions(*menu).contains("Only the text before :|: will arrive"));
+    box->setText(QStringLiteral("g:to the color :|: cut"));
+    EXPECT_TRUE(captions(*menu).contains("Only the text before :|: will arrive"));
+    box->setText(QStringLiteral("your patient is here"));
+    QTest::keyClick(box, Qt::Key_Return);
+    settle();
+    world.run(1);
+    EXPECT_EQ(world[2]->inbox.rptMessages.count(), 1);
+    EXPECT_EQ(world[1]->inbox.rptMessages.count(), 0);
+
+    RecordingWindows& asked = world[0].desktop.windows;
+    menu = menuOf("Room 3");
+    choose(*menu, "Compose");
+    EXPECT_EQ(asked.requests.back().window, WindowId::GroupMessage);
+    EXPECT_EQ(asked.requests.back().page, 5);
+    EXPECT_EQ(asked.requests.back().SID, world[2]->own.SID);
+    menu = menuOf("Room 3");
+    QTest::keyClicks(menu->textBox(402), "hm");
+    choose(*menu, "Message");
+    EXPECT_EQ(asked.requests.back().text, "hm") << "too short to go at once";
+    me().commands.Execute(419, nullptr, kAddSnippet);
+    EXPECT_EQ(asked.requests.back().window, WindowId::Snippit);
+
+    me().groups.SaveGroup(3, "Lab & more", "Room 3:" + world[2]->own.SID);
+    QToolButton* const button = ribbon().button(304);
+    ASSERT_NE(button, nullptr);
+    QMenu* const targets = button->menu() != nullptr ? button->menu() : button->defaultAction()->menu();
+    targets->popup(QPoint());
+    settle();
+    EXPECT_EQ(captions(*targets),
+              QStringList({"Send a Message to", "Everyone", "Favorites", "Select Recipients", "My Groups",
+                           "Lab & more", "Create Group"}));
+    choose(*targets, "Lab & more");
+    EXPECT_EQ(asked.requests.back().page, 463);
+    for (const auto& [command, mode] : {std::pair(451, 0), std::pair(452, 2), std::pair(453, 1)}) {
+        me().commands.Execute(command);
+        EXPECT_EQ(asked.requests.back().page, mode);
+    }
+}
+
 // The list moves under an open menu: what is chosen is still for the row it was opened on.
 TEST_F(MainWindowDrive, AnotherAlertByTheMouseGoesToTheRowOfTheMenu) {
     CommandMenu* const menu = menuOf("Room 3");
     ASSERT_NE(menu, nullptr);
     home().selectRecord(me().views.rptEndpoints.at(me().views.Active_FindSID(world[1]->own.SID)));
-    QTest::keyClicks(menu->textBox(), "line 2");
+    QTest::keyClicks(menu->textBox(404), "line 2");
     choose(*menu, "Phone Call");
     world.run(1);
     ASSERT_TRUE(world[2].desktop.popups[1]);

@@ -24,7 +24,7 @@ void Snippets::LoadSnippets() {
 }
 
 bool Snippets::AddSnippit(const QString& text) {
-    if (text.isEmpty()) {
+    if (text.trimmed().isEmpty()) {
         return false;
     }
     m_list.prepend(text.left(kLongestSnippet));
@@ -53,8 +53,17 @@ int Snippets::move(int row, int step) {
     return to;
 }
 
-bool Snippets::SaveSnippit() const {
-    return replaceFile(m_folders.dataFile(kSnippetFile), writeQuotedRecords(m_list));
+bool Snippets::SaveSnippit() {
+    const QString path = m_folders.dataFile(kSnippetFile);
+    m_unsaved = !replaceFile(path, writeQuotedRecords(m_list));
+    emit saved(path, !m_unsaved);
+    return !m_unsaved;
+}
+
+void Snippets::tryAgain() {
+    if (m_unsaved) {
+        SaveSnippit();
+    }
 }
 
 } // namespace tessel

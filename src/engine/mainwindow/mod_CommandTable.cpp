@@ -1,6 +1,7 @@
 #include "engine/mainwindow/mod_CommandTable.h"
 
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Groups.h"
 #include "engine/alerts/mod_Inbox.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Settings.h"
@@ -139,6 +140,56 @@ void quickAlert(T t, C call) {
                             {GetSID(*call.row), GetColorTag(*call.row), GetLocationName(*call.row)},
                             call.text.trimmed());
 }
+
+// Messages. Of a row: what is too short to be sent at once is gone on with in the window.
+void compose(T t, int mode, const QString& SID = {}, const QString& text = {}) {
+    t.windows.show({.window = WindowId::GroupMessage, .SID = SID, .page = mode, .text = text});
+}
+void composeFor(T t, const ReportRecord& row, const QString& text) {
+    constexpr int kRowMode = 5;
+    compose(t, kRowMode, GetSID(row), text);
+}
+void quickMessage(T t, C call) {
+    constexpr int kShortestQuickMessage = 3;
+    const QString text = call.text.trimmed();
+    if (text.size() < kShortestQuickMessage) {
+        composeFor(t, *call.row, text);
+    } else {
+        quickAlert(t, call);
+    }
+}
+void rowSnippets(T t, C call) {
+    if (call.text == kAddSnippet) {
+        t.windows.show({WindowId::Snippit});
+    } else if (call.row != nullptr) {
+        composeFor(t, *call.row, {});
+    }
+}
+
+// The groups, by the command of each.
+int groupSlot(C call) {
+    return behind(call, Command::FirstGroup);
+}
+void composeToGroup(T t, C call) {
+    compose(t, static_cast<int>(call.command));
+}
+QString groupCaption(T t, C call) {
+    return shown(t.groups.caption(groupSlot(call)));
+}
+QString groupTip(T t, C call) {
+    return t.groups.at(groupSlot(call)).used ? QString() : t.groups.tip(groupSlot(call));
+}
+constexpr CommandRow groupRow(int slot) {
+    return {.command = Command{static_cast<int>(Command::FirstGroup) + slot},
+            .caption = "",
+            .tip = "Write to this group",
+            .touches = Touches::Groups,
+            .sends = true,
+            .act = composeToGroup,
+            .captionNow = groupCaption,
+            .tipNow = groupTip};
+}
+
 void clearRowStatus(T t, C call) {
     const QString SID = GetSID(*call.row);
     if (SID == t.own.SID) {
@@ -269,7 +320,7 @@ constexpr std::array kCommands{
                .tip = "Write to locations, favorites, a group or everyone",
                .keys = "Ctrl+N",
                .sends = true,
-               .act = [](T t, C) { t.windows.show({.window = WindowId::GroupMessage, .page = 1}); }},
+               .act = [](T t, C) { compose(t, 1); }},
     CommandRow{.command = Command::RingDoorbell,
                .caption = "Ring Doorbell",
                .tip = kDoorBellTip,
@@ -386,6 +437,10 @@ constexpr std::array kCommands{
                .caption = "Set Location Note",
                .tip = "Write what all locations read below this one",
                .act = showActiveNote},
+    CommandRow{.command = Command::MessageMenu,
+               .caption = "New Message",
+               .tip = "Choose whom to write to: everyone, favorites, a group",
+               .sends = true},
     CommandRow{.command = Command::Home,
                .caption = kViews[0].caption,
                .tip = kViews[0].tip,
@@ -414,6 +469,13 @@ constexpr std::array kCommands{
                .act = setView,
                .checked = isView,
                .captionNow = SetTabCaption},
+    CommandRow{.command = Command::RowMessage,
+               .caption = "Message",
+               .tip = "Send this location the message",
+               .touches = Touches::Row,
+               .sends = true,
+               .act = quickMessage,
+               .enabled = hasRow},
     CommandRow{.command = Command::RowDoorBell,
                .caption = "DoorBell",
                .tip = "Ring the doorbell of this location",
@@ -482,6 +544,10 @@ constexpr std::array kCommands{
                .touches = Touches::Row | Touches::Online,
                .act = [](T t, C c) { t.actions.LaunchActionsWindow(*c.row, ActionsPage::Status); },
                .enabled = rowCanBeAsked},
+    CommandRow{.command = Command::RowSnippets,
+               .caption = "Compose",
+               .tip = "Write this location a longer message",
+               .act = rowSnippets},
     CommandRow{.command = Command::OwnClearStatus,
                .caption = "Clear Status",
                .tip = "Turn your status off",
@@ -521,6 +587,33 @@ constexpr std::array kCommands{
                .caption = "Set Status",
                .tip = kStatusTip,
                .window = WindowId::SetStatus},
+    CommandRow{.command = Command::SendTo, .caption = "Send a Message to ", .enabled = heading},
+    CommandRow{.command = Command::ToEveryone,
+               .caption = "Everyone",
+               .tip = "Write to all locations",
+               .sends = true,
+               .act = [](T t, C) { compose(t, 0); }},
+    CommandRow{.command = Command::ToFavorites,
+               .caption = "Favorites",
+               .tip = "Write to some of your favorites",
+               .sends = true,
+               .act = [](T t, C) { compose(t, 2); }},
+    CommandRow{.command = Command::ToRecipients,
+               .caption = "Select Recipients",
+               .tip = "Write to locations of your choice",
+               .sends = true,
+               .act = [](T t, C) { compose(t, 1); }},
+    groupRow(0),
+    groupRow(1),
+    groupRow(2),
+    groupRow(3),
+    groupRow(4),
+    groupRow(5),
+    groupRow(6),
+    groupRow(7),
+    groupRow(8),
+    groupRow(9),
+    CommandRow{.command = Command::MyGroups, .caption = "My Groups", .enabled = heading},
     CommandRow{.command = Command::OpenMessage,
                .caption = "Open Message",
                .tip = "Read the whole message, and answer it",

@@ -13,6 +13,7 @@ namespace tessel {
 
 class AlertEngine;
 class Favorites;
+class Groups;
 class Inbox;
 class LocalStatus;
 class LocationActions;
@@ -21,6 +22,7 @@ class OwnPresence;
 class ReportRecord;
 class Settings;
 class Shell;
+class Snippets;
 class Timer;
 class Updates;
 struct OwnState;
@@ -131,6 +133,7 @@ enum : unsigned {
     Offers = 4096, // what the user wants to be offered
     FavoriteSlots = 8192,
     Messages = 16384, // which one is in front, and how many there are
+    Groups = 32768,
     All = ~0U
 };
 } // namespace Touches
@@ -147,6 +150,8 @@ struct CommandTargets {
     AlertEngine& alerts;
     LocationActions& actions;
     const Favorites& favorites;
+    const Groups& groups;
+    const Snippets& snippets;
     Inbox& inbox;
     Updates& updates;
     Timer& tmrExit;
@@ -158,6 +163,9 @@ struct CommandCall {
     const ReportRecord* row = nullptr; // of a location that it starts from; nullptr: none
     QString text{};                    // of the quick menu's text box
 };
+
+// What `Command::RowSnippets` is told when snippets are to be written; anything else composes a message.
+inline const QString kAddSnippet = QStringLiteral("Add Snippet");
 
 // Functions that are missing: enabled always, no check, caption, tip and picture as they stand.
 struct CommandRow {

@@ -1,5 +1,7 @@
 #include "engine/mainwindow/mod_Commands.h"
 
+#include "engine/alerts/mod_Groups.h"
+#include "engine/alerts/mod_Snippets.h"
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/network/mod_Network_MC.h"
@@ -70,6 +72,27 @@ bool Commands::isOwn(const ReportRecord& row) const {
 
 const QString& Commands::quickAlertPrefix() const {
     return m_targets.settings.QuickMenu_AlertGroupCommand();
+}
+
+const QStringList& Commands::snippets() const {
+    return m_targets.snippets.list();
+}
+
+std::vector<int> Commands::groups() const {
+    std::vector<int> numbers;
+    int free = -1;
+    for (int slot = 0; slot < Groups::kGroupCount; ++slot) {
+        const int number = static_cast<int>(Command::FirstGroup) + slot;
+        if (m_targets.groups.at(slot).used) {
+            numbers.push_back(number);
+        } else if (free < 0) {
+            free = number;
+        }
+    }
+    if (free >= 0) {
+        numbers.push_back(free);
+    }
+    return numbers;
 }
 
 QString Commands::quickMenuHeading(const ReportRecord& row) const {

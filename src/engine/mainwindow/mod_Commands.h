@@ -27,6 +27,10 @@ public:
     bool isOwn(const ReportRecord& row) const;
     // What makes a quick alert's text one for a colour tag.
     const QString& quickAlertPrefix() const;
+    // The snippets that it offers for a message.
+    const QStringList& snippets() const;
+    // Commands of the groups that can be written to, and of the first free slot, if there is one.
+    std::vector<int> groups() const;
     // Heading of a row's quick menu.
     QString quickMenuHeading(const ReportRecord& row) const;
 

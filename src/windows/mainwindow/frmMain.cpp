@@ -69,7 +69,7 @@ void frmMain::createCommands() {
     m_commands = new CommandSet(LoadCommands(m_station.commands), this);
     m_commands->setIconProvider([this](int number) { return m_images.image(number, palette()); });
     connect(m_commands, &CommandSet::triggered, this, &frmMain::execute);
-    createSortMenu();
+    createMenus();
 }
 
 void frmMain::createBars() {
@@ -172,6 +172,7 @@ void frmMain::connectStation() {
     refreshOn(m_station.presence, &OwnPresence::changed, Touches::Room);
     refreshOn(m_station.network, &NetworkMC::canSendChanged, Touches::Online);
     refreshOn(m_station.favorites, &Favorites::changed, Touches::FavoriteSlots);
+    refreshOn(m_station.groups, &Groups::changed, Touches::Groups);
     refreshOn(*m_views, &Views::currentRowChanged, Touches::Row);
     refreshOn(m_station.inbox, &Inbox::focusChanged, Touches::Messages);
     refreshOn(m_station.inbox, &Inbox::ensureVisibleChanged, Touches::Messages);
@@ -275,12 +276,16 @@ void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos
     menu->popup(globalPos);
 }
 
-void frmMain::createSortMenu() {
-    auto* const menu = new CommandMenu(*m_commands, this);
-    // Its pictures are drawn when it is first looked at.
-    connect(menu, &QMenu::aboutToShow, menu, [menu] { menu->setEntries(CreateSortMenu()); });
-    connect(menu, &CommandMenu::triggered, this, &frmMain::execute);
-    m_commands->setMenu(static_cast<int>(Command::SortOptions), menu);
+// Menus of buttons. Their pictures are drawn when they are first looked at.
+void frmMain::createMenus() {
+    const auto add = [this](Command command, std::function<std::vector<MenuEntry>()> entries) {
+        auto* const menu = new CommandMenu(*m_commands, this);
+        connect(menu, &QMenu::aboutToShow, menu, [menu, entries] { menu->setEntries(entries()); });
+        connect(menu, &CommandMenu::triggered, this, &frmMain::execute);
+        m_commands->setMenu(static_cast<int>(command), menu);
+    };
+    add(Command::SortOptions, CreateSortMenu);
+    add(Command::MessageMenu, [this] { return CreateMessageMiniBar(m_station.commands.groups()); });
 }
 
 void frmMain::showFooter() {

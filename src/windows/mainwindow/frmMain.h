@@ -55,7 +55,7 @@ protected:
 
 private:
     void createCommands();
-    void createSortMenu();
+    void createMenus();
     void createBars();
     void createSearch();
     void createShortcuts();

@@ -3,6 +3,7 @@
 #include "controls/bars/CommandBars.h"
 #include "controls/look/Images.h"
 #include "engine/alerts/mod_AlertEngine.h"
+#include "engine/alerts/mod_Compose.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/mainwindow/mod_Commands.h"
 #include "engine/presence/mod_LocationViews.h"
@@ -139,13 +140,36 @@ std::vector<MenuEntry> CreateMiniToolBar_VirtualLocation(const QString& heading)
     return menu;
 }
 
-std::vector<MenuEntry> CreateMiniToolBar(const QString& heading, const QString& alertPrefix) {
-    std::vector<MenuEntry> menu{MenuEntry::heading(heading),
-                                MenuEntry::textBox(static_cast<int>(Command::RowDoorBell),
-                                                   QStringLiteral("Text of an alert"),
-                                                   AlertEngine::kLongestQuickAlert, alertPrefix)};
-    add(menu, {Command::RowMessage});
+std::vector<MenuEntry> CreateMiniToolBar(const QString& heading, const QString& alertPrefix,
+                                         const QStringList& snippets) {
+    std::vector<MenuEntry> phrases;
+    for (const QString& snippet : snippets) {
+        phrases.push_back(MenuEntry::phrase(snippet));
+    }
+    if (!phrases.empty()) {
+        phrases.push_back(MenuEntry::separator());
+    }
+    constexpr int kSnippets = static_cast<int>(Command::RowSnippets);
+    phrases.push_back(MenuEntry::command(kSnippets, kAddSnippet, kAddSnippet));
+
+    // A message to a color travels in a list of its own, which ends at the mark.
+    const auto warn = [alertPrefix](const QString& text) {
+        const bool toColor = !alertPrefix.isEmpty() && text.startsWith(alertPrefix, Qt::CaseInsensitive);
+        return toColor && text.contains(ListMark) ? QStringLiteral("Only the text before :|: will arrive")
+                                                  : QString();
+    };
+    std::vector<MenuEntry> menu{
+        MenuEntry::heading(heading),
+        MenuEntry::textBox(
+            static_cast<int>(Command::RowMessage),
+            {QStringLiteral("Message"), AlertEngine::kLongestQuickMessage, alertPrefix, FitMessage, warn})};
+    add(menu, {Command::RowMessage, Command::RowSnippets});
+    menu.push_back(MenuEntry::subMenu(QStringLiteral("Snippets "), std::move(phrases),
+                                      static_cast<int>(Image::Snippets)));
     menu.push_back(MenuEntry::heading(QStringLiteral("     Alerts")));
+    menu.push_back(MenuEntry::textBox(
+        static_cast<int>(Command::RowDoorBell),
+        {QStringLiteral("Text of an alert"), AlertEngine::kLongestQuickAlert, alertPrefix}));
     add(menu,
         {Command::RowDoorBell, Command::RowPhoneCall, Command::RowUrgent, kLine, Command::RowClearStatus,
          Command::RowSetStatus, Command::RowClearTag, Command::RowNotOccupied, Command::RowNote, kLine,
@@ -155,9 +179,20 @@ std::vector<MenuEntry> CreateMiniToolBar(const QString& heading, const QString& 
 
 std::vector<MenuEntry> rowMenu(const Commands& commands, const ReportRecord& row) {
     const QString heading = commands.quickMenuHeading(row);
-    return commands.isOwn(row)      ? CreateRightClickMenu_Local(heading)
-           : IsVirtualLocation(row) ? CreateMiniToolBar_VirtualLocation(heading)
-                                    : CreateMiniToolBar(heading, commands.quickAlertPrefix());
+    return commands.isOwn(row) ? CreateRightClickMenu_Local(heading)
+           : IsVirtualLocation(row)
+               ? CreateMiniToolBar_VirtualLocation(heading)
+               : CreateMiniToolBar(heading, commands.quickAlertPrefix(), commands.snippets());
+}
+
+std::vector<MenuEntry> CreateMessageMiniBar(const std::vector<int>& groups) {
+    std::vector<MenuEntry> menu{headingOf(Command::SendTo)};
+    add(menu, {Command::ToEveryone, Command::ToFavorites, Command::ToRecipients, kLine});
+    menu.push_back(headingOf(Command::MyGroups));
+    for (const int group : groups) {
+        menu.push_back(MenuEntry::command(group));
+    }
+    return menu;
 }
 
 std::vector<MenuEntry> CreateSortMenu() {

@@ -36,8 +36,11 @@ std::vector<MenuEntry> InitInboxMenuRC();
 // The menu of a row, by the kind of its location: the own one, a virtual one, any other.
 std::vector<MenuEntry> CreateRightClickMenu_Local(const QString& heading);
 std::vector<MenuEntry> CreateMiniToolBar_VirtualLocation(const QString& heading);
-std::vector<MenuEntry> CreateMiniToolBar(const QString& heading, const QString& alertPrefix);
+std::vector<MenuEntry> CreateMiniToolBar(const QString& heading, const QString& alertPrefix,
+                                         const QStringList& snippets);
 std::vector<MenuEntry> rowMenu(const Commands& commands, const ReportRecord& row);
+// Whom a message goes to. `groups`: commands of those that are offered.
+std::vector<MenuEntry> CreateMessageMiniBar(const std::vector<int>& groups);
 std::vector<MenuEntry> CreateSortMenu();
 
 } // namespace tessel
