@@ -67,10 +67,7 @@ constexpr std::array kWindows{
                   return new frmNotifications(p.station.settings, p.station.history);
               }},
     WindowRow{WindowId::GlobalDoorBell, "frmGlobalDoorBell", Life::Dialog,
-              [](const WindowParts& p) -> QWidget* {
-                  return new frmGlobalDoorBell(p.station.own, p.station.snippets, p.station.network,
-                                               p.station.alerts, p.owner);
-              }},
+              [](const WindowParts& p) -> QWidget* { return new frmGlobalDoorBell(p.station, p.owner); }},
     WindowRow{WindowId::RecentOptions, "frmRecentOptions", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {
                   return new frmRecentOptions(p.station.settings, p.station.history, p.owner);

@@ -13,7 +13,7 @@ TEST(frmGlobalDoorBell, SaysThatTheStationIsOfflineAndKeepsTheText) {
     World world(1);
     world.settle();
     Station& station = *world[0].station;
-    frmGlobalDoorBell form(station.own, station.snippets, station.network, station.alerts);
+    frmGlobalDoorBell form(station);
     auto* const everyone = form.findChild<QPushButton*>(QStringLiteral("cmdGroup0"));
     auto* const word = form.findChild<QWidget*>(QStringLiteral("lblOffline"));
     auto* const text = form.findChild<QLineEdit*>();

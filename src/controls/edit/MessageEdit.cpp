@@ -1,10 +1,20 @@
 #include "controls/edit/MessageEdit.h"
 
+#include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QMimeData>
-#include <QScopedValueRollback>
+
+#include <algorithm>
 
 namespace tessel {
+
+namespace {
+
+qsizetype sizeOf(QStringView text) {
+    return text.size() + text.count(u'\n');
+}
+
+} // namespace
 
 MessageEdit::MessageEdit(QWidget* parent) : QPlainTextEdit(parent) {
     setTabChangesFocus(true);
@@ -21,21 +31,49 @@ void MessageEdit::append(const QString& text) {
     moveCursor(QTextCursor::End);
 }
 
+int MessageEdit::room() const {
+    return m_maximum - static_cast<int>(sizeOf(toPlainText()));
+}
+
 void MessageEdit::keepWithin() {
     const QSignalBlocker quiet(this);
     const QString text = toPlainText();
     QString kept = m_mend ? m_mend(text) : text;
-    while (kept.size() + kept.count(u'\n') > m_maximum) {
-        kept.chop(1 + static_cast<int>((kept.size() + kept.count(u'\n') - m_maximum) / 2));
+    const qsizetype behind = text.size() - textCursor().position();
+    qsizetype caret = std::max<qsizetype>(0, kept.size() - behind);
+    qsizetype excess = sizeOf(kept) - m_maximum;
+    // What was put in ends at the caret.
+    for (; excess > 0 && caret > 0; --caret) {
+        excess -= kept.at(caret - 1) == u'\n' ? 2 : 1;
+        kept.remove(caret - 1, 1);
+    }
+    for (; excess > 0; kept.chop(1)) {
+        excess -= kept.back() == u'\n' ? 2 : 1;
     }
     if (kept != text) {
         QTextCursor cursor = textCursor();
-        const qsizetype behind = text.size() - cursor.position();
         cursor.select(QTextCursor::Document);
         cursor.insertText(kept);
-        cursor.setPosition(static_cast<int>(std::max<qsizetype>(0, kept.size() - behind)));
+        cursor.setPosition(static_cast<int>(caret));
         setTextCursor(cursor);
     }
+}
+
+bool MessageEdit::allowed(QChar character) const {
+    return m_allowed.isEmpty() || m_allowed.contains(character.toCaseFolded());
+}
+
+void MessageEdit::inputMethodEvent(QInputMethodEvent* event) {
+    QString typed = event->commitString();
+    typed.removeIf([this](QChar character) { return !allowed(character); });
+    if (typed == event->commitString()) {
+        QPlainTextEdit::inputMethodEvent(event);
+        return;
+    }
+    QInputMethodEvent kept(event->preeditString(), event->attributes());
+    kept.setCommitString(typed, event->replacementStart(), event->replacementLength());
+    QPlainTextEdit::inputMethodEvent(&kept);
+    event->accept();
 }
 
 // Rich text has nothing to look for in a message.
@@ -51,7 +89,7 @@ void MessageEdit::keyPressEvent(QKeyEvent* event) {
     case Qt::Key_Return:
     case Qt::Key_Enter:
         event->accept();
-        if (control || m_sendOnEnter) {
+        if (control || (m_sendOnEnter && (event->modifiers() & Qt::ShiftModifier) == 0)) {
             if (!event->isAutoRepeat()) {
                 emit sendPressed();
             }
@@ -67,7 +105,7 @@ void MessageEdit::keyPressEvent(QKeyEvent* event) {
     }
     const QString typed = event->text();
     const bool printed = !typed.isEmpty() && typed.at(0).isPrint() && !control;
-    if (printed && !m_allowed.isEmpty() && !m_allowed.contains(typed.at(0).toCaseFolded())) {
+    if (printed && !allowed(typed.at(0))) {
         event->accept();
         return;
     }

@@ -12,11 +12,15 @@ class MessageEdit : public QPlainTextEdit {
 public:
     explicit MessageEdit(QWidget* parent = nullptr);
 
-    // Upper and lower case of each; what else is typed is dropped. Pasted text comes past this.
+    // Upper and lower case of each; what else is typed, also by an input method, is dropped. Pasted text
+    // comes past this.
     void setAllowedCharacters(const QString& characters) { m_allowed = characters.toCaseFolded(); }
-    // Characters of the text, a line end counting as two.
+    // Characters of the text, a line end counting as two. What is put in beyond is cut, not what stood
+    // there.
     void setMaximumLength(int characters) { m_maximum = characters; }
-    // Ctrl+Enter sends in any case.
+    // How many characters there is room for.
+    int room() const;
+    // Ctrl+Enter sends in any case, and Shift+Enter begins a new line.
     void setSendOnEnter(bool on) { m_sendOnEnter = on; }
     // Mends what was put in, so that the box shows what will be sent.
     void setMend(std::function<QString(const QString&)> mend) { m_mend = std::move(mend); }
@@ -32,9 +36,11 @@ signals:
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
+    void inputMethodEvent(QInputMethodEvent* event) override;
     void insertFromMimeData(const QMimeData* source) override;
 
 private:
+    bool allowed(QChar character) const;
     void keepWithin();
 
     QString m_allowed; // folded

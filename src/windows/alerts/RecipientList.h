@@ -9,11 +9,21 @@ namespace tessel {
 
 class ReportRecords;
 
-void addRecipient(QListWidget& list, const Recipient& recipient);
+// Where the rows of a table of locations hold what a list shows.
+struct RecipientColumns {
+    int name;
+    int SID;
+    int tag;
+};
+
+enum class RecipientOrder { ByColor, ByName };
+
+// `tag`: the colour tag in front of the name; 0 for no such mark.
+void addRecipient(QListWidget& list, const Recipient& recipient, int tag = 0);
 Recipient recipientAt(const QListWidget& list, int row);
 
-// The rows of a table of locations in their order, without the one with `leaveOut` for a SID. `name`
-// and `SID`: indexes of the rows' items.
-void fillRecipients(QListWidget& list, const ReportRecords& rows, int name, int SID, const QString& leaveOut);
+// Fills the list with the locations of a table, without the one with `leaveOut` for a SID.
+void fillRecipients(QListWidget& list, const ReportRecords& rows, const RecipientColumns& columns,
+                    RecipientOrder order, const QString& leaveOut);
 
 } // namespace tessel

@@ -1,11 +1,9 @@
 #include "windows/alerts/frmGlobalDoorBell.h"
 
 #include "controls/edit/KeyFilterEdit.h"
-#include "engine/alerts/mod_AlertEngine.h"
-#include "engine/alerts/mod_Snippets.h"
-#include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
-#include "engine/network/mod_Network_MC.h"
+#include "engine/station.h"
+#include "windows/alerts/GroupButtons.h"
 
 #include <QComboBox>
 #include <QKeyEvent>
@@ -17,32 +15,29 @@ namespace tessel {
 
 namespace {
 constexpr int kGrid = 8;
-constexpr int kLeastWidth = 340;
+constexpr int kLeastLetters = 40; // that the window has room for
 } // namespace
 
-frmGlobalDoorBell::frmGlobalDoorBell(const OwnState& own, const Snippets& snippets, const NetworkMC& network,
-                                     AlertEngine& alerts, QWidget* parent)
-    : QDialog(parent), m_own(own), m_snippets(snippets), m_alerts(alerts), m_snippet(new QComboBox(this)),
-      m_text(new KeyFilterEdit(this)), m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)) {
+frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
+    : QDialog(parent), m_station(station), m_snippet(new QComboBox(this)), m_text(new KeyFilterEdit(this)),
+      m_offline(new QLabel(tr("Offline: nothing can be sent now"), this)),
+      m_everyone(new QPushButton(tr("Alert Everyone"), this)),
+      m_groups(new GroupButtons(station, true, this)) {
     setWindowTitle(tr("DoorBell Alert"));
-    setMinimumWidth(kLeastWidth);
     m_snippet->setObjectName(QStringLiteral("cmbSnippet"));
     m_snippet->setAccessibleName(tr("Text of the doorbell"));
     m_snippet->setEditable(true);
     m_snippet->setInsertPolicy(QComboBox::NoInsert);
     m_snippet->setLineEdit(m_text);
     m_snippet->setCompleter(nullptr);
+    m_snippet->setMinimumWidth(fontMetrics().averageCharWidth() * kLeastLetters);
+    m_text->setObjectName(QStringLiteral("fltText"));
     m_text->setAllowedCharacters(kTypedCharacters);
     m_text->setMaximumLength(AlertEngine::kLongestDoorBell);
     m_text->setPlaceholderText(tr("Optional text"));
-    LoadSnippetDB();
-
-    auto* const everyone = new QPushButton(tr("Alert Everyone"), this);
-    everyone->setObjectName(QStringLiteral("cmdGroup0"));
-    everyone->setToolTip(tr("(F1) Ring the doorbell at all locations"));
-    everyone->setDefault(true);
-    m_groups.push_back(everyone);
-
+    m_everyone->setObjectName(QStringLiteral("cmdGroup0"));
+    m_everyone->setToolTip(tr("Ring the doorbell at all locations (Enter)"));
+    m_everyone->setDefault(true);
     m_offline->setObjectName(QStringLiteral("lblOffline"));
     m_offline->setTextFormat(Qt::PlainText);
     m_offline->setWordWrap(true);
@@ -56,48 +51,74 @@ frmGlobalDoorBell::frmGlobalDoorBell(const OwnState& own, const Snippets& snippe
     layout->addWidget(m_snippet);
     layout->addWidget(m_offline);
     layout->addSpacing(kGrid);
-    layout->addWidget(everyone);
+    layout->addWidget(m_everyone);
+    auto* const groups = new QVBoxLayout;
+    groups->setSpacing(kGrid / 2);
+    for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
+        groups->addWidget(m_groups->button(slot));
+    }
+    layout->addLayout(groups);
     layout->addStretch(1);
 
-    connect(everyone, &QPushButton::clicked, this, &frmGlobalDoorBell::SendDoorBell);
+    connect(m_everyone, &QPushButton::clicked, this, &frmGlobalDoorBell::SendDoorBell);
+    connect(m_groups, &GroupButtons::chosen, this, &frmGlobalDoorBell::SendDoorBell_Group);
+    connect(m_groups, &GroupButtons::loaded, this, &frmGlobalDoorBell::LoadGroups);
     connect(m_text, &KeyFilterEdit::enterPressed, this, &frmGlobalDoorBell::SendDoorBell);
     connect(m_text, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
-    connect(&network, &NetworkMC::canSendChanged, this, &frmGlobalDoorBell::showCanSend);
-    showCanSend();
+    connect(&m_station.network, &NetworkMC::canSendChanged, this, &frmGlobalDoorBell::LoadGroups);
+    connect(&m_station.snippets, &Snippets::changed, this, &frmGlobalDoorBell::LoadSnippetDB);
+    LoadSnippetDB();
+    LoadGroups();
     m_snippet->setFocus();
 }
 
-void frmGlobalDoorBell::showCanSend() {
-    const bool canSend = m_own.canSend();
-    m_offline->setVisible(!canSend);
-    for (QPushButton* const group : m_groups) {
-        group->setEnabled(canSend);
-    }
+void frmGlobalDoorBell::LoadSnippetDB() {
+    const QString typed = m_text->text();
+    m_snippet->clear();
+    m_snippet->addItems(m_station.snippets.list());
+    m_snippet->setCurrentIndex(-1);
+    m_text->setText(typed);
 }
 
-void frmGlobalDoorBell::LoadSnippetDB() {
-    m_snippet->addItems(m_snippets.list());
-    m_snippet->setCurrentIndex(-1);
+// Groups can be made while nothing can be sent.
+void frmGlobalDoorBell::LoadGroups() {
+    const bool canSend = m_station.own.canSend();
+    m_offline->setVisible(!canSend);
+    m_everyone->setEnabled(canSend);
+    for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
+        m_groups->button(slot)->setEnabled(canSend || !m_station.groups.at(slot).used);
+    }
 }
 
 void frmGlobalDoorBell::keyPressEvent(QKeyEvent* event) {
-    const int number = event->key() - Qt::Key_F1;
-    if (number >= 0 && number < static_cast<int>(m_groups.size())) {
-        // Held, it rings once.
-        if (!event->isAutoRepeat()) {
-            m_groups[static_cast<std::size_t>(number)]->click();
-        }
-        return;
+    if (!ProcessKeys(*event)) {
+        QDialog::keyPressEvent(event);
     }
-    QDialog::keyPressEvent(event);
 }
 
-void frmGlobalDoorBell::SendDoorBell() {
-    if (result() == Accepted) {
-        return; // rung already: a second press or click that was on its way
+bool frmGlobalDoorBell::ProcessKeys(const QKeyEvent& event) {
+    const int slot = event.key() - Qt::Key_F1;
+    if (slot < 0 || slot >= GroupButtons::kCount) {
+        return false;
     }
-    // What was not sent stays in the box, to be sent when the network is back.
-    if (m_alerts.SendDoorBell(m_text->text())) {
+    // Held, it rings once.
+    if (!event.isAutoRepeat()) {
+        m_groups->button(slot)->click();
+    }
+    return true;
+}
+
+// A window that has rung does not ring for a second press or click that was on its way. What was not
+// sent stays in the box, to be sent when the network is back.
+void frmGlobalDoorBell::SendDoorBell() {
+    if (result() != Accepted && m_station.alerts.SendDoorBell(m_text->text())) {
+        accept();
+    }
+}
+
+void frmGlobalDoorBell::SendDoorBell_Group(int slot) {
+    const QString& members = m_station.groups.at(slot).members;
+    if (result() != Accepted && m_station.alerts.SendDoorBell_Group(members, m_text->text())) {
         accept();
     }
 }

@@ -3,41 +3,38 @@
 
 #include <QDialog>
 
-#include <vector>
-
 class QComboBox;
 class QLabel;
 class QPushButton;
 
 namespace tessel {
 
-class AlertEngine;
+class GroupButtons;
 class KeyFilterEdit;
-class NetworkMC;
-class Snippets;
-struct OwnState;
+class Station;
 
 class frmGlobalDoorBell : public QDialog {
     Q_OBJECT
 public:
-    frmGlobalDoorBell(const OwnState& own, const Snippets& snippets, const NetworkMC& network,
-                      AlertEngine& alerts, QWidget* parent = nullptr);
+    explicit frmGlobalDoorBell(Station& station, QWidget* parent = nullptr);
 
 protected:
     void keyPressEvent(QKeyEvent* event) override;
 
 private:
     void LoadSnippetDB();
+    void LoadGroups();
+    // F1 to F10 press the buttons of the groups. False for any other key.
+    bool ProcessKeys(const QKeyEvent& event);
     void SendDoorBell();
-    void showCanSend();
+    void SendDoorBell_Group(int slot);
 
-    const OwnState& m_own;
-    const Snippets& m_snippets;
-    AlertEngine& m_alerts;
+    Station& m_station;
     QComboBox* m_snippet; // cmbSnippet
     KeyFilterEdit* m_text;
     QLabel* m_offline;
-    std::vector<QPushButton*> m_groups; // cmdGroup; 0 is everyone
+    QPushButton* m_everyone; // cmdGroup 0
+    GroupButtons* m_groups;
 };
 
 } // namespace tessel

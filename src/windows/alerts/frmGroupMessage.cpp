@@ -1,18 +1,22 @@
 #include "windows/alerts/frmGroupMessage.h"
 
 #include "controls/edit/MessageEdit.h"
+#include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportText.h"
+#include "controls/look/ElidedLabel.h"
 #include "engine/station.h"
-#include "windows/alerts/RecipientList.h"
-#include "windows/alerts/frmGroups.h"
+#include "windows/alerts/GroupButtons.h"
+#include "windows/alerts/MessageFields.h"
+#include "windows/alerts/RecipientPicker.h"
 #include "windows/alerts/frmOffline.h"
 
-#include <QComboBox>
 #include <QGridLayout>
 #include <QHBoxLayout>
+#include <QKeyEvent>
 #include <QLabel>
-#include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QShortcut>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -22,159 +26,161 @@ namespace {
 constexpr int kGrid = 8;
 constexpr QSize kFirstSize(520, 560);
 constexpr int kAllTab = 101;
+constexpr int kFavoritesTab = 102;
 constexpr int kGroupsTab = 103;
 constexpr int kBlinkMs = 500;
+// Who is online changes all the time; the window looks when a second has gone by.
+constexpr int kChangesMs = 1000;
+
+constexpr RecipientColumns kViewColumns{static_cast<int>(LocationItem::Active),
+                                        static_cast<int>(LocationItem::SID),
+                                        static_cast<int>(LocationItem::ST)};
 } // namespace
 
 frmGroupMessage::frmGroupMessage(Station& station, QWidget* parent)
-    : QDialog(parent), m_station(station), m_tabs(new QTabWidget(this)), m_search(new QLineEdit(this)),
-      m_users(new QListWidget(this)), m_favorites(new QListWidget(this)), m_clearUsers(new QPushButton(this)),
-      m_clearFavorites(new QPushButton(this)), m_text(new MessageEdit(this)), m_snippets(new QComboBox(this)),
-      m_alert(new QPushButton(this)), m_send(new QPushButton(tr("&Send"), this)), m_note(new QLabel(this)) {
+    : QDialog(parent), m_station(station), m_search(new PromptEdit(QStringLiteral("Search"), this)),
+      m_tabs(new QTabWidget(this)),
+      m_users(new RecipientPicker("lstUsers", "cmdClearList", tr("No other location is online"), this)),
+      m_favorites(new RecipientPicker("lstFavorites", "cmdClearFavorites",
+                                      QStringLiteral("No favorites have been selected"), this)),
+      m_everyone(new QPushButton(QStringLiteral(" Everyone"), this)),
+      m_groups(new GroupButtons(station, false, this)), m_to(new ElidedLabel(this)),
+      m_message(new MessageFields(station, tr("Message"), this)), m_alert(new QPushButton(this)),
+      m_clear(new QPushButton(tr("&Clear"), this)), m_send(new QPushButton(tr("&Send"), this)) {
     setWindowTitle(tr("New Message"));
     resize(kFirstSize);
     m_search->setObjectName(QStringLiteral("txtSearch"));
-    m_search->setPlaceholderText(QStringLiteral("Search"));
     m_search->setAccessibleName(QStringLiteral("Search"));
+    m_search->setToolTip(tr("Show the locations that hold these words; Enter chooses the first"));
     m_search->setClearButtonEnabled(true);
-    m_users->setObjectName(QStringLiteral("lstUsers"));
-    m_favorites->setObjectName(QStringLiteral("lstFavorites"));
-    m_tabs->setObjectName(QStringLiteral("TabControl"));
-    m_tabs->addTab(createListPage(m_users, m_clearUsers, "cmdClearList"), tr("&All Locations"));
-    m_tabs->addTab(createListPage(m_favorites, m_clearFavorites, "cmdClearFavorites"), tr("My &Favorites"));
-    m_tabs->addTab(createGroups(), tr("Message &Groups"));
-    createText();
+    m_search->installEventFilter(this);
+    m_to->setObjectName(QStringLiteral("lblTo"));
+    createPages();
+    createButtons();
+    layOut();
+    connectStation();
+    LoadRecipientsAll();
+    LoadFavorites();
+    LoadGroups();
+    SetTabView(m_station.settings.MSGNAV_1(), false);
+    showCanSend();
+    m_message->text().setFocus();
+}
 
+void frmGroupMessage::createPages() {
+    m_tabs->setObjectName(QStringLiteral("TabControl"));
+    m_tabs->addTab(m_users, tr("&All Locations"));
+    m_tabs->addTab(m_favorites, tr("My &Favorites"));
+    m_tabs->addTab(createGroups(), tr("Message &Groups"));
+    connect(m_tabs, &QTabWidget::currentChanged, this,
+            [this](int index) { SetTabView(kAllTab + index, true); });
+    for (RecipientPicker* const picker : {m_users, m_favorites}) {
+        connect(picker, &RecipientPicker::chosenChanged, this, &frmGroupMessage::VerifyOnlineList);
+        connect(m_search, &PromptEdit::searchChanged, picker, &RecipientPicker::search);
+    }
+    connect(m_users, &RecipientPicker::refreshWanted, this, &frmGroupMessage::LoadRecipientsAll);
+    connect(m_favorites, &RecipientPicker::refreshWanted, this, &frmGroupMessage::LoadFavorites);
+    connect(m_search, &PromptEdit::leaveForList, this, [this] {
+        if (RecipientPicker* const picker = currentPicker()) {
+            picker->list().setFocus();
+        }
+    });
+    connect(new QShortcut(QKeySequence::Find, this), &QShortcut::activated, m_search,
+            [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
+}
+
+QWidget* frmGroupMessage::createGroups() {
+    auto* const page = new QWidget(this);
+    auto* const grid = new QGridLayout(page);
+    m_everyone->setObjectName(QStringLiteral("cmdGroup0"));
+    m_everyone->setToolTip(tr("Send to all locations"));
+    grid->addWidget(m_everyone, 0, 0, 1, 2);
+    constexpr int kRows = GroupButtons::kCount / 2;
+    for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
+        grid->addWidget(m_groups->button(slot), 1 + slot % kRows, slot / kRows);
+        m_groups->button(slot)->setCheckable(true);
+        m_groups->button(slot)->setAutoDefault(false);
+    }
+    grid->setRowStretch(1 + kRows, 1);
+    m_everyone->setCheckable(true);
+    m_everyone->setAutoDefault(false);
+    connect(m_everyone, &QPushButton::clicked, this, [this] { pressGroup(0); });
+    connect(m_groups, &GroupButtons::chosen, this, [this](int slot) { pressGroup(slot + 1); });
+    connect(m_groups, &GroupButtons::made, this, [this](int slot) { pressGroup(slot + 1); });
+    connect(m_groups, &GroupButtons::loaded, this, &frmGroupMessage::LoadGroups);
+    return page;
+}
+
+void frmGroupMessage::createButtons() {
+    m_alert->setObjectName(QStringLiteral("cmdAlert"));
+    m_clear->setObjectName(QStringLiteral("cmdClear"));
+    m_clear->setToolTip(tr("Empty the message"));
+    m_send->setObjectName(QStringLiteral("cmdSend"));
+    m_send->setToolTip(m_station.settings.Settings_MSOE() ? tr("Enter") : tr("Ctrl+Enter"));
+    for (QPushButton* const button : {m_alert, m_clear, m_send}) {
+        button->setAutoDefault(false);
+    }
+    connect(m_alert, &QPushButton::clicked, this, &frmGroupMessage::showOffline);
+    connect(m_clear, &QPushButton::clicked, m_message, &MessageFields::ClearQuickMessage);
+    connect(m_send, &QPushButton::clicked, this, &frmGroupMessage::CreateMessage);
+    connect(m_message, &MessageFields::sendPressed, this, &frmGroupMessage::CreateMessage);
+    connect(m_message, &MessageFields::escapePressed, this, &QDialog::reject);
+}
+
+void frmGroupMessage::layOut() {
+    auto* const to = new QHBoxLayout;
+    to->addWidget(m_to, 1);
+    to->addWidget(m_alert);
     auto* const buttons = new QHBoxLayout;
-    auto* const clear = new QPushButton(tr("&Clear"), this);
-    clear->setObjectName(QStringLiteral("cmdClear"));
-    clear->setToolTip(tr("Empty the message"));
-    clear->setAutoDefault(false);
-    buttons->addWidget(m_alert);
-    buttons->addWidget(m_note, 1);
-    buttons->addWidget(clear);
+    buttons->addWidget(m_message->remark(), 1);
+    buttons->addWidget(m_clear);
     buttons->addWidget(m_send);
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
     layout->setSpacing(kGrid);
     layout->addWidget(m_search);
     layout->addWidget(m_tabs, 3);
-    layout->addWidget(m_snippets);
-    layout->addWidget(m_text, 2);
+    layout->addLayout(to);
+    layout->addWidget(m_message, 2);
     layout->addLayout(buttons);
+    const QList<QWidget*> order{m_search, m_tabs, m_alert, m_message, m_clear, m_send};
+    for (qsizetype i = 1; i < order.size(); ++i) {
+        setTabOrder(order[i - 1], order[i]);
+    }
+}
 
-    connect(clear, &QPushButton::clicked, this, [this] {
-        m_text->clear();
-        m_text->setFocus();
-    });
-    connect(m_search, &QLineEdit::textChanged, this, &frmGroupMessage::search);
-    connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
-        SetTabView(kAllTab + index, true);
-        search(m_search->text());
-        VerifyOnlineList();
-    });
+void frmGroupMessage::connectStation() {
     connect(&m_blink, &QTimer::timeout, this, [this] {
         m_blinkOn = !m_blinkOn;
         m_alert->setStyleSheet(m_blinkOn ? QStringLiteral("background:#ffaaaa;color:black")
                                          : QStringLiteral("background:#ff6666;color:black"));
     });
-    connect(&m_station.groups, &Groups::changed, this, &frmGroupMessage::LoadGroups);
     connect(&m_station.network, &NetworkMC::canSendChanged, this, &frmGroupMessage::showCanSend);
-    LoadRecipientsAll();
-    LoadFavorites();
-    LoadGroups();
-    SetTabView(m_station.settings.MSGNAV_1(), false);
-    showCanSend();
-    VerifyOnlineList();
-    m_text->setFocus();
-}
-
-QWidget* frmGroupMessage::createListPage(QListWidget* list, QPushButton* clear, const char* name) {
-    auto* const page = new QWidget(this);
-    list->setSelectionMode(QAbstractItemView::MultiSelection);
-    list->setUniformItemSizes(true);
-    list->setAccessibleName(tr("Recipients"));
-    clear->setObjectName(QLatin1String(name));
-    clear->setAutoDefault(false);
-    auto* const layout = new QVBoxLayout(page);
-    layout->addWidget(list, 1);
-    layout->addWidget(clear, 0, Qt::AlignRight);
-    connect(list, &QListWidget::itemSelectionChanged, this, [this, list, clear] {
-        showSelection(*list, *clear);
-        VerifyOnlineList();
+    m_changes.setSingleShot(true);
+    m_changes.setInterval(kChangesMs);
+    connect(&m_station.views.rptEndpoints, &ReportRecords::changed, this, [this] {
+        if (!m_changes.isActive()) {
+            m_changes.start();
+        }
     });
-    connect(clear, &QPushButton::clicked, this, [this, list] {
-        if (!list->selectedItems().isEmpty()) {
-            list->clearSelection();
-        } else if (list == m_users) {
+    // A list that one chooses from does not move; one that was opened too early fills.
+    connect(&m_changes, &QTimer::timeout, this, [this] {
+        if (m_users->isEmpty()) {
             LoadRecipientsAll();
-        } else {
+        }
+        if (m_favorites->isEmpty()) {
             LoadFavorites();
         }
+        VerifyOnlineList();
     });
-    showSelection(*list, *clear);
-    return page;
-}
-
-QWidget* frmGroupMessage::createGroups() {
-    auto* const page = new QWidget(this);
-    auto* const grid = new QGridLayout(page);
-    for (int index = 0; index <= Groups::kGroupCount; ++index) {
-        auto* const button = new QPushButton(page);
-        button->setObjectName(QStringLiteral("cmdGroup%1").arg(index));
-        button->setCheckable(true);
-        button->setAutoDefault(false);
-        connect(button, &QPushButton::clicked, this, [this, index] { pressGroup(index); });
-        if (index == 0) {
-            grid->addWidget(button, 0, 0, 1, 2);
-        } else {
-            grid->addWidget(button, (index + 1) / 2, (index + 1) % 2);
-            button->setContextMenuPolicy(Qt::CustomContextMenu);
-            connect(button, &QWidget::customContextMenuRequested, this,
-                    [this, index] { editGroup(index - 1); });
-        }
-        m_groups.push_back(button);
-    }
-    grid->setRowStretch(Groups::kGroupCount, 1);
-    return page;
-}
-
-void frmGroupMessage::createText() {
-    m_text->setObjectName(QStringLiteral("txtMessage"));
-    m_text->setAccessibleName(tr("Message"));
-    m_text->setPlaceholderText(m_station.settings.Settings_MSOE() ? tr("Message; Enter sends it")
-                                                                  : tr("Message; Ctrl+Enter sends it"));
-    m_text->setAllowedCharacters(kTypedCharacters);
-    m_text->setMaximumLength(Compose::kLongestMessage);
-    m_text->setSendOnEnter(m_station.settings.Settings_MSOE());
-    m_text->setMend(FitMessage);
-    connect(m_text, &MessageEdit::sendPressed, this, &frmGroupMessage::CreateMessage);
-    connect(m_text, &MessageEdit::escapePressed, this, &QDialog::reject);
-    m_snippets->setObjectName(QStringLiteral("cmbSnippit"));
-    m_snippets->setAccessibleName(tr("Snippets"));
-    m_snippets->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
-    m_snippets->addItem(QStringLiteral("Select a Snippet"));
-    m_snippets->addItems(m_station.snippets.list());
-    connect(m_snippets, &QComboBox::activated, this, [this](int index) {
-        if (index > 0) {
-            m_text->append(m_snippets->itemText(index));
-            m_snippets->setCurrentIndex(0);
-            m_text->setFocus();
-        }
-    });
-    m_send->setObjectName(QStringLiteral("cmdSend"));
-    m_send->setAutoDefault(false);
-    m_alert->setObjectName(QStringLiteral("cmdAlert"));
-    m_alert->setToolTip(tr("Some recipients are offline"));
-    m_alert->setAutoDefault(false);
-    m_note->setTextFormat(Qt::PlainText);
-    m_note->setWordWrap(true);
-    connect(m_send, &QPushButton::clicked, this, &frmGroupMessage::CreateMessage);
-    connect(m_alert, &QPushButton::clicked, this, &frmGroupMessage::showOffline);
 }
 
 void frmGroupMessage::take(const WindowRequest& request) {
     SetStartMode(request.page, request.SID);
+    if (!request.text.isEmpty()) {
+        m_message->text().setPlainText(request.text);
+        m_message->text().moveCursor(QTextCursor::End);
+    }
 }
 
 void frmGroupMessage::SetStartMode(int mode, const QString& SID) {
@@ -182,93 +188,92 @@ void frmGroupMessage::SetStartMode(int mode, const QString& SID) {
     constexpr int kFavoritesMode = 2;
     constexpr int kRowMode = 5;
     constexpr int kFirstGroupMode = 460;
-    const int group = mode - kFirstGroupMode;
-    if (mode == kEveryoneMode || (group >= 0 && group < Groups::kGroupCount)) {
+    const int slot = mode - kFirstGroupMode;
+    if (mode == kEveryoneMode) {
         SetTabView(kGroupsTab, false);
-        pressGroup(mode == kEveryoneMode ? 0 : group + 1);
+        m_everyone->click();
+    } else if (slot >= 0 && slot < GroupButtons::kCount) {
+        SetTabView(kGroupsTab, false);
+        m_groups->button(slot)->click();
     } else {
-        SetTabView(mode == kFavoritesMode ? kAllTab + 1 : kAllTab, false);
+        SetTabView(mode == kFavoritesMode ? kFavoritesTab : kAllTab, false);
     }
     if (mode == kRowMode) {
         SelectActiveUser(SID);
     }
-    m_text->setFocus();
+    m_message->text().setFocus();
 }
 
 void frmGroupMessage::SetTabView(int tab, bool save) {
-    const QSignalBlocker quiet(m_tabs);
-    m_tabs->setCurrentIndex(std::clamp(tab - kAllTab, 0, m_tabs->count() - 1));
-    m_search->setEnabled(currentList() != nullptr);
+    {
+        const QSignalBlocker quiet(m_tabs);
+        m_tabs->setCurrentIndex(std::clamp(tab - kAllTab, 0, m_tabs->count() - 1));
+    }
+    m_search->setEnabled(currentPicker() != nullptr);
     if (save) {
         m_station.settings.MSGNAV_1.set(tab);
     }
+    VerifyOnlineList();
 }
 
-QListWidget* frmGroupMessage::currentList() const {
+RecipientPicker* frmGroupMessage::currentPicker() const {
     return m_tabs->currentIndex() == 0 ? m_users : m_tabs->currentIndex() == 1 ? m_favorites : nullptr;
 }
 
+int frmGroupMessage::currentGroup() const {
+    return currentPicker() == nullptr && m_group > 0 ? m_group - 1 : -1;
+}
+
 void frmGroupMessage::LoadRecipientsAll() {
-    fillRecipients(*m_users, m_station.views.rptEndpoints, static_cast<int>(LocationItem::Active),
-                   static_cast<int>(LocationItem::SID), m_station.own.SID);
+    m_users->load(m_station.views.rptEndpoints, kViewColumns,
+                  m_station.settings.Settings_SORTEV() == 1 ? RecipientOrder::ByName
+                                                            : RecipientOrder::ByColor,
+                  m_station.own.SID);
 }
 
 void frmGroupMessage::LoadFavorites() {
-    fillRecipients(*m_favorites, m_station.views.rptFavorites, static_cast<int>(LocationItem::Active),
-                   static_cast<int>(LocationItem::SID), m_station.own.SID);
+    m_favorites->load(m_station.views.rptFavorites, kViewColumns,
+                      m_station.settings.Settings_SORTFV() == 1 ? RecipientOrder::ByName
+                                                                : RecipientOrder::ByColor,
+                      m_station.own.SID);
 }
 
+// A group that is gone is not chosen any more.
 void frmGroupMessage::LoadGroups() {
-    m_groups[0]->setText(QStringLiteral(" Everyone"));
-    for (int slot = 0; slot < Groups::kGroupCount; ++slot) {
-        QPushButton& button = *m_groups[static_cast<std::size_t>(slot) + 1];
-        button.setText(m_station.groups.caption(slot).replace(u'&', QLatin1String("&&")));
-        button.setToolTip(m_station.groups.tip(slot));
+    if (m_group > 0 && !m_station.groups.at(m_group - 1).used) {
+        m_group = -1;
+    }
+    m_everyone->setChecked(m_group == 0);
+    for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
+        m_groups->button(slot)->setChecked(m_group == slot + 1);
     }
     VerifyOnlineList();
 }
 
 void frmGroupMessage::SelectActiveUser(const QString& SID) {
-    for (int row = 0; row < m_users->count(); ++row) {
-        if (recipientAt(*m_users, row).SID == SID) {
-            m_users->item(row)->setSelected(true);
-            m_users->scrollToItem(m_users->item(row));
-            return;
-        }
+    m_search->clearSearch();
+    if (!m_users->choose(SID)) {
+        LoadRecipientsAll(); // it may have come since
+        m_users->choose(SID);
     }
 }
 
 QString frmGroupMessage::GetRecipientList(int& count) const {
     count = 0;
-    const QListWidget* const list = currentList();
-    if (list == nullptr) {
-        return m_group > 0 ? m_station.groups.at(m_group - 1).members : QString();
+    const RecipientPicker* const picker = currentPicker();
+    if (picker == nullptr) {
+        return currentGroup() >= 0 ? m_station.groups.at(currentGroup()).members : QString();
     }
-    QList<Recipient> recipients;
-    for (int row = 0; row < list->count(); ++row) {
-        if (list->item(row)->isSelected()) {
-            recipients += recipientAt(*list, row);
-        }
-    }
+    const QList<Recipient> recipients = picker->chosen();
     count = static_cast<int>(recipients.size());
     return JoinRecipients(recipients);
 }
 
-void frmGroupMessage::pressGroup(int index) {
-    m_group = index;
-    for (std::size_t i = 0; i < m_groups.size(); ++i) {
-        m_groups[i]->setChecked(static_cast<int>(i) == index);
-    }
-    m_groups[static_cast<std::size_t>(index)]->setFocus();
-    if (index > 0 && !m_station.groups.at(index - 1).used) {
-        editGroup(index - 1);
-    }
-    VerifyOnlineList();
-}
-
-void frmGroupMessage::editGroup(int slot) {
-    frmGroups editor(m_station.groups, m_station.endpoints.records(), m_station.own.SID, slot, this);
-    editor.exec();
+// `button`: 0 is everyone.
+void frmGroupMessage::pressGroup(int button) {
+    m_group = button;
+    LoadGroups();
+    (button == 0 ? m_everyone : m_groups->button(button - 1))->setFocus();
 }
 
 void frmGroupMessage::VerifyOnlineList() {
@@ -276,69 +281,74 @@ void frmGroupMessage::VerifyOnlineList() {
     m_offline = m_station.compose.VerifyOnlineList(GetRecipientList(count));
     m_alert->setVisible(!m_offline.isEmpty());
     m_alert->setText(tr("%n offline", nullptr, static_cast<int>(m_offline.size())));
+    m_alert->setToolTip(plainTip(singleLine(m_offline.join(QLatin1String(", ")), kTipChars)));
     if (m_offline.isEmpty()) {
         m_blink.stop();
-    } else {
+    } else if (!m_blink.isActive()) {
         m_blink.start(kBlinkMs);
     }
+    showRecipients();
 }
 
-void frmGroupMessage::showSelection(QListWidget& list, QPushButton& clear) {
-    const auto count = list.selectedItems().size();
-    clear.setText(count == 0 ? QStringLiteral(" Refresh ") : QStringLiteral(" Clear (%1)").arg(count));
-    clear.setToolTip(count == 0   ? QStringLiteral("Refresh and Clear")
-                     : count == 1 ? QStringLiteral("1 user is selected")
-                                  : QStringLiteral("%1 users have been selected").arg(count));
-}
-
-void frmGroupMessage::search(const QString& text) {
-    QListWidget* const list = currentList();
-    if (list == nullptr) {
-        return;
+void frmGroupMessage::showRecipients() {
+    int count = 0;
+    const QList<Recipient> recipients = SplitRecipients(GetRecipientList(count));
+    QStringList names;
+    for (const Recipient& recipient : recipients) {
+        names += recipient.name;
     }
-    for (int row = 0; row < list->count(); ++row) {
-        list->setRowHidden(row, !list->item(row)->text().contains(text, Qt::CaseInsensitive));
+    QString to = names.join(QLatin1String(", "));
+    if (currentGroup() >= 0) {
+        to = m_station.groups.at(currentGroup()).name + QLatin1String(": ") + to;
+    } else if (currentPicker() == nullptr && m_group == 0) {
+        to = tr("Everyone");
     }
+    m_to->setEnabled(!to.isEmpty());
+    m_to->setLine(tr("To: ") + (to.isEmpty() ? tr("nobody yet") : to));
 }
 
 void frmGroupMessage::showOffline() {
-    const bool group = currentList() == nullptr && m_group > 0;
-    frmOffline dialog(m_offline, group ? m_station.groups.at(m_group - 1).name : QString(), this);
-    connect(&dialog, &frmOffline::refreshWanted, this, [this] {
+    const int slot = currentGroup();
+    auto* const dialog =
+        new frmOffline(m_offline, slot >= 0 ? m_station.groups.at(slot).name : QString(), this);
+    dialog->setAttribute(Qt::WA_DeleteOnClose);
+    connect(dialog, &frmOffline::refreshWanted, this, [this] {
         LoadRecipientsAll();
         LoadFavorites();
-        VerifyOnlineList();
     });
-    dialog.exec();
-    if (dialog.editWanted()) {
-        editGroup(m_group - 1);
-    }
+    connect(dialog, &frmOffline::editWanted, this, [this, slot] { m_groups->edit(slot); });
+    dialog->open();
 }
 
 void frmGroupMessage::showCanSend() {
-    m_send->setEnabled(m_station.own.canSend());
-    m_note->setText(m_station.own.canSend() ? QString() : tr("Offline: nothing can be sent now"));
+    const bool canSend = m_station.own.canSend();
+    m_send->setEnabled(canSend);
+    m_message->setObstacle(canSend ? QString() : tr("Offline: nothing can be sent now"));
+}
+
+bool frmGroupMessage::eventFilter(QObject* watched, QEvent* event) {
+    if (watched == m_search && event->type() == QEvent::KeyPress) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        RecipientPicker* const picker = currentPicker();
+        if (picker != nullptr && (key == Qt::Key_Return || key == Qt::Key_Enter)) {
+            picker->toggleCurrent();
+            m_search->selectAll(); // the next one can be typed at once
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmGroupMessage::CreateMessage() {
+    if (result() == Accepted) {
+        return; // sent already: a second press that was on its way
+    }
     MessageDraft draft;
-    draft.everyone = currentList() == nullptr && m_group == 0;
+    draft.everyone = currentPicker() == nullptr && m_group == 0;
     draft.recipients = GetRecipientList(draft.recipientCount);
-    draft.text = m_text->message();
-    switch (m_station.compose.CreateMessage(draft)) {
-    case SendResult::Sent:
+    draft.text = m_message->text().message();
+    if (m_message->settle(m_station.compose.CreateMessage(draft))) {
         accept();
-        break;
-    case SendResult::TooShort:
-        m_text->clear();
-        m_text->setFocus();
-        break;
-    case SendResult::TooLong:
-        m_note->setText(tr("Too long to be sent"));
-        break;
-    case SendResult::NoRecipient:
-    case SendResult::Offline:
-        break;
     }
 }
 

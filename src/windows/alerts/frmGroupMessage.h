@@ -6,18 +6,16 @@
 #include <QDialog>
 #include <QTimer>
 
-#include <vector>
-
-class QComboBox;
-class QLabel;
-class QLineEdit;
-class QListWidget;
 class QPushButton;
 class QTabWidget;
 
 namespace tessel {
 
-class MessageEdit;
+class ElidedLabel;
+class GroupButtons;
+class MessageFields;
+class PromptEdit;
+class RecipientPicker;
 class Station;
 
 class frmGroupMessage : public QDialog, public RequestedWindow {
@@ -25,13 +23,18 @@ class frmGroupMessage : public QDialog, public RequestedWindow {
 public:
     explicit frmGroupMessage(Station& station, QWidget* parent = nullptr);
 
-    // The request's page is the mode; its SID the location to begin with.
+    // The request's page is the mode; its SID the location to begin with, its text the message's.
     void take(const WindowRequest& request) override;
 
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
+
 private:
-    QWidget* createListPage(QListWidget* list, QPushButton* clear, const char* name);
+    void createPages();
     QWidget* createGroups();
-    void createText();
+    void createButtons();
+    void layOut();
+    void connectStation();
     void SetStartMode(int mode, const QString& SID);
     void SetTabView(int tab, bool save);
     void LoadRecipientsAll();
@@ -39,30 +42,31 @@ private:
     void LoadGroups();
     void SelectActiveUser(const QString& SID);
     QString GetRecipientList(int& count) const;
-    void pressGroup(int index);
-    void editGroup(int slot);
+    void pressGroup(int button);
     void VerifyOnlineList();
-    void showSelection(QListWidget& list, QPushButton& clear);
-    void search(const QString& text);
+    void showRecipients();
     void showOffline();
     void showCanSend();
     void CreateMessage();
-    QListWidget* currentList() const;
+    // nullptr on the page of groups.
+    RecipientPicker* currentPicker() const;
+    // The slot of the chosen group, -1 for none.
+    int currentGroup() const;
 
     Station& m_station;
-    QTabWidget* m_tabs;       // TabControl
-    QLineEdit* m_search;      // txtSearch
-    QListWidget* m_users;     // lstUsers
-    QListWidget* m_favorites; // lstFavorites
-    QPushButton* m_clearUsers;
-    QPushButton* m_clearFavorites;
-    std::vector<QPushButton*> m_groups; // cmdGroup; 0 is everyone
-    MessageEdit* m_text;
-    QComboBox* m_snippets; // cmbSnippit
-    QPushButton* m_alert;  // cmdAlert
-    QPushButton* m_send;
-    QLabel* m_note;
-    QTimer m_blink; // tmrOfflineBlink
+    PromptEdit* m_search;         // txtSearch
+    QTabWidget* m_tabs;           // TabControl
+    RecipientPicker* m_users;     // lstUsers
+    RecipientPicker* m_favorites; // lstFavorites
+    QPushButton* m_everyone;      // cmdGroup 0
+    GroupButtons* m_groups;
+    ElidedLabel* m_to;
+    MessageFields* m_message;
+    QPushButton* m_alert; // cmdAlert
+    QPushButton* m_clear; // cmdClear
+    QPushButton* m_send;  // cmdSend
+    QTimer m_blink;       // tmrOfflineBlink
+    QTimer m_changes;
     bool m_blinkOn = false;
     int m_group = -1; // the pressed button
     QStringList m_offline;

@@ -1,14 +1,17 @@
 #include "windows/alerts/frmGroups.h"
 
 #include "controls/edit/KeyFilterEdit.h"
+#include "controls/list/EmptyHint.h"
 #include "engine/alerts/mod_Groups.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Endpoints.h"
 #include "windows/alerts/RecipientList.h"
 
 #include <QHBoxLayout>
+#include <QHash>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -24,7 +27,7 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
                      QWidget* parent)
     : QDialog(parent), m_groups(groups), m_slot(slot), m_name(new KeyFilterEdit(this)),
       m_all(makeList("lstAll", tr("All locations"))),
-      m_selected(makeList("lstSelected", tr("Members of the group"))) {
+      m_selected(makeList("lstSelected", tr("Members of the group"))), m_remark(new QLabel(this)) {
     setObjectName(QStringLiteral("frmGroups"));
     setWindowTitle(QStringLiteral("Location Group %1").arg(slot + 1));
     resize(kFirstSize);
@@ -32,6 +35,10 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
     m_name->setAllowedCharacters(QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz@- "));
     m_name->setMaximumLength(kLongestName);
     m_name->setPlaceholderText(Groups::defaultName(slot));
+    m_remark->setTextFormat(Qt::PlainText);
+    m_remark->setWordWrap(true);
+    (new EmptyHint(m_all))->setHint(tr("No other location is online"));
+    (new EmptyHint(m_selected))->setHint(tr("No members yet"));
 
     auto* const label = new QLabel(tr("&Name:"), this);
     label->setBuddy(m_name);
@@ -73,6 +80,7 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
     layout->addWidget(label);
     layout->addWidget(m_name);
     layout->addLayout(lists, 1);
+    layout->addWidget(m_remark);
     layout->addLayout(buttons);
 
     LoadRecipientsAll(locations, ownSID);
@@ -87,6 +95,8 @@ QListWidget* frmGroups::makeList(const char* name, const QString& title) {
     list->setAccessibleName(title);
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);
+    list->setTextElideMode(Qt::ElideRight);
+    list->installEventFilter(this);
     return list;
 }
 
@@ -112,7 +122,7 @@ QWidget* frmGroups::createMovers() {
     m_leftAll = add("cmdLeftAll", tr("<<"), tr("Remove all locations"), m_selected, m_all, true);
     layout->addStretch(1);
     const auto across = [this](QListWidget* from, QListWidget* to) {
-        connect(from, &QListWidget::itemActivated, this, [this, from, to] { move(*from, *to, false); });
+        connect(from, &QListWidget::itemDoubleClicked, this, [this, from, to] { move(*from, *to, false); });
         connect(from, &QListWidget::itemSelectionChanged, this, &frmGroups::showState);
     };
     across(m_all, m_selected);
@@ -121,29 +131,50 @@ QWidget* frmGroups::createMovers() {
 }
 
 void frmGroups::LoadRecipientsAll(const ReportRecords& locations, const QString& ownSID) {
-    fillRecipients(*m_all, locations, static_cast<int>(EndpointItem::Active),
-                   static_cast<int>(EndpointItem::SID), ownSID);
+    fillRecipients(*m_all, locations,
+                   {static_cast<int>(EndpointItem::Active), static_cast<int>(EndpointItem::SID),
+                    static_cast<int>(EndpointItem::Tag)},
+                   RecipientOrder::ByName, ownSID);
 }
 
 void frmGroups::LoadGroup() {
     const MessageGroup& group = m_groups.at(m_slot);
     m_name->setText(group.name);
     for (const Recipient& member : SplitRecipients(group.members)) {
-        addRecipient(*m_selected, member);
+        addRecipient(*m_selected, member, kNoTag);
     }
     Synclist();
 }
 
 void frmGroups::Synclist() {
-    QSet<QString> members;
+    QHash<QString, QListWidgetItem*> offline;
     for (int row = 0; row < m_selected->count(); ++row) {
-        members += recipientAt(*m_selected, row).SID;
+        offline.insert(recipientAt(*m_selected, row).SID, m_selected->item(row));
     }
     for (int row = m_all->count() - 1; row >= 0; --row) {
-        if (members.contains(recipientAt(*m_all, row).SID)) {
+        if (QListWidgetItem* const member = offline.take(recipientAt(*m_all, row).SID)) {
+            member->setIcon(m_all->item(row)->icon());
             delete m_all->takeItem(row);
         }
     }
+    QFont slanted = m_selected->font();
+    slanted.setItalic(true);
+    for (QListWidgetItem* const member : std::as_const(offline)) {
+        member->setFont(slanted);
+        member->setToolTip(tr("Offline now"));
+    }
+}
+
+// Enter is the list's while it has the keyboard, and does not save.
+bool frmGroups::eventFilter(QObject* watched, QEvent* event) {
+    if (event->type() == QEvent::KeyPress && (watched == m_all || watched == m_selected)) {
+        const int key = static_cast<QKeyEvent*>(event)->key();
+        if (key == Qt::Key_Return || key == Qt::Key_Enter) {
+            move(*(watched == m_all ? m_all : m_selected), *(watched == m_all ? m_selected : m_all), false);
+            return true;
+        }
+    }
+    return QDialog::eventFilter(watched, event);
 }
 
 void frmGroups::move(QListWidget& from, QListWidget& to, bool all) {
@@ -166,9 +197,8 @@ void frmGroups::save() {
         accept();
         return;
     }
-    QMessageBox::warning(this, windowTitle(),
-                         tr("The group could not be saved.\nIt may have too many members, or its file "
-                            "cannot be written."));
+    m_remark->setText(
+        tr("The group could not be saved. It may have too many members, or its file cannot be written."));
 }
 
 void frmGroups::free() {
@@ -181,6 +211,9 @@ void frmGroups::showState() {
     m_rightAll->setEnabled(m_all->count() > 0);
     m_leftOne->setEnabled(!m_selected->selectedItems().isEmpty());
     m_leftAll->setEnabled(m_selected->count() > 0);
+    m_all->findChild<EmptyHint*>()->setVisible(m_all->count() == 0);
+    m_selected->findChild<EmptyHint*>()->setVisible(m_selected->count() == 0);
+    m_remark->setText(m_selected->count() > 0 ? QString() : tr("A group without members is not kept"));
 }
 
 } // namespace tessel

@@ -5,6 +5,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -20,6 +21,9 @@ public:
     // `slot`: 0 to 9. `locations`: the table of all locations; `ownSID` is left out of it.
     frmGroups(Groups& groups, const ReportRecords& locations, const QString& ownSID, int slot,
               QWidget* parent = nullptr);
+
+protected:
+    bool eventFilter(QObject* watched, QEvent* event) override;
 
 private:
     QListWidget* makeList(const char* name, const QString& title);
@@ -37,6 +41,7 @@ private:
     KeyFilterEdit* m_name;   // txtGroupName
     QListWidget* m_all;      // lstAll
     QListWidget* m_selected; // lstSelected
+    QLabel* m_remark;
     QPushButton* m_rightOne = nullptr;
     QPushButton* m_rightAll = nullptr;
     QPushButton* m_leftOne = nullptr;

@@ -1,5 +1,7 @@
 #include "windows/alerts/frmOffline.h"
 
+#include "controls/list/ReportText.h"
+
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
@@ -10,20 +12,24 @@ namespace tessel {
 
 frmOffline::frmOffline(const QStringList& names, const QString& group, QWidget* parent) : QDialog(parent) {
     constexpr int kGrid = 8;
+    constexpr int kGroupChars = 60;
     setObjectName(QStringLiteral("frmOffline"));
     setWindowTitle(tr("Offline Users"));
     auto* const label =
         new QLabel(group.isEmpty()
                        ? QStringLiteral("The following users are offline and unable to receive your message.")
-                       : QLatin1String("The following users in group ") + group +
+                       : QLatin1String("The following users in group ") + singleLine(group, kGroupChars) +
                              QLatin1String(" are offline and unable to receive your message."),
                    this);
+    label->setObjectName(QStringLiteral("lblOffline"));
     label->setTextFormat(Qt::PlainText);
     label->setWordWrap(true);
     auto* const list = new QListWidget(this);
     list->setObjectName(QStringLiteral("lstoffline"));
     list->setAccessibleName(tr("Offline users"));
-    list->addItems(names);
+    for (const QString& name : names) {
+        list->addItem(singleLine(name));
+    }
     auto* const buttons = new QHBoxLayout;
     const auto add = [&](const char* name, const QString& caption) {
         auto* const button = new QPushButton(caption, this);
@@ -34,8 +40,8 @@ frmOffline::frmOffline(const QStringList& names, const QString& group, QWidget* 
     auto* const edit = add("cmdEdit", tr("&Edit Group"));
     edit->setVisible(!group.isEmpty());
     connect(edit, &QPushButton::clicked, this, [this] {
-        m_editWanted = true;
         accept();
+        emit editWanted();
     });
     connect(add("cmdRefresh", tr("&Refresh")), &QPushButton::clicked, this, [this] {
         emit refreshWanted();

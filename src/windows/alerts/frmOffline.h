@@ -12,14 +12,10 @@ public:
     // `group`: the name of the group that was chosen; empty for a selection.
     frmOffline(const QStringList& names, const QString& group, QWidget* parent = nullptr);
 
-    // The user wants to change the group.
-    bool editWanted() const { return m_editWanted; }
-
 signals:
     void refreshWanted();
-
-private:
-    bool m_editWanted = false;
+    // The user wants to change the group.
+    void editWanted();
 };
 
 } // namespace tessel

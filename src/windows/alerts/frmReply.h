@@ -3,17 +3,15 @@
 
 #include <QDialog>
 
-class QComboBox;
 class QGroupBox;
-class QLabel;
 class QPlainTextEdit;
 class QPushButton;
 
 namespace tessel {
 
-class MessageEdit;
+class ElidedLabel;
+class MessageFields;
 class Station;
-enum class SendResult;
 
 class frmReply : public QDialog {
     Q_OBJECT
@@ -27,13 +25,12 @@ private:
     void acknowledge();
 
     Station& m_station;
-    QGroupBox* m_group;         // grpOriginal
+    QGroupBox* m_group; // grpOriginal
+    ElidedLabel* m_heading;
     QPlainTextEdit* m_original; // txtOriginal
-    MessageEdit* m_text;        // txtMessage
-    QComboBox* m_snippets;      // cmbSnippit
-    QPushButton* m_reply;
-    QPushButton* m_ack;
-    QLabel* m_note;
+    MessageFields* m_answer;
+    QPushButton* m_reply; // cmdReply
+    QPushButton* m_ack;   // cmdAck
 };
 
 } // namespace tessel
