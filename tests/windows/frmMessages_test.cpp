@@ -59,6 +59,11 @@ protected:
         return *desks[i]->windows.window(request.window);
     }
     QWidget& shown(std::size_t i) { return show(i, world[i].desktop.windows.requests.back()); }
+    // The newest message of an inbox, as a click on its popup opens it.
+    QWidget& opened(std::size_t i) {
+        world[i]->inbox.GetMessageFromPopup(item(*world[i]->inbox.rptMessages.at(0), InboxItem::ID).text);
+        return shown(i);
+    }
     QWidget& compose(int mode, const QString& SID = {}) {
         return show(0, {.window = WindowId::GroupMessage, .SID = SID, .page = mode});
     }
@@ -122,16 +127,13 @@ TEST_F(MessageOffice, WritesAcknowledgesRepliesAndLooksBack) {
 
     restart(1);
     EXPECT_EQ(inbox(1), QStringList("0 Lunch at one today?"));
-    const QString id = item(*world[1]->inbox.rptMessages.at(0), InboxItem::ID).text;
-    world[1]->inbox.GetMessageFromPopup(id);
-    QWidget& read = shown(1);
+    QWidget& read = opened(1);
     EXPECT_EQ(part<QPlainTextEdit>(read, "txtOriginal").toPlainText().trimmed(), "Lunch at one today?");
     EXPECT_TRUE(part<QLabel>(read, "lblHeading").text().startsWith("From: Room 1 @ "));
     key(textOf(read), Qt::Key_F2);
     EXPECT_TRUE(inbox(1).isEmpty());
 
-    world[2]->inbox.GetMessageFromList(0);
-    QWidget& answer = shown(2);
+    QWidget& answer = opened(2);
     QTest::keyClicks(&textOf(answer), "x");
     press(answer, "cmdReply");
     EXPECT_EQ(textOf(answer).toPlainText(), "") << "too short: the box is emptied";
@@ -252,8 +254,7 @@ TEST_F(MessageOffice, HostileTextIsPlain) {
                 users.item(users.count() - 1)->text().startsWith("<b>&Bob</b>") ||
                 users.item(1)->text().startsWith("<b>&Bob</b>"));
     ASSERT_EQ(inbox(0).size(), 1);
-    world[0]->inbox.GetMessageFromList(0);
-    QWidget& read = shown(0);
+    QWidget& read = opened(0);
     EXPECT_EQ(part<QPlainTextEdit>(read, "txtOriginal").toPlainText().trimmed(), text);
     EXPECT_LT(read.width(), 900) << "a long name does not stretch the window";
 }

@@ -340,6 +340,7 @@ constexpr std::array kCommands{
     CommandRow{.command = Command::ManageSnippets,
                .caption = "Manage Snippets",
                .tip = "Short texts for quick entry",
+               .keys = "Ctrl+Shift+S",
                .window = WindowId::Snippit},
     CommandRow{.command = Command::OnTop,
                .caption = "Always OnTop",

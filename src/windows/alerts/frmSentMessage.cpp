@@ -1,5 +1,6 @@
 #include "windows/alerts/frmSentMessage.h"
 
+#include "controls/list/EmptyHint.h"
 #include "engine/alerts/mod_SentView.h"
 #include "windows/alerts/RecipientList.h"
 
@@ -16,7 +17,7 @@ namespace tessel {
 
 frmSentMessage::frmSentMessage(const NotificationHistory& history, QWidget* parent)
     : QDialog(parent), m_history(history), m_to(new QLineEdit(this)), m_text(new QPlainTextEdit(this)),
-      m_users(new QListWidget(this)), m_stamp(new QLabel(this)) {
+      m_users(new QListWidget(this)), m_hint(new EmptyHint(m_users)), m_stamp(new QLabel(this)) {
     constexpr int kGrid = 8;
     setWindowTitle(tr("Sent Message"));
     resize(460, 360);
@@ -68,6 +69,7 @@ void frmSentMessage::OpenMessage() {
     for (const Recipient& recipient : view.recipients) {
         addRecipient(*m_users, recipient);
     }
+    m_hint->setHint(view.recipients.isEmpty() ? view.to : QString());
 }
 
 } // namespace tessel

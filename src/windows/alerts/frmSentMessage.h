@@ -12,6 +12,7 @@ class QPlainTextEdit;
 
 namespace tessel {
 
+class EmptyHint;
 class NotificationHistory;
 
 class frmSentMessage : public QDialog, public RequestedWindow {
@@ -28,6 +29,7 @@ private:
     QLineEdit* m_to;        // txtTo
     QPlainTextEdit* m_text; // txtNote
     QListWidget* m_users;   // lstUsers
+    EmptyHint* m_hint;
     QLabel* m_stamp;
 };
 

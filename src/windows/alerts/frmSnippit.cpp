@@ -1,6 +1,8 @@
 #include "windows/alerts/frmSnippit.h"
 
 #include "controls/edit/KeyFilterEdit.h"
+#include "controls/list/EmptyHint.h"
+#include "controls/list/ReportText.h"
 #include "engine/alerts/mod_Snippets.h"
 #include "engine/core/mod_Definitions.h"
 
@@ -19,7 +21,8 @@ constexpr QSize kFirstSize(460, 380);
 } // namespace
 
 frmSnippit::frmSnippit(Snippets& snippets, QWidget* parent)
-    : QDialog(parent), m_snippets(snippets), m_text(new KeyFilterEdit(this)), m_list(new QListWidget(this)) {
+    : QDialog(parent), m_snippets(snippets), m_text(new KeyFilterEdit(this)), m_list(new QListWidget(this)),
+      m_hint(new EmptyHint(m_list)) {
     setObjectName(QStringLiteral("frmSnippit"));
     setWindowTitle(tr("Snippets"));
     resize(kFirstSize);
@@ -88,7 +91,10 @@ QPushButton* frmSnippit::addButton(const char* name, const QString& caption, con
 
 void frmSnippit::fill(int current) {
     m_list->clear();
-    m_list->addItems(m_snippets.list());
+    for (const QString& snippet : m_snippets.list()) {
+        m_list->addItem(singleLine(snippet));
+    }
+    m_hint->setHint(m_list->count() == 0 ? tr("No snippets yet") : QString());
     m_list->setCurrentRow(std::min(current, m_list->count() - 1));
     showState();
 }

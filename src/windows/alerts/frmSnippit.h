@@ -8,6 +8,7 @@ class QPushButton;
 
 namespace tessel {
 
+class EmptyHint;
 class KeyFilterEdit;
 class Snippets;
 
@@ -25,6 +26,7 @@ private:
     Snippets& m_snippets;
     KeyFilterEdit* m_text; // cmbSnippet
     QListWidget* m_list;   // lstSnippit
+    EmptyHint* m_hint;
     QPushButton* m_delete = nullptr;
     QPushButton* m_up = nullptr;
     QPushButton* m_down = nullptr;
