@@ -156,7 +156,7 @@ int main(int argc, char** argv) {
         world[0]->protocol.receive(packetOf(number, "XAN", 0));
     }
     QApplication::processEvents();
-    ReportControl& home = *form->homeList();
+    ReportControl& home = form->views()->home();
     home.syncNow();
     std::printf("main window, %d rows\n", home.shownCount());
     repaint(home);

@@ -85,7 +85,7 @@ void Station::wire() {
             [this](const QString& text) { m_popupDisplay.Set_TrayPopup(kProductName, text); });
     connect(&saver, &cSaver::footer, &footer, &Footer::SetFooter);
     connect(&network, &NetworkMC::remark, &footer, &Footer::Remark);
-    connect(&network, &NetworkMC::startingNetwork, &views, &LocationViews::ClearLocationsTabsCount);
+    connect(&network, &NetworkMC::startingNetwork, &shell, &Shell::ClearLocationsTabsCount);
     connect(&network, &NetworkMC::resetUserLists, &endpoints, &Endpoints::ResetUserLists);
     connect(&network, &NetworkMC::keepAliveSent, this, [this] { usage.SaveNetworkUsage(false); });
     connect(&network, &NetworkMC::keepAliveSent, &endpoints, &Endpoints::keepAliveSent);

@@ -55,7 +55,7 @@ protected:
     CommandBar& quickBar() { return *form->findChild<CommandBar*>(); }
     PaneBar& panes() { return *form->findChild<PaneBar*>(); }
     MessageBar& bar(const char* name) { return *form->findChild<MessageBar*>(QLatin1String(name)); }
-    ReportControl& home() { return *form->homeList(); }
+    ReportControl& home() { return form->views()->home(); }
     Station& me() { return *world[0].station; }
 
     static void click(QWidget& widget) {

@@ -62,8 +62,14 @@ QString Shell::tabCaption(int id) const {
     return rows > 0 ? caption + QStringLiteral("(%1)").arg(rows) : caption;
 }
 
-void Shell::countRows() {
+void Shell::CountLocationsTabs() {
     m_rows = {m_views.rptEndpoints.count(), m_views.statusCount(), m_views.rptFavorites.count(), 0};
+    emit tabsCounted();
+}
+
+void Shell::ClearLocationsTabsCount() {
+    m_rows.fill(0);
+    emit tabsCounted();
 }
 
 int Shell::storedView() const {

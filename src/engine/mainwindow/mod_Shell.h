@@ -49,7 +49,9 @@ public:
     // Empty for a number that is no view.
     QString tabCaption(int id) const;
     // Counts the rows of all views, those that a search hides too. It walks through the Home list.
-    void countRows();
+    void CountLocationsTabs();
+    // None has been counted: the lists are about to be filled anew.
+    void ClearLocationsTabsCount();
     // The view to open on.
     int storedView() const;
 
@@ -81,6 +83,7 @@ signals:
     // The search of the view that is left is over.
     void ClearSearchBox();
     void viewChanged();
+    void tabsCounted();
     void previewModeChanged();
     void reportFontChanged();
     void sortChanged();

@@ -165,7 +165,6 @@ void LocationViews::Add_to_Active(const EndpointAdded& endpoint) {
     if (const int slot = m_favorites.slotOf(endpoint.SID); slot >= 0 && slot <= FavoriteLookup::kLastSlot) {
         Add_to_Favorites(endpoint, slot);
     }
-    count(*record, 1);
     changed();
 }
 
@@ -195,7 +194,6 @@ void LocationViews::Active_RemoveEndpoint(const QStringList& SIDs) {
     for (const QString& SID : SIDs) {
         if (const ReportRecord* const record = rptEndpoints.find(SID); record != nullptr) {
             gone.insert(record);
-            count(*record, -1);
         }
         if (const ReportRecord* const favorite = rptFavorites.find(SID); favorite != nullptr) {
             goneFavorites.insert(favorite);
@@ -216,7 +214,6 @@ void LocationViews::clear() {
     rptEndpoints.clear();
     rptStatusView.clear();
     rptFavorites.clear();
-    ClearLocationsTabsCount();
 }
 
 bool LocationViews::showStatus(ReportRecords& list, const PresenceChanged& change) const {
@@ -393,30 +390,6 @@ int LocationViews::Active_FindSID(const QString& SID) const {
 int LocationViews::Active_FindSIDFav(const QString& SID) const {
     const ReportRecord* const record = rptFavorites.find(SID);
     return record == nullptr ? -1 : record->row();
-}
-
-void LocationViews::count(const ReportRecord& record, int step) {
-    const int tag = item(record, LocationItem::ST).value;
-    if (tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())) {
-        m_tagCounts[static_cast<std::size_t>(tag - 1)] += step;
-    }
-}
-
-void LocationViews::ClearLocationsTabsCount() {
-    m_tagCounts.fill(0);
-}
-
-void LocationViews::CountLocationsTabs() {
-    ClearLocationsTabsCount();
-    for (const auto& record : rptEndpoints.rows()) {
-        count(*record, 1);
-    }
-}
-
-int LocationViews::tagCount(int tag) const {
-    return tag >= 1 && tag <= static_cast<int>(m_tagCounts.size())
-               ? m_tagCounts[static_cast<std::size_t>(tag - 1)]
-               : 0;
 }
 
 QString GetLocationName(const ReportRecord& row) {

@@ -8,8 +8,6 @@
 #include <QString>
 #include <QStringList>
 
-#include <array>
-
 namespace tessel {
 
 class Clock;
@@ -79,13 +77,6 @@ public:
     int Active_FindSID(const QString& SID) const;
     int Active_FindSIDFav(const QString& SID) const;
 
-    // Sets all counts of the colour tags to 0.
-    void ClearLocationsTabsCount();
-    // Counts the rows of each colour tag anew.
-    void CountLocationsTabs();
-    // Rows with this colour tag, 1 to 40.
-    int tagCount(int tag) const;
-
     ReportRecords rptEndpoints{static_cast<int>(LocationItem::SID)};
     ReportRecords rptStatusView{static_cast<int>(LocationItem::SID)};
     ReportRecords rptFavorites{static_cast<int>(LocationItem::SID)};
@@ -105,14 +96,12 @@ private:
     void tellStatus(const PresenceChanged& change, int favoriteSlot);
     QString withAge(const QString& status, const QString& statusTime) const;
     void changed();
-    void count(const ReportRecord& record, int step);
 
     const OwnState& m_own;
     const Settings& m_settings;
     const Clock& m_clock;
     const FavoriteLookup& m_favorites;
     bool m_statusTabCurrent = false;
-    std::array<int, 40> m_tagCounts{};
 };
 
 // What a row of one of these lists says.

@@ -55,7 +55,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     LoadFormPosition();
     connectStation();
     m_station.shell.SetTabView(m_station.shell.storedView());
-    m_station.shell.countRows();
+    m_station.shell.CountLocationsTabs();
     refreshCommands(Touches::All);
     ResetSearchFilter();
     showFooter();
@@ -144,8 +144,8 @@ void frmMain::connectStation() {
     m_counts.setSingleShot(true);
     m_counts.setInterval(kCountMs);
     connect(&m_counts, &QTimer::timeout, this, [this] {
-        m_station.shell.countRows();
-        refreshCommands(Touches::Counts | Touches::Messages);
+        m_station.shell.CountLocationsTabs();
+        refreshCommands(Touches::Messages);
     });
     for (const ReportRecords* list :
          {&m_station.views.rptEndpoints, &m_station.views.rptFavorites, &m_station.inbox.rptMessages}) {
@@ -161,6 +161,7 @@ void frmMain::connectStation() {
     connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
     connect(m_views, &Views::stateMenuRequested, this, &frmMain::showStateMenu);
     refreshOn(shell, &Shell::viewChanged, Touches::View);
+    refreshOn(shell, &Shell::tabsCounted, Touches::Counts);
     refreshOn(shell, &Shell::previewModeChanged, Touches::Preview);
     refreshOn(shell, &Shell::reportFontChanged, Touches::Font);
     refreshOn(shell, &Shell::sortChanged, Touches::Sort);
@@ -308,10 +309,6 @@ void frmMain::CreateMessagebar() {
         own = {{}, QStringLiteral("My Status:"), m_station.status.messageBar(), {}, {}};
     }
     m_ownBar->setContent(own);
-}
-
-ReportControl* frmMain::homeList() const {
-    return &m_views->home();
 }
 
 void frmMain::Set_onTop() {

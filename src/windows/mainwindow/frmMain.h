@@ -43,7 +43,6 @@ public:
     // Out of the way: behind the tray's icon where there is one, else minimised.
     void putAway();
 
-    ReportControl* homeList() const;
     Views* views() const { return m_views; }
     CommandSet* commands() const { return m_commands; }
 

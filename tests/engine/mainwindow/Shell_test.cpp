@@ -30,7 +30,7 @@ TEST_F(ShellState, TabsSayHowManyRowsTheirListsHave) {
     EXPECT_EQ(shell().tabCaption(350), "Home ");
     hear({.SID = "222AA222AAA2", .code = "XAN"});
     hear({.SID = "333AA333AAA3", .code = "XAN", .presence = presence("Busy", "8:30:00 AM")});
-    shell().countRows();
+    shell().CountLocationsTabs();
     EXPECT_EQ(shell().tabCaption(350), "Home (3)") << "the own row counts";
     EXPECT_EQ(shell().tabCaption(351), "Status (1)") << "the list is made when it is looked at";
     shell().SetTabView(351);

@@ -169,7 +169,6 @@ TEST_F(EndpointTable, AFloodOfInventedLocationsStopsAtTheLimit) {
     pass();
     EXPECT_EQ(world.locations(0), 2);
     EXPECT_EQ(me->views.rptEndpoints.count(), 2);
-    EXPECT_EQ(me->views.tagCount(1), 1);
     EXPECT_EQ(me->views.Active_FindSID("77"), 1);
     hear("XAN", {}, "fresh");
     EXPECT_NE(viewRow("fresh"), nullptr);

@@ -122,7 +122,6 @@ TEST_F(NetworkLayer, RestartSaysGoodbyeOnceHoweverOftenItIsAskedFor) {
     EXPECT_FALSE(me->own.online);
     EXPECT_EQ(world.locations(0), 0);
     EXPECT_EQ(me->views.rptEndpoints.count(), 0);
-    EXPECT_EQ(me->views.tagCount(1), 0);
     world.run(5);
     EXPECT_EQ(sentCodes(), QStringList("XAN"));
     EXPECT_EQ(me.link.opened, 2);
