@@ -23,4 +23,9 @@ struct ChartSeries {
     std::vector<ChartPoint> points{};
 };
 
+// A point that only has a name and a value.
+inline ChartPoint CreatePiePoint(const QString& name, double value, const QString& text) {
+    return {.name = name, .value = value, .text = text};
+}
+
 } // namespace tessel

@@ -119,6 +119,14 @@ TEST_F(Stations, HearTheirOwnGroupAlone) {
         EXPECT_EQ(packet.SID(), kSIDs[Far]);
     }
     EXPECT_EQ((*office)[Alpha].runBeside(kTslapp, {QStringLiteral("--nonsense")}).exitCode, 2);
+    // The same table goes into the report, which the client itself writes.
+    const QString report = (*office)[Alpha].folder() + QLatin1String("/report.txt");
+    EXPECT_EQ((*office)[Alpha].runBeside(kTslapp, {QStringLiteral("--report"), report}).exitCode, 0);
+    EXPECT_TRUE((*office)[Alpha].bytes(QStringLiteral("report.txt")).contains("\nGamma\t"));
+    EXPECT_EQ((*office)[Alpha].runBeside(kTslapp, {QStringLiteral("--report")}).exitCode, 2);
+    EXPECT_EQ(
+        (*office)[Alpha].runBeside(kTslapp, {QStringLiteral("--report"), (*office)[Alpha].folder()}).exitCode,
+        3);
 }
 
 // An order is carried out by the one it names, told to all, and kept.

@@ -35,7 +35,8 @@ PieChart::Plan PieChart::plan(const QRect& room) const {
     int names = 0;
     int values = 0;
     for (const ChartPoint& point : series().points) {
-        names = std::max(names, metrics.horizontalAdvance(point.name));
+        // The advance is rounded, and a text without its last fraction is cut.
+        names = std::max(names, metrics.horizontalAdvance(point.name) + 1);
         values = std::max(values, metrics.horizontalAdvance(point.text));
     }
     Plan made;

@@ -82,8 +82,7 @@ QString Diagnostics::HelpReport() const {
     };
     section("Status Information", GetDiagInfo());
     section("Sound", SoundInfo());
-    section("Locations", QLatin1String("location\thost\tversion\tSID\tlast refresh\n") +
-                             locationReport(m_from.endpoints, m_from.protocol, ReportFacts::Technical));
+    section("Locations", locationReport(m_from.endpoints, m_from.protocol, ReportFacts::Technical));
     QStringList log = LogLines();
     std::transform(log.begin(), log.end(), log.begin(), withoutBrackets);
     section("Log", log.isEmpty() ? QStringLiteral("(empty)") : log.join(u'\n'));

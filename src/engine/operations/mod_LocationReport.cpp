@@ -19,6 +19,9 @@ QString locationReport(const Endpoints& endpoints, const NetworkProtocol& protoc
     QString report = QStringLiteral("packets sent %1, received %2\n")
                          .arg(protocol.packetsSent())
                          .arg(protocol.packetsReceived());
+    if (facts == ReportFacts::Technical) {
+        report += QLatin1String("location\thost\tversion\tSID\tlast refresh\n");
+    }
     for (const auto& record : endpoints.records().rows()) {
         QStringList fields;
         for (const EndpointItem column : columns) {

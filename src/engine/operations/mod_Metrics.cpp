@@ -229,9 +229,8 @@ ChartSeries Metrics::AddSeriesAlerts() const {
                        QStringLiteral("Metrics"), QStringLiteral("Count")};
     for (std::size_t i = 0; i < kCounters; ++i) {
         if (m_counters[i] > 0) {
-            series.points.push_back({.name = QLatin1String(kLabels[i]),
-                                     .value = static_cast<double>(m_counters[i]),
-                                     .text = QString::number(m_counters[i])});
+            series.points.push_back(
+                CreatePiePoint(QLatin1String(kLabels[i]), m_counters[i], QString::number(m_counters[i])));
         }
     }
     return series;
@@ -279,6 +278,9 @@ ChartSeries Metrics::AddSeriesHours() const {
 }
 
 QString Metrics::remark() const {
+    if (!m_settings.Recents_SAVE()) {
+        return QStringLiteral("Notifications are not kept, so nothing new is counted");
+    }
     if (std::find(m_counters.begin(), m_counters.end(), kMostCounted) != m_counters.end()) {
         return QStringLiteral("Counters stop at %1").arg(kMostCounted);
     }

@@ -61,10 +61,8 @@ double NetworkUsage::BytesToMegabytes(double bytes) {
 ChartSeries NetworkUsage::AddSeriesNetwork() const {
     const auto point = [](const char* name, double bytes) {
         const double megabytes = BytesToMegabytes(bytes);
-        return ChartPoint{.name = QLatin1String(name),
-                          .value = megabytes,
-                          .text =
-                              QLocale::system().toString(megabytes, 'f', 3) + QLatin1String(" Megabytes")};
+        return CreatePiePoint(QLatin1String(name), megabytes,
+                              QLocale::system().toString(megabytes, 'f', 3) + QLatin1String(" Megabytes"));
     };
     return {QStringLiteral("Tessel network usage since \n") + cStamp().LongDate(m_since),
             QStringLiteral("Network Usage"),

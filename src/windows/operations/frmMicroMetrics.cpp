@@ -99,7 +99,6 @@ void frmMicroMetrics::createCharts() {
     m_pie->setObjectName(QStringLiteral("ChartControl"));
     m_days->setObjectName(QStringLiteral("ChartDays"));
     m_hours->setObjectName(QStringLiteral("ChartHours"));
-    m_hours->setEmptyText(tr("Nothing on this day"));
     auto* const layout = new QGridLayout(m_charts);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kGrid);
@@ -114,6 +113,16 @@ void frmMicroMetrics::createCharts() {
             LoadMetrics(m_station.own.SID, day, true);
         }
     });
+}
+
+// What stands where a chart has nothing to show.
+void frmMicroMetrics::AddTitles() {
+    const Metrics& metrics = m_station.metrics;
+    m_pie->setEmptyText(m_network                      ? tr("Nothing was sent or received")
+                        : metrics.kept(metrics.date()) ? tr("Nothing on this day")
+                                                       : tr("This day was not kept"));
+    m_hours->setEmptyText(tr("Nothing on this day"));
+    m_remark->setText(m_network ? QString() : metrics.remark());
 }
 
 void frmMicroMetrics::CreateMenubar() {
@@ -279,19 +288,14 @@ void frmMicroMetrics::LoadNewChart(int row) {
 
 void frmMicroMetrics::LoadChart() {
     const Metrics& metrics = m_station.metrics;
-    m_pie->setEmptyText(metrics.kept(metrics.date()) ? tr("Nothing on this day")
-                                                     : tr("This day was not kept"));
     m_pie->setSeries(metrics.AddSeriesAlerts());
     m_days->setSeries(metrics.AddSeriesDays());
     m_hours->setSeries(metrics.AddSeriesHours());
-    m_remark->setText(metrics.remark());
     showNetwork(false);
 }
 
 void frmMicroMetrics::LoadChartNetwork() {
-    m_pie->setEmptyText(tr("Nothing was sent or received"));
     m_pie->setSeries(m_station.usage.AddSeriesNetwork());
-    m_remark->clear();
     showNetwork(true);
 }
 
@@ -305,6 +309,7 @@ void frmMicroMetrics::showNetwork(bool network) {
     m_dates->setVisible(!network);
     m_commands->setVisible(static_cast<int>(Id::Refresh), network);
     m_commands->setVisible(static_cast<int>(Id::ResetNetwork), network);
+    AddTitles();
     refreshChecks();
 }
 

@@ -50,6 +50,7 @@ public:
 private:
     void CreateMenubar();
     void createCharts();
+    void AddTitles();
     void createKeys();
     void LoadMetrics(const QString& SID, QDate date, bool loadDateList);
     void LoadChart();
