@@ -91,7 +91,12 @@ void search(Office& office) {
     CardControl& list = listOf(office);
     list.syncNow();
     auto& box = *office.desktop.windows.mainWindow()->findChild<PromptEdit*>();
+    office.desktop.windows.mainWindow()->activateWindow();
+    QApplication::processEvents();
     box.setFocus();
+    if (!box.hasFocus()) {
+        std::puts("(the search box has no focus)");
+    }
     std::vector<double> times;
     const auto type = [&](int key, const QString& text) {
         QKeyEvent press(QEvent::KeyPress, key, {}, text);

@@ -13,6 +13,7 @@
 #include <QClipboard>
 #include <QLabel>
 #include <QPushButton>
+#include <QScrollBar>
 
 #include <gtest/gtest.h>
 
@@ -115,6 +116,23 @@ TEST_F(InboxTab, SearchesWholeTexts) {
     me().inbox.Loadinbox();
     EXPECT_EQ(me().inbox.rptMessages.count(), 3) << "what a search hides is saved";
     EXPECT_EQ(shownIDs(), QStringList({"3", "2"}));
+}
+
+TEST_F(InboxTab, StaysWhereOneReadsUnlessTheTopIsWanted) {
+    for (int i = 0; i < 40; ++i) {
+        message(QString::number(i), "text");
+    }
+    QScrollBar& bar = *list().verticalScrollBar();
+    bar.setValue(bar.maximum() / 2);
+    const int read = bar.maximum() - bar.value();
+    message("new", "text");
+    EXPECT_EQ(bar.maximum() - bar.value(), read);
+    QAction* const top = form->commands()->find(483);
+    EXPECT_FALSE(top->isChecked());
+    top->trigger();
+    EXPECT_TRUE(top->isChecked());
+    message("newer", "text");
+    EXPECT_EQ(bar.value(), 0);
 }
 
 TEST_F(InboxTab, AsksBeforeAllIsGone) {

@@ -62,11 +62,13 @@ void PromptEdit::setBackColor(const QColor& color) {
 void PromptEdit::focusInEvent(QFocusEvent* event) {
     QLineEdit::focusInEvent(event);
     setPlaceholderText({});
+    emit entered(true);
 }
 
 void PromptEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     setPlaceholderText(m_prompt);
+    emit entered(false);
 }
 
 void PromptEdit::keyPressEvent(QKeyEvent* event) {

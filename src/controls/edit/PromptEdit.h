@@ -28,6 +28,8 @@ signals:
     void searchChanged(const QString& text);
     // Enter or the arrow down: the user goes on to the list.
     void leaveForList();
+    // The user is about to search, or is no more.
+    void entered(bool here);
 
 protected:
     void focusInEvent(QFocusEvent* event) override;

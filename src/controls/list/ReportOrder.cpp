@@ -100,6 +100,17 @@ void ReportOrder::setFilterText(const QString& text) {
     m_rulesChanged = true;
 }
 
+void ReportOrder::prepareFilter(bool prepared) {
+    m_prepared = prepared;
+    for (Known& row : m_known) {
+        if (prepared) {
+            fold(row);
+        } else if (m_words.isEmpty()) {
+            row.searched.clear();
+        }
+    }
+}
+
 ReportOrder::Synced ReportOrder::sync() {
     if (m_records) {
         m_records->bringUpToDate();
@@ -298,15 +309,21 @@ bool ReportOrder::refreshRanks(Known& row) {
     return moved;
 }
 
-bool ReportOrder::accepts(Known& row) const {
-    if (m_words.isEmpty()) {
-        row.searched.clear();
-        return true;
-    }
+void ReportOrder::fold(Known& row) const {
     if (row.searched.isNull()) {
         row.searched = searchedText(*row.record).toCaseFolded();
         row.keywords = m_keywords ? u' ' + m_keywords(*row.record).toCaseFolded() + u' ' : QString();
     }
+}
+
+bool ReportOrder::accepts(Known& row) const {
+    if (m_words.isEmpty()) {
+        if (!m_prepared) {
+            row.searched.clear();
+        }
+        return true;
+    }
+    fold(row);
     return std::all_of(m_words.begin(), m_words.end(), [&row](const QString& word) {
         if (row.searched.contains(word)) {
             return true;

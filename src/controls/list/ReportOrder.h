@@ -74,6 +74,9 @@ public:
     // by its beginning, any other as a whole, so that nobody gets half of the rows for two letters.
     void setKeywords(std::function<QString(const ReportRecord&)> keywords);
     bool isFiltered() const { return !m_words.isEmpty(); }
+    // From now on filters may come: what the first one would have to do is done, and kept until they
+    // will not.
+    void prepareFilter(bool prepared);
 
     Synced sync();
 
@@ -129,6 +132,7 @@ private:
     Touched refreshRows();
     bool refresh(Known& row, bool& heights);
     bool refreshRanks(Known& row);
+    void fold(Known& row) const;
     bool accepts(Known& row) const;
     bool isAged(const ReportRecord& record) const;
     bool stands(const Known& a, const Known& b) const;
@@ -149,6 +153,7 @@ private:
     std::uint64_t m_seen = 0;
     std::uint64_t m_structureSeen = 0;
     bool m_rulesChanged = false;
+    bool m_prepared = false;
 };
 
 // The item, or an empty one when the row has no such item.

@@ -68,6 +68,11 @@ void ReportView::setKeywords(std::function<QString(const ReportRecord&)> keyword
     syncOrNote();
 }
 
+void ReportView::prepareFilter(bool prepared) {
+    syncOrNote();
+    m_order->prepareFilter(prepared);
+}
+
 void ReportView::setIconProvider(ReportIconProvider provider) {
     m_kit.setIconProvider(std::move(provider));
     viewport()->update();

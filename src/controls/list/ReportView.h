@@ -30,6 +30,8 @@ public:
     void setFilterText(const QString& text);
     // Words for which rows are found beside their texts: see ReportOrder.
     void setKeywords(std::function<QString(const ReportRecord&)> keywords);
+    // Somebody is about to filter, or is no more: the first letter finds its work done.
+    void prepareFilter(bool prepared);
     void setIconProvider(ReportIconProvider provider);
     void setFontSize(int points);     // 8 to 20
     void setWallFontSize(int points); // 8 to 200, to be read from afar

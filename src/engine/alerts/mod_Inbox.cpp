@@ -7,6 +7,7 @@
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_QuotedRecords.h"
 #include "engine/core/mod_Settings.h"
+#include "records/mod_PlainText.h"
 
 #include <algorithm>
 
@@ -291,7 +292,7 @@ void Inbox::Print_Message() {
 }
 
 QString Inbox::printText(const ReceivedMessage& message) {
-    return QLatin1String("Message From: ") + message.location + kNewLine + kNewLine +
+    return QLatin1String("Message From: ") + withoutControls(message.location) + kNewLine + kNewLine +
            MessageText(message.text).trimmed() + kNewLine + kNewLine + message.time + QLatin1String(" on ") +
            m_stamp.LongDate(message.date) + kNewLine;
 }

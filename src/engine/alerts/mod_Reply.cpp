@@ -5,6 +5,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/presence/mod_LocationViews.h"
+#include "records/mod_PlainText.h"
 
 namespace tessel {
 
@@ -19,8 +20,8 @@ void Reply::LoadMessage(const ReceivedMessage& message, bool fromHistory) {
 }
 
 QString Reply::heading() {
-    return QLatin1String("From: ") + m_message.location + QLatin1String(" @ ") + m_message.time +
-           QLatin1String(" on ") + m_stamp.LongDate(m_message.date);
+    return QLatin1String("From: ") + withoutControls(m_message.location) + QLatin1String(" @ ") +
+           m_message.time + QLatin1String(" on ") + m_stamp.LongDate(m_message.date);
 }
 
 QString Reply::original() const {

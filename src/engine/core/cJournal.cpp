@@ -144,9 +144,13 @@ bool cJournal::append(Change::Kind kind, const QString& text) {
     return write(static_cast<char>(kind), toBytes(text));
 }
 
+QByteArray cJournal::firstLine() const {
+    return QByteArray::number(static_cast<qulonglong>(m_number)) + '\n';
+}
+
 // Makes the file with its first line.
 bool cJournal::begin() {
-    const QByteArray first = QByteArray::number(static_cast<qulonglong>(m_number)) + '\n';
+    const QByteArray first = firstLine();
     if (!replaceFile(path(), first)) {
         return false;
     }
@@ -190,10 +194,21 @@ bool cJournal::save(const QByteArray& list) {
         return false;
     }
     tmrSync.setEnabled(false);
-    if (used && !begin() && QFile::resize(path(), 0)) {
-        m_size = 0; // a full disk has room for nothing, and that is as good as a first line
+    if (used) {
+        empty();
     }
     return true;
+}
+
+// In place, and nobody waits for the disk: the list has all entries, and whatever a power cut leaves of
+// the file is known as saved or damaged. A full disk has room for nothing, and that is as good as a
+// first line.
+void cJournal::empty() {
+    QFile file(path());
+    if (file.open(QIODevice::ReadWrite | QIODevice::Unbuffered) && file.resize(0)) {
+        const QByteArray first = firstLine();
+        m_size = file.write(first) == first.size() ? first.size() : 0;
+    }
 }
 
 void cJournal::sync() {

@@ -80,7 +80,9 @@ private:
     // The entries of the file. Learns where they end and the highest number.
     Contents read();
     void learn();
+    QByteArray firstLine() const;
     bool begin();
+    void empty();
     void sync();
 
     const Folders& m_folders;

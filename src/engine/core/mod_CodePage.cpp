@@ -44,14 +44,15 @@ QByteArray toBytes(QStringView text) {
     }
     // A character outside the basic plane is one character, not two.
     if (bytes.contains('?')) {
-        qsizetype kept = 0;
+        char* const begin = bytes.data();
+        char* kept = begin;
         for (qsizetype i = 0; i < text.size(); ++i) {
             const bool secondHalf = text[i].isLowSurrogate() && i > 0 && text[i - 1].isHighSurrogate();
             if (!secondHalf) {
-                bytes[kept++] = bytes[i];
+                *kept++ = begin[i];
             }
         }
-        bytes.truncate(kept);
+        bytes.truncate(kept - begin);
     }
     return bytes;
 }

@@ -101,6 +101,7 @@ void frmNotifications::createList() {
     m_list->setRecords(&m_history.rptNotifications);
     m_filter->setAccessibleName(tr("Filter notifications"));
     connect(m_filter, &PromptEdit::searchChanged, m_list, &CardControl::setFilterText);
+    connect(m_filter, &PromptEdit::entered, m_list, &CardControl::prepareFilter);
     connect(m_filter, &PromptEdit::leaveForList, m_list, [this] { m_list->setFocus(); });
     connect(m_list, &CardControl::recordActivated, this, [this](const ReportRecordPtr& record) {
         m_history.Open_Recent(item(*record, CardItem::Record).text);

@@ -34,10 +34,9 @@ MessageView::MessageView(Station& station, CommandSet& commands, std::function<Q
         inbox.GetMessageFromList();
     });
     connect(m_list, &CardControl::recordMenuRequested, this, &MessageView::showMenu);
-    connect(&inbox, &Inbox::ensureTopVisible, m_list, [this] {
-        m_list->syncNow();
-        m_list->ensureTopVisible();
-    });
+    // Not with the list brought up to date first: a list that stands at its top stays there, and a flood
+    // costs a sync a frame.
+    connect(&inbox, &Inbox::ensureTopVisible, m_list, &CardControl::ensureTopVisible);
     connect(&inbox, &Inbox::printRequested, this, [this](const QString& text) {
         showPreview({tr("Message"), {{.text = text}}}, window());
     });

@@ -91,6 +91,7 @@ void frmMain::createSearch() {
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(tr("Search"));
     connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
+    connect(m_search, &PromptEdit::entered, m_views, &Views::prepareSearch);
     connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
 }
 

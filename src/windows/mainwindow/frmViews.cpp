@@ -180,6 +180,12 @@ void Views::setStateFiltered(bool filtered) {
     }
 }
 
+void Views::prepareSearch(bool prepared) {
+    for (const auto& [view, list] : m_lists) {
+        list->prepareFilter(prepared && view == m_current);
+    }
+}
+
 void Views::applyFont() {
     const Settings& settings = m_station.settings;
     const int points = m_station.shell.reportFont();

@@ -40,6 +40,8 @@ public:
     // Marks that the current list is narrowed by the state of its rows.
     void setStateFiltered(bool filtered);
 
+    // Whether the current list is about to be searched.
+    void prepareSearch(bool prepared);
     void applyFont();
     void applyPreview();
     // Puts the rows of all lists in the order of the settings.
