@@ -2,11 +2,11 @@
 #include "controls/popup/PopupControl.h"
 
 #include <QAbstractButton>
-#include <QAccessible>
 #include <QApplication>
 #include <QScreen>
 #include <QSignalSpy>
 #include <QTest>
+#include <QVariantAnimation>
 
 #include <gtest/gtest.h>
 
@@ -154,14 +154,46 @@ TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
                 EXPECT_LE(popup.accessibleName().size(), 1100);
             }
             look.fontSize = 10;
-            EXPECT_LE(popup.sizeFor(look, screen).width(), 360);
-            EXPECT_LE(popup.sizeFor(look, screen).height(), 260);
+            EXPECT_EQ(popup.sizeFor(look, screen).width(), 320);
+            EXPECT_LE(popup.sizeFor(look, screen).height(), 280);
             EXPECT_LE(popup.sizeFor(look, QRect(0, 0, 120, 60)).height(), 60);
         }
     }
     PopupLook plain = message();
     plain.fontSize = 10;
-    EXPECT_EQ(popup.sizeFor(plain, screen), QSize(270, 140));
+    EXPECT_EQ(popup.sizeFor(plain, screen), QSize(320, 166)) << "270 by 140 units";
     plain.fontSize = 20;
     EXPECT_GT(popup.sizeFor(plain, screen).width(), 450);
+}
+
+// Text on a strong colour is not read in passing; and what stands still must not go on moving.
+TEST(PopupControl, ReadsOnItsLightEndAndCallsTwice) {
+    PopupControl popup;
+    PopupLook look = notice();
+    look.bodyFrom = QColor(250, 16, 85);
+    look.icon = QIcon();
+    popup.show(look, {0, 0});
+    EXPECT_GE(contrastRatio(popup.grab().toImage().pixelColor(popup.width() - 20, 60), Qt::black), 7.0);
+
+    QPixmap dot(16, 16);
+    dot.fill(Qt::transparent);
+    look.icon = QIcon(dot);
+    look.motion = look.pulse = look.shadow = true;
+    popup.show(look, {100, 100});
+    EXPECT_EQ(popup.box().topLeft(), QPoint(100, 100)) << "the shadow is around it";
+    EXPECT_GT(popup.width(), popup.box().width());
+    EXPECT_LT(popup.windowOpacity(), 1.0);
+    const QPoint icon = popup.box().topLeft() - popup.pos() + QPoint(20, popup.box().height() - 12);
+    const auto strong = [&] { return popup.grab().toImage().pixelColor(icon).lightness(); };
+    const int rest = strong();
+    for (QVariantAnimation* const motion : popup.findChildren<QVariantAnimation*>()) {
+        ASSERT_EQ(motion->state(), QAbstractAnimation::Running);
+        const bool calls = motion->loopCount() == 2;
+        motion->pause();
+        motion->setCurrentTime(motion->duration() / 2);
+        EXPECT_EQ(strong() > rest + 20, calls);
+        motion->setCurrentTime(motion->totalDuration());
+        EXPECT_EQ(strong(), rest);
+    }
+    EXPECT_EQ(popup.windowOpacity(), 1.0);
 }

@@ -9,6 +9,7 @@
 #include "controls/bars/Ribbon.h"
 #include "controls/edit/PromptEdit.h"
 #include "support/gui_forms.h"
+#include "windows/mainwindow/frmTray.h"
 #include "windows/mainwindow/frmViews.h"
 
 #include <QAccessible>
@@ -362,4 +363,59 @@ TEST_F(MainWindowDrive, NoMnemonicTwice) {
         ASSERT_NE(action, nullptr);
         take(inMenu, mnemonic(action->text()), action->text());
     }
+}
+
+// Nobody hears of an alert whose bar is under other windows, or of anything while do not disturb is
+// forgotten.
+TEST_F(MainWindowDrive, WhatMustNotBeForgottenStaysInSight) {
+    auto* const mark = form->findChild<QToolButton*>(QStringLiteral("DoNotDisturbMark"));
+    ASSERT_NE(mark, nullptr);
+    EXPECT_FALSE(mark->isVisible());
+    me().status.SetDND();
+    settle();
+    EXPECT_TRUE(mark->isVisible());
+    click(*mark);
+    EXPECT_FALSE(me().own.doNotDisturb);
+    EXPECT_FALSE(mark->isVisible());
+
+    const Tray tray(me(), [](int) { return QIcon(); });
+    EXPECT_EQ(tray.tip(), "Tessel Status");
+    me().alertBar.CreateMessagebarAlert("DoorBell:", "Please <b>come", "Room <i>2", 0);
+    EXPECT_EQ(tray.tip(), QString::fromUtf8("Tessel Status \u2013 DoorBell: Room \u2039i>2"));
+    me().alertBar.TurnOff_AlertBar();
+    EXPECT_EQ(tray.tip(), "Tessel Status");
+}
+
+// Who looks for a free room finds it by one click, and a low window still shows its list.
+TEST_F(MainWindowDrive, NarrowsToTheFreeAndFoldsByHeight) {
+    emit home().stateHeaderClicked(form->mapToGlobal(QPoint(20, 100)));
+    auto* const menu = qobject_cast<QMenu*>(QApplication::activePopupWidget());
+    ASSERT_NE(menu, nullptr);
+    choose(*menu, "Occupied");
+    EXPECT_EQ(search().text(), "occupied");
+    EXPECT_EQ(home().shownCount(), 0);
+    form->activateWindow();
+    home().setFocus();
+    settle();
+    key(home(), Qt::Key_Escape);
+    EXPECT_EQ(home().shownCount(), 3);
+
+    form->resize(480, 720);
+    settle();
+    const int full = ribbon().height();
+    form->resize(480, 680);
+    settle();
+    EXPECT_LT(ribbon().height(), full);
+    EXPECT_FALSE(ribbon().isMinimised());
+    form->resize(300, 320);
+    settle();
+    EXPECT_TRUE(ribbon().isMinimised());
+    me().alertBar.CreateMessagebarAlert("Urgent:", "Help", "Room 2", 2);
+    settle();
+    EXPECT_GE(home().viewport()->height(), 3 * home().visualRect(home().model()->index(0, 1)).height());
+    key(home(), Qt::Key_Escape);
+    EXPECT_FALSE(me().alertBar.AlertBarShown());
+    form->resize(480, 720);
+    settle();
+    EXPECT_EQ(ribbon().height(), full);
 }

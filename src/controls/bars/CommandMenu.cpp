@@ -3,6 +3,7 @@
 #include "controls/bars/CommandBars.h"
 #include "controls/list/ReportText.h"
 
+#include <QActionGroup>
 #include <QHBoxLayout>
 #include <QKeyEvent>
 #include <QLineEdit>
@@ -34,10 +35,18 @@ void CommandMenu::setEntries(const std::vector<MenuEntry>& entries) {
 }
 
 void CommandMenu::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
+    QActionGroup* choices = nullptr;
     for (const MenuEntry& entry : entries) {
+        if (!entry.exclusive) {
+            choices = nullptr;
+        } else if (choices == nullptr) {
+            choices = new QActionGroup(&menu);
+            // Who hears of a choice decides what is checked.
+            choices->setExclusionPolicy(QActionGroup::ExclusionPolicy::ExclusiveOptional);
+        }
         switch (entry.kind) {
         case MenuEntry::Kind::Command:
-            addCommand(menu, entry);
+            addCommand(menu, entry, choices);
             break;
         case MenuEntry::Kind::Separator:
             menu.addSeparator();
@@ -62,12 +71,15 @@ void CommandMenu::fill(QMenu& menu, const std::vector<MenuEntry>& entries) {
     }
 }
 
-void CommandMenu::addCommand(QMenu& menu, const MenuEntry& entry) {
+void CommandMenu::addCommand(QMenu& menu, const MenuEntry& entry, QActionGroup* choices) {
     QAction* const model = m_commands.find(entry.id);
     if (model == nullptr && entry.text.isEmpty()) {
         return;
     }
     QAction* const action = menu.addAction(plainCaption(singleLine(entry.text, kCaptionChars)));
+    if (choices != nullptr) {
+        choices->addAction(action);
+    }
     if (model != nullptr) {
         const auto follow = [action, model, own = action->text()] {
             action->setText(own.isEmpty() ? model->text() : own);

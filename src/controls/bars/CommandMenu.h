@@ -15,6 +15,7 @@
 #include <utility>
 #include <vector>
 
+class QActionGroup;
 class QLineEdit;
 
 namespace tessel {
@@ -41,6 +42,8 @@ struct MenuEntry {
     static MenuEntry command(int id, const QString& text = {}, std::optional<QString> says = {}) {
         return {Kind::Command, id, text, std::move(says)};
     }
+    // One of several that exclude each other: those that stand together.
+    static MenuEntry choice(int id) { return {.kind = Kind::Command, .id = id, .exclusive = true}; }
     static MenuEntry separator() { return {}; }
     static MenuEntry heading(const QString& text) { return {Kind::Heading, 0, text}; }
     static MenuEntry subMenu(const QString& text, std::vector<MenuEntry> entries, int icon = -1) {
@@ -62,6 +65,7 @@ struct MenuEntry {
     std::vector<MenuEntry> entries = {};
     int icon = -1;
     MenuBox box = {};
+    bool exclusive = false;
 };
 
 class CommandMenu : public QMenu {
@@ -89,7 +93,7 @@ private:
     };
 
     void fill(QMenu& menu, const std::vector<MenuEntry>& entries);
-    void addCommand(QMenu& menu, const MenuEntry& entry);
+    void addCommand(QMenu& menu, const MenuEntry& entry, QActionGroup* choices);
     void addPhrase(QMenu& menu, const MenuEntry& entry);
     void addTextBox(QMenu& menu, const MenuEntry& entry);
     QLineEdit* createLine(QMenu& menu, const MenuBox& box);

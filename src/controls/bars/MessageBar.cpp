@@ -3,6 +3,7 @@
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportText.h"
 #include "controls/look/ElidedLabel.h"
+#include "controls/look/Tokens.h"
 
 #include <QHBoxLayout>
 #include <QHelpEvent>
@@ -84,6 +85,22 @@ void MessageBar::showContent() {
         m_parts[i]->setVisible(!texts[i].isEmpty());
         m_parts[i]->setPalette(inks);
     }
+    fitTime();
+}
+
+// In little room the time goes first: it is in the tip, and who rang is not to be cut for it.
+void MessageBar::fitTime() {
+    int whole = m_button->isVisibleTo(this) ? m_button->sizeHint().width() + kPadding : 0;
+    for (const ElidedLabel* const part : m_parts) {
+        whole += part->text().isEmpty() ? 0 : part->wholeWidth() + kPadding;
+    }
+    const bool fits = width() >= look::kNarrow || whole + kIconSize + 2 * kPadding <= width();
+    m_parts[kTime]->setVisible(!m_content.time.isEmpty() && fits);
+}
+
+void MessageBar::resizeEvent(QResizeEvent* event) {
+    AlertWidget::resizeEvent(event);
+    fitTime();
 }
 
 QString MessageBar::whole() const {
@@ -118,6 +135,7 @@ void MessageBar::paintEvent(QPaintEvent*) {
 bool MessageBar::event(QEvent* event) {
     if (event->type() == QEvent::ToolTip) {
         const bool cut = m_content.text.size() > kShownChars ||
+                         (!m_content.time.isEmpty() && m_parts[kTime]->isHidden()) ||
                          std::ranges::any_of(m_parts, [](const ElidedLabel* part) { return part->isCut(); });
         QToolTip::showText(static_cast<QHelpEvent*>(event)->globalPos(), cut ? plainTip(whole()) : QString(),
                            this);

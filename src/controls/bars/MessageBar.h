@@ -48,11 +48,13 @@ protected:
     void paintEvent(QPaintEvent* event) override;
     void showEvent(QShowEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     QString whole() const;
     QColor back() const;
     void showContent();
+    void fitTime();
     void tell();
 
     enum Part { kTitle, kText, kTime, kName, kParts };

@@ -17,6 +17,10 @@ void PaneBar::setFooter(const QString& text, const QString& tip) {
     m_footer->setLine(text, tip);
 }
 
+void PaneBar::addMark(QWidget* mark) {
+    insertPermanentWidget(1, mark);
+}
+
 QString PaneBar::footer() const {
     return m_footer->text();
 }

@@ -21,6 +21,8 @@ public:
     // Plain texts of any origin. A text without room is cut, and its tip begins with the whole.
     void setFooter(const QString& text, const QString& tip = {});
     QString footer() const;
+    // A mark between the footer and the panes. It becomes the bar's.
+    void addMark(QWidget* mark);
 
     CommandBar& panes() const { return *m_panes; }
     QToolButton* button(int id) const;

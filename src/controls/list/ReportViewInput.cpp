@@ -130,6 +130,12 @@ void ReportView::focusInEvent(QFocusEvent* event) {
         QAbstractScrollArea::focusInEvent(event); // NOLINT(bugprone-parent-virtual-call): on purpose
     }
     viewport()->update();
+    update(); // the frame, too
+}
+
+void ReportView::focusOutEvent(QFocusEvent* event) {
+    QAbstractItemView::focusOutEvent(event);
+    update();
 }
 
 void ReportView::keyPressEvent(QKeyEvent* event) {

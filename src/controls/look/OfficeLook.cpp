@@ -1,8 +1,11 @@
 #include "controls/look/OfficeLook.h"
 
 #include "controls/list/ReportColors.h"
+#include "controls/look/Tokens.h"
 
+#include <QAbstractScrollArea>
 #include <QApplication>
+#include <QHash>
 #include <QPainter>
 #include <QPalette>
 #include <QProxyStyle>
@@ -24,10 +27,10 @@ struct Shades {
     QRgb window, base, alternate, text, dimmed, button, border, accent, accentText, link, tip;
 };
 
-constexpr Shades kLight{0xFFF4F5F7, 0xFFFFFFFF, 0xFFF7F8FA, 0xFF1E2329, 0xFF717A85, 0xFFFBFBFC,
+constexpr Shades kLight{0xFFF4F5F7, 0xFFFFFFFF, 0xFFF7F8FA, 0xFF1E2329, 0xFF5F6873, 0xFFFBFBFC,
                         0xFFC9CED6, 0xFF1F6FB2, 0xFFFFFFFF, 0xFF1F6FB2, 0xFFFFFFFF};
-constexpr Shades kDark{0xFF23272E, 0xFF1B1E24, 0xFF20242A, 0xFFE6E9ED, 0xFF98A1AC, 0xFF2D323A,
-                       0xFF3F4651, 0xFF3D8FD6, 0xFFFFFFFF, 0xFF6DB3EE, 0xFF2D323A};
+constexpr Shades kDark{0xFF23272E, 0xFF1B1E24, 0xFF20242A, 0xFFE6E9ED, 0xFFA3ACB7, 0xFF282D34,
+                       0xFF3F4651, 0xFF2F79BF, 0xFFFFFFFF, 0xFF6DB3EE, 0xFF2D323A};
 
 QPalette paletteOf(const Shades& s) {
     QPalette palette;
@@ -138,9 +141,42 @@ public:
         }
     }
 
+    // The style derives the frame of a control from the colour of the window, too faint for what one types
+    // into: such a control is given another window to derive it from.
+    const QPalette& framed(const QPalette& palette) const {
+        constexpr qsizetype kMost = 32; // palettes of single widgets come and go
+        constexpr int kDarker = 140;    // percent, the style's own step
+        const auto known = m_framed.constFind(palette.cacheKey());
+        if (known != m_framed.constEnd()) {
+            return *known;
+        }
+        if (m_framed.size() >= kMost) {
+            m_framed.clear();
+        }
+        QPalette made = palette;
+        const QColor frame = frameColor(palette);
+        made.setColor(QPalette::Window, QColor::fromHsv(frame.hue(), frame.saturation(),
+                                                        std::min(255, frame.value() * kDarker / 100)));
+        return *m_framed.insert(palette.cacheKey(), made);
+    }
+
     void drawComplexControl(ComplexControl control, const QStyleOptionComplex* option, QPainter* painter,
                             const QWidget* widget) const override {
         const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
+        if (const auto* const combo = qstyleoption_cast<const QStyleOptionComboBox*>(option);
+            control == CC_ComboBox && combo != nullptr) {
+            QStyleOptionComboBox box = *combo;
+            box.palette = framed(combo->palette);
+            QProxyStyle::drawComplexControl(control, &box, painter, widget);
+            return;
+        }
+        if (const auto* const spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
+            control == CC_SpinBox && spin != nullptr) {
+            QStyleOptionSpinBox box = *spin;
+            box.palette = framed(spin->palette);
+            QProxyStyle::drawComplexControl(control, &box, painter, widget);
+            return;
+        }
         if (control != CC_ToolButton || button == nullptr || !opensMenu(*button)) {
             QProxyStyle::drawComplexControl(control, option, painter, widget);
             return;
@@ -176,7 +212,6 @@ public:
         return picture;
     }
 
-    // The style draws frames darker than the window, which nobody sees on a dark one.
     void drawPrimitive(PrimitiveElement element, const QStyleOption* option, QPainter* painter,
                        const QWidget* widget) const override {
         if (element == PE_PanelButtonTool) {
@@ -195,6 +230,11 @@ public:
             painter->drawRect(option->rect.adjusted(-1, -1, 1, 1));
             return;
         }
+        if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton ||
+            element == PE_FrameLineEdit || element == PE_PanelButtonCommand) {
+            drawFramed(element, *option, painter, widget);
+            return;
+        }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
         if (m_dark && element == PE_PanelMenu) {
             painter->setPen(option->palette.color(QPalette::Mid));
@@ -202,22 +242,13 @@ public:
             painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
             return;
         }
-        const bool box = element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton;
-        // Where the focus is, the style's own frame is bright enough.
-        if (!m_dark || (!box && (element != PE_FrameLineEdit || option->state.testFlag(State_HasFocus)))) {
-            return;
+        // A list that has the keyboard shows it, whether a row of it is chosen or not.
+        if (element == PE_Frame && qobject_cast<const QAbstractScrollArea*>(widget) != nullptr &&
+            widget->hasFocus()) {
+            painter->setPen(option->palette.color(QPalette::Active, QPalette::Highlight));
+            painter->setBrush(Qt::NoBrush);
+            painter->drawRect(option->rect.adjusted(0, 0, -1, -1));
         }
-        painter->save();
-        painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(option->palette.color(box ? QPalette::PlaceholderText : QPalette::Mid));
-        painter->setBrush(Qt::NoBrush);
-        const QRectF frame = QRectF(option->rect).adjusted(0.5, 0.5, -0.5, -0.5);
-        if (element == PE_IndicatorRadioButton) {
-            painter->drawEllipse(frame);
-        } else {
-            painter->drawRoundedRect(frame, 2, 2);
-        }
-        painter->restore();
     }
 
 private:
@@ -268,7 +299,26 @@ private:
         }
     }
 
+    void drawFramed(PrimitiveElement element, const QStyleOption& option, QPainter* painter,
+                    const QWidget* widget) const {
+        // The option must stay of its own kind, since the style looks into it.
+        if (const auto* const button = qstyleoption_cast<const QStyleOptionButton*>(&option)) {
+            QStyleOptionButton box = *button;
+            box.palette = framed(button->palette);
+            QProxyStyle::drawPrimitive(element, &box, painter, widget);
+        } else if (const auto* const frame = qstyleoption_cast<const QStyleOptionFrame*>(&option)) {
+            QStyleOptionFrame box = *frame;
+            box.palette = framed(frame->palette);
+            QProxyStyle::drawPrimitive(element, &box, painter, widget);
+        } else {
+            QStyleOption box = option;
+            box.palette = framed(option.palette);
+            QProxyStyle::drawPrimitive(element, &box, painter, widget);
+        }
+    }
+
     bool m_dark;
+    mutable QHash<qint64, QPalette> m_framed; // by the key of the palette that it was made of
 };
 
 bool desktopIsDark(const QPalette& desktop) {
@@ -282,10 +332,22 @@ bool desktopIsDark(const QPalette& desktop) {
 
 } // namespace
 
+QPalette officePalette(bool dark) {
+    return paletteOf(dark ? kDark : kLight);
+}
+
+QColor frameColor(const QPalette& palette) {
+    QColor color = palette.color(QPalette::Mid);
+    for (const QPalette::ColorRole back : {QPalette::Base, QPalette::Window, QPalette::Button}) {
+        color = readableOn(color, palette.color(back), palette.color(QPalette::Text), look::kPartContrast);
+    }
+    return color;
+}
+
 void SetStyle() {
     const bool dark = desktopIsDark(QApplication::palette());
     QApplication::setStyle(new OfficeStyle(dark));
-    QApplication::setPalette(paletteOf(dark ? kDark : kLight));
+    QApplication::setPalette(officePalette(dark));
 }
 
 } // namespace tessel

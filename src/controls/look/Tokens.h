@@ -65,11 +65,14 @@ inline constexpr int kPopupBand = 26;
 inline constexpr int kPopupLeast = 100;
 inline constexpr int kPopupMost = 230;
 inline constexpr int kPopupIconColumn = 44;
-inline constexpr int kPopupFade = 24; // where the strong end runs out
+inline constexpr int kPopupFade = 12; // behind it the strong end runs out
 inline constexpr int kPopupIcon = 28;
-inline constexpr int kPopupFrame = 2; // pixels
-inline constexpr int kCorner = 8;     // pixels
-inline constexpr int kShadow = 8;     // pixels around
+inline constexpr int kPopupSign = 16; // the icon in the band of a message
+inline constexpr int kPopupPad = 10;
+inline constexpr int kPopupTextLeft = 15; // of a message, from either side
+inline constexpr int kPopupFrame = 2;     // pixels
+inline constexpr int kCorner = 8;         // pixels
+inline constexpr int kShadow = 8;         // pixels around
 inline constexpr double kShadowInk = 0.28;
 inline constexpr int kStackGap = 8; // pixels
 
@@ -77,5 +80,6 @@ inline constexpr int kStackGap = 8; // pixels
 inline constexpr int kFadeMs = 120;
 inline constexpr int kPulseMs = 450;
 inline constexpr int kPulses = 2;
+inline constexpr double kPulseInk = 0.55; // white, at its height
 
 } // namespace tessel::look

@@ -2,6 +2,7 @@
 
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/Tokens.h"
 
 #include <QAbstractButton>
 #include <QApplication>
@@ -9,8 +10,10 @@
 #include <QLinearGradient>
 #include <QMouseEvent>
 #include <QPainter>
+#include <QPainterPath>
 #include <QScreen>
 #include <QStyle>
+#include <QVariantAnimation>
 
 #include <algorithm>
 #include <cmath>
@@ -19,13 +22,8 @@ namespace tessel {
 
 namespace {
 
-constexpr int kScreenMargin = 8;
-constexpr int kMeantFor = 10; // points, for all sizes in pixels below
-constexpr QSize kLargest{360, 260};
-constexpr int kNoticeWidth = 300;
-constexpr QSize kMessage{270, 140};
 constexpr int kMostLines = 8;
-constexpr int kMostLabelLines = 3;
+constexpr int kMostLabelLines = 2;
 constexpr int kLeastFont = 6;
 constexpr int kLargestFont = 40;
 constexpr int kGradientProbes = 16;
@@ -44,11 +42,11 @@ double worstContrast(const QColor& text, const QColor& from, const QColor& to) {
 
 // Moves both ends of a gradient away from the text's colour, no farther than it takes to read the
 // text all over it.
-void makeReadable(const QColor& text, QColor& from, QColor& to) {
+void makeReadable(const QColor& text, QColor& from, QColor& to, double contrast) {
     const QColor away = textOn(text);
     const QColor firstFrom = from;
     const QColor firstTo = to;
-    for (int step = 0; step <= kGradientProbes && worstContrast(text, from, to) < kReadableContrast; ++step) {
+    for (int step = 0; step <= kGradientProbes && worstContrast(text, from, to) < contrast; ++step) {
         const double share = static_cast<double>(step) / kGradientProbes;
         from = blend(firstFrom, away, share);
         to = blend(firstTo, away, share);
@@ -115,9 +113,22 @@ private:
 
 PopupControl::PopupControl(QWidget* parent)
     : AlertWidget(parent, Qt::Tool | Qt::FramelessWindowHint | Qt::WindowStaysOnTopHint |
-                              Qt::WindowDoesNotAcceptFocus) {
+                              Qt::WindowDoesNotAcceptFocus),
+      m_fade(new QVariantAnimation(this)), m_pulse(new QVariantAnimation(this)) {
     setAttribute(Qt::WA_ShowWithoutActivating);
-    setAttribute(Qt::WA_OpaquePaintEvent);
+    m_fade->setStartValue(0.0);
+    m_fade->setDuration(look::kFadeMs);
+    connect(m_fade, &QVariantAnimation::valueChanged, this,
+            [this](const QVariant& opacity) { setWindowOpacity(opacity.toDouble()); });
+    m_pulse->setStartValue(0.0);
+    m_pulse->setKeyValueAt(0.5, 1.0);
+    m_pulse->setEndValue(0.0);
+    m_pulse->setDuration(look::kPulseMs);
+    m_pulse->setLoopCount(look::kPulses);
+    connect(m_pulse, &QVariantAnimation::valueChanged, this, [this](const QVariant& veil) {
+        m_veil = veil.toDouble();
+        update();
+    });
     setAttribute(Qt::WA_QuitOnClose, false); // the last window, if all others are hidden
     setFocusPolicy(Qt::NoFocus);
 
@@ -141,27 +152,71 @@ void PopupControl::show(const PopupLook& look, QPoint topLeft) {
         screen = QGuiApplication::primaryScreen();
     }
     m_look = look;
+    takeSurface(look);
+    const bool wasUp = isVisible();
     setFont(fontFor(look));
     m_plan = plan(look, screen != nullptr ? screen->availableSize() : QSize(800, 600));
     chooseColors();
-    setFixedSize(m_plan.size);
+    setFixedSize(m_plan.size + 2 * QSize(m_margin, m_margin));
     placeButtons();
-    move(topLeft);
-    setWindowOpacity(std::clamp(look.opacity, 0.0, 1.0));
+    move(topLeft - QPoint(m_margin, m_margin));
     // What it is about comes first, so that nobody takes it for the window of the program.
-    setWindowTitle(singleLine(
-        look.label.isEmpty() ? look.caption : look.label + QStringLiteral(" – ") + look.caption, kTipChars));
-    setAccessibleName(singleLine(look.caption + u' ' + look.label + u' ' + look.text, kTipChars));
+    setWindowTitle(singleLine(look.label.isEmpty() ? look.caption
+                                                   : look.label + QStringLiteral(" \u2013 ") + look.caption,
+                              kTipChars));
+    setAccessibleName(singleLine(
+        QStringList{look.caption, look.label, look.text, look.time}.join(u' ').trimmed(), kTipChars));
     if (!testAttribute(Qt::WA_X11NetWmWindowTypeNotification)) {
         // Some desktops hide tool windows while another program is at work, but no notifications.
         // Only a window that exists already hears of it.
         create();
         setAttribute(Qt::WA_X11NetWmWindowTypeNotification);
     }
+    comeUp(wasUp);
+}
+
+// Round corners and a shadow want a window that can be seen through, which is made as such or not. On a
+// desktop that has none of these the corners are cut off.
+void PopupControl::takeSurface(const PopupLook& look) {
+    if (look.shadow != testAttribute(Qt::WA_TranslucentBackground)) {
+        hide();
+        destroy();
+        setAttribute(Qt::WA_X11NetWmWindowTypeNotification, false);
+        setAttribute(Qt::WA_TranslucentBackground, look.shadow);
+        setAttribute(Qt::WA_NoSystemBackground, look.shadow);
+    }
+    m_margin = look.shadow ? look::kShadow : 0;
+}
+
+void PopupControl::comeUp(bool wasUp) {
+    const double opacity = std::clamp(m_look.opacity, 0.0, 1.0);
+    m_fade->stop();
+    m_pulse->stop();
+    m_veil = 0;
+    const bool fades = m_look.motion && !wasUp;
+    setWindowOpacity(fades ? 0 : opacity);
+    if (m_look.shadow) {
+        clearMask();
+    } else {
+        QPainterPath round;
+        round.addRoundedRect(rect(), look::kCorner, look::kCorner);
+        setMask(QRegion(round.toFillPolygon().toPolygon()));
+    }
     QWidget::show();
     raise();
     update();
+    if (fades) {
+        m_fade->setEndValue(opacity);
+        m_fade->start();
+    }
+    if (m_look.motion && m_look.pulse) {
+        m_pulse->start();
+    }
     tellAlert();
+}
+
+QRect PopupControl::box() const {
+    return geometry().adjusted(m_margin, m_margin, -m_margin, -m_margin);
 }
 
 QSize PopupControl::sizeFor(const PopupLook& look, const QRect& freeArea) {
@@ -169,8 +224,8 @@ QSize PopupControl::sizeFor(const PopupLook& look, const QRect& freeArea) {
 }
 
 QPoint PopupControl::defaultPlace(QSize popup, const QRect& freeArea) {
-    return {std::max(freeArea.left(), freeArea.right() + 1 - popup.width() - kScreenMargin),
-            std::max(freeArea.top(), freeArea.bottom() + 1 - popup.height() - kScreenMargin)};
+    return {std::max(freeArea.left(), freeArea.right() + 1 - popup.width() - look::kSpace),
+            std::max(freeArea.top(), freeArea.bottom() + 1 - popup.height() - look::kSpace)};
 }
 
 // --- layout ------------------------------------------------------------------------------------
@@ -185,76 +240,83 @@ QFont PopupControl::fontFor(const PopupLook& look) const {
 
 PopupControl::Plan PopupControl::plan(const PopupLook& look, QSize most) const {
     const QFont plain = fontFor(look);
-    QFont bold = plain;
-    bold.setBold(true);
+    QFont large = plain;
+    large.setWeight(QFont::DemiBold);
+    large.setPointSizeF(plain.pointSizeF() * look::kLarger);
     QFont meant = plain;
-    meant.setPointSize(kMeantFor);
+    meant.setPointSize(look::kMeantFor);
     const int line = QFontMetrics(plain).height();
-    const double scale = static_cast<double>(line) / QFontMetrics(meant).height();
-    const auto scaled = [scale](int pixels) { return static_cast<int>(std::lround(pixels * scale)); };
-    const auto scaledSize = [&scaled](QSize size) {
-        return QSize(scaled(size.width()), scaled(size.height()));
-    };
-    const int edge = 3;
-    const int pad = scaled(10);
-    const int band = line + scaled(10);
-    const int iconSize = line >= 30 ? 48 : line >= 23 ? 32 : 24;
-    const QSize least = scaledSize(look.leastSize.expandedTo(look.messageLayout ? kMessage : QSize(0, 0)));
-    const QSize room = scaledSize(kLargest).expandedTo(least).boundedTo(most);
+    const double unit = look::kPopupUnit * line / QFontMetrics(meant).height();
+    const auto px = [unit](int units) { return static_cast<int>(std::lround(units * unit)); };
+    const bool message = look.messageLayout;
+    const int least =
+        std::max(px(message ? look::kPopupMessageHeight : look::kPopupLeast), px(look.leastSize.height()));
 
     Plan plan;
-    const int width =
-        std::min(room.width(), std::max(least.width(), look.messageLayout ? 0 : scaled(kNoticeWidth)));
-    const int foot = !look.messageLayout && (!look.time.isEmpty() || look.turnOffButton) ? line + 6 + pad : 0;
-    const int textLeft = edge + pad + (look.icon.isNull() ? 0 : iconSize + pad);
-    const int textWidth = std::max(1, width - textLeft - pad - edge);
-    int lines = std::clamp((room.height() - band - foot - 2 * pad - edge) / line, 1, kMostLines + 2);
-    const bool labelled = !look.label.trimmed().isEmpty();
+    const int width = std::min(most.width(), px(std::max(look::kPopupUnits, look.leastSize.width())));
+    const int highest = std::min(most.height(), std::max(least, px(look::kPopupMost)));
+    const int band = px(look::kPopupBand);
+    const int frame = look::kPopupFrame;
+    const int pad = px(look::kPopupPad);
+    const bool pictured = !look.icon.isNull() && !message;
+    plan.strong = pictured ? px(look::kPopupIconColumn) : 0;
+    plan.light = pictured ? plan.strong + px(look::kPopupFade) : 0;
+    const int textLeft = message ? px(look::kPopupTextLeft) : plan.light + pad / 2;
+    const int textRight = message ? width - px(look::kPopupTextLeft) : width - pad;
+    const int textWidth = std::max(1, textRight - textLeft);
+    const int foot =
+        !message && (!look.time.isEmpty() || look.turnOffButton) ? line + 2 * look::kTight + pad : 0;
+
+    int room = highest - band - foot - 2 * pad - frame;
     int textHeight = 0;
-    if (labelled) {
-        plan.label.emplace(look.label, bold, textWidth, std::min(lines, kMostLabelLines));
-        textHeight += plan.label->height();
-        lines -= plan.label->lineCount();
+    const int largeLine = QFontMetrics(large).height();
+    if (!look.label.trimmed().isEmpty() && room >= largeLine) {
+        plan.label.emplace(look.label, large, textWidth, std::clamp(room / largeLine, 1, kMostLabelLines));
+        plan.gap = look::kTight;
+        textHeight += plan.label->height() + plan.gap;
+        room -= textHeight;
     }
-    // A blank line stands between the two as long as it takes no line of the text.
-    plan.gap = labelled && lines > 3 ? line : 0;
-    lines -= plan.gap > 0 ? 1 : 0;
-    if (lines > 0 && !look.text.trimmed().isEmpty()) {
-        plan.words.emplace(look.text, plain, textWidth, std::min(lines, kMostLines));
-        textHeight += plan.gap + plan.words->height();
+    if (room >= line && !look.text.trimmed().isEmpty()) {
+        plan.words.emplace(look.text, plain, textWidth, std::clamp(room / line, 1, kMostLines));
+        textHeight += plan.words->height();
     }
-    const int bodyHeight = std::max(textHeight, look.icon.isNull() ? 0 : iconSize) + 2 * pad;
-    plan.size =
-        QSize(width, std::min(std::max(band + bodyHeight + foot + edge, least.height()), room.height()));
+    const int iconSide = px(look::kPopupIcon);
+    const int body = std::max(textHeight, pictured ? iconSide : 0) + 2 * pad;
+    plan.size = QSize(width, std::min(std::max(band + body + foot + frame, least), highest));
 
     plan.band = QRect(0, 0, width, band);
-    plan.body = QRect(edge, band, width - 2 * edge, plan.size.height() - band - edge);
-    plan.icon = QRect(edge + pad, band + pad, iconSize, iconSize);
-    plan.text = QRect(textLeft, band + pad, textWidth, plan.size.height() - band - foot - pad - edge);
-    const int button = band - 6;
-    int right = width - edge;
+    plan.body = QRect(frame, band, width - 2 * frame, plan.size.height() - band - frame);
+    const int sign = message ? px(look::kPopupSign) : iconSide;
+    plan.icon = message ? QRect(pad, (band - sign) / 2, sign, sign)
+                        : QRect((plan.strong - iconSide) / 2 + frame / 2, band + pad, iconSide, iconSide);
+    plan.text = QRect(textLeft, band + pad, textWidth, plan.size.height() - band - foot - pad - frame);
+    const int button = band - look::kTight;
+    int right = width - look::kTight;
     const auto take = [&](Button which) {
-        plan.buttons[which] = QRect(right - button, 3, button, button);
+        plan.buttons[which] = QRect(right - button, (band - button) / 2, button, button);
         right -= button + 2;
     };
     take(Close);
     if (look.optionsButton) {
         take(Options);
     }
-    plan.caption = QRect(edge + pad, 0, right - edge - 2 * pad, band);
-    const int footTop = plan.size.height() - edge - pad / 2 - line - 6;
-    if (look.turnOffButton && !look.messageLayout) {
-        const QSize size(QFontMetrics(plain).horizontalAdvance(m_buttons[TurnOff]->text()) + 16, line + 6);
-        plan.buttons[TurnOff] = QRect(QPoint(width - edge - pad - size.width(), footTop), size);
+    const int captionLeft = message && !look.icon.isNull() ? plan.icon.right() + 1 + look::kSpace : pad;
+    plan.caption = QRect(captionLeft, 0, right - captionLeft - look::kTight, band);
+    const int footHeight = line + 2 * look::kTight;
+    const int footTop = plan.size.height() - frame - pad / 2 - footHeight;
+    if (look.turnOffButton && !message) {
+        const QSize size(QFontMetrics(plain).horizontalAdvance(m_buttons[TurnOff]->text()) + look::kWide,
+                         footHeight);
+        plan.buttons[TurnOff] = QRect(QPoint(textRight - size.width(), footTop), size);
     }
-    const int timeRight = plan.buttons[TurnOff].isNull() ? width - pad : plan.buttons[TurnOff].left() - pad;
-    plan.time = QRect(edge + pad, footTop, timeRight - edge - pad, foot > 0 ? line + 6 : 0);
+    const int timeRight = plan.buttons[TurnOff].isNull() ? textRight : plan.buttons[TurnOff].left() - pad / 2;
+    plan.time = QRect(textLeft, footTop, timeRight - textLeft, foot > 0 ? footHeight : 0);
     return plan;
 }
 
 void PopupControl::placeButtons() {
     for (std::size_t i = 0; i < kButtons; ++i) {
-        m_buttons[i]->setGeometry(m_plan.buttons[i]);
+        m_buttons[i]->setGeometry(m_plan.buttons[i].translated(m_margin, m_margin));
         m_buttons[i]->setVisible(!m_plan.buttons[i].isNull());
         static_cast<PopupButton*>(m_buttons[i])->setInk(i == TurnOff ? m_body.text : m_band.text);
     }
@@ -266,46 +328,86 @@ void PopupControl::chooseColors() {
     };
     const QColor accent = palette().color(QPalette::Highlight);
     const QColor window = palette().color(QPalette::Base);
-    m_frameTo = orElse(m_look.frameTo, blend(window, accent, 0.3));
+    m_frameTo = orElse(m_look.frameTo, blend(window, accent, look::kSelectedFocused));
     m_band = {orElse(m_look.frameFrom, accent), {}, Qt::white};
     m_band.to = blend(m_band.from, m_frameTo,
                       static_cast<double>(m_plan.band.height()) / std::max(1, m_plan.size.height()));
-    makeReadable(m_band.text, m_band.from, m_band.to);
+    makeReadable(m_band.text, m_band.from, m_band.to, look::kTextContrast);
 
     m_body = {orElse(m_look.bodyFrom, window), orElse(m_look.bodyTo, window), {}};
-    const QColor white = Qt::white;
-    const QColor black = Qt::black;
-    m_body.text = worstContrast(black, m_body.from, m_body.to) >= worstContrast(white, m_body.from, m_body.to)
-                      ? black
-                      : white;
-    makeReadable(m_body.text, m_body.from, m_body.to);
+    // Everything that is read stands on the light end.
+    m_body.text = textOn(m_body.to);
+    QColor light = m_body.to;
+    makeReadable(m_body.text, light, m_body.to, look::kPopupContrast);
 }
 
 // --- painting ----------------------------------------------------------------------------------
 
-void PopupControl::paintEvent(QPaintEvent*) {
-    QPainter painter(this);
-    QLinearGradient frame(0, 0, 0, height());
+void PopupControl::paintShadow(QPainter& painter) const {
+    painter.setPen(Qt::NoPen);
+    const QRectF box(m_margin, m_margin, m_plan.size.width(), m_plan.size.height());
+    for (int ring = m_margin; ring > 0; --ring) {
+        // Each ring lies on those outside it, so that the ink grows towards the box.
+        painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(look::kShadowInk / m_margin)));
+        painter.drawRoundedRect(box.adjusted(-ring, 2 - ring, ring, ring), look::kCorner + ring,
+                                look::kCorner + ring);
+    }
+}
+
+void PopupControl::paintBack(QPainter& painter) const {
+    const QRectF box(QPointF(), m_plan.size);
+    QPainterPath round;
+    round.addRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), look::kCorner, look::kCorner);
+    QLinearGradient frame(0, 0, 0, box.height());
     frame.setColorAt(0, m_band.from);
-    frame.setColorAt(std::clamp(static_cast<double>(m_plan.band.height()) / height(), 0.0, 1.0), m_band.to);
+    frame.setColorAt(std::clamp(m_plan.band.height() / box.height(), 0.0, 1.0), m_band.to);
     frame.setColorAt(1, m_frameTo);
-    painter.fillRect(rect(), frame);
-    QLinearGradient body(0, m_plan.body.top(), 0, m_plan.body.bottom());
-    body.setColorAt(0, m_body.from);
-    body.setColorAt(1, m_body.to);
-    painter.fillRect(m_plan.body, body);
     // Frames that run to white end nowhere on a white desktop.
     painter.setPen(blend(m_band.from, Qt::black, 0.25));
-    painter.drawRect(rect().adjusted(0, 0, -1, -1));
+    painter.setBrush(frame);
+    painter.drawPath(round);
+    painter.setClipPath(round);
+    QLinearGradient body(0, 0, box.width(), 0);
+    if (m_plan.light > 0) {
+        body.setColorAt(0, m_body.from);
+        body.setColorAt(m_plan.strong / box.width(), m_body.from);
+        body.setColorAt(m_plan.light / box.width(), m_body.to);
+    }
+    body.setColorAt(1, m_body.to);
+    painter.fillRect(m_plan.body, body);
+    if (m_veil > 0) {
+        QColor veil = Qt::white;
+        veil.setAlphaF(static_cast<float>(m_veil * look::kPulseInk));
+        painter.fillRect(QRect(m_plan.body.topLeft(), QSize(m_plan.strong, m_plan.body.height())), veil);
+    }
+    painter.setClipping(false);
+}
 
-    QFont bold = font();
-    bold.setBold(true);
-    painter.setFont(bold);
+void PopupControl::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    painter.setRenderHint(QPainter::Antialiasing);
+    if (m_margin > 0) {
+        paintShadow(painter);
+    }
+    painter.translate(m_margin, m_margin);
+    paintBack(painter);
+
+    QFont strong = font();
+    strong.setWeight(QFont::DemiBold);
+    painter.setFont(strong);
     painter.setPen(m_band.text);
     painter.drawText(
         m_plan.caption, Qt::AlignVCenter | Qt::TextSingleLine,
-        QFontMetrics(bold).elidedText(singleLine(m_look.caption), Qt::ElideRight, m_plan.caption.width()));
-    m_look.icon.paint(&painter, m_plan.icon);
+        QFontMetrics(strong).elidedText(singleLine(m_look.caption), Qt::ElideRight, m_plan.caption.width()));
+    if (m_look.framedIcon) {
+        // A picture with a back of its own would drown in a colour like it.
+        const QRectF back = QRectF(m_plan.icon).adjusted(-1, -1, 1, 1);
+        painter.setBrush(Qt::white);
+        painter.setPen(Qt::NoPen);
+        painter.drawRoundedRect(back, back.width() / 4, back.width() / 4);
+        painter.setBrush(Qt::NoBrush);
+    }
+    m_look.icon.paint(&painter, m_plan.icon, Qt::AlignCenter, QIcon::Selected);
     painter.setPen(m_body.text);
     QPoint at = m_plan.text.topLeft();
     const auto paintLines = [this, &painter, &at](const WrappedText& text) {
@@ -355,7 +457,7 @@ void PopupControl::mouseReleaseEvent(QMouseEvent* event) {
     const bool dragged = m_dragging;
     endDrag();
     if (!dragged && way.manhattanLength() < QApplication::startDragDistance() &&
-        m_plan.body.contains(event->position().toPoint())) {
+        m_plan.body.contains(event->position().toPoint() - QPoint(m_margin, m_margin))) {
         emit textClicked();
     }
 }
@@ -369,7 +471,7 @@ void PopupControl::hideEvent(QHideEvent* event) {
 void PopupControl::endDrag() {
     m_pressed.reset();
     if (std::exchange(m_dragging, false)) {
-        emit moved(pos());
+        emit moved(box().topLeft());
     }
 }
 

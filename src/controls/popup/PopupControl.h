@@ -14,27 +14,32 @@
 #include <optional>
 
 class QAbstractButton;
+class QVariantAnimation;
 
 namespace tessel {
 
 // All texts are plain. A colour that is not valid is the desktop's own.
 struct PopupLook {
-    QColor frameFrom; // gradients run from top to bottom
+    QColor frameFrom; // from top to bottom
     QColor frameTo;
-    QColor bodyFrom;
-    QColor bodyTo;
+    QColor bodyFrom; // the end under the icon
+    QColor bodyTo;   // the light end, under all that is read
     QString caption;
-    QString label; // bold, above the text
+    QString label; // large, above the text
     QString text;
-    QString time;
+    QString time; // of the foot, with whom it comes from
     QIcon icon;
+    bool framedIcon = false; // it has a back of its own
     int fontSize = 0; // points; 0: the desktop's
     bool movable = true;
     double opacity = 1.0; // 0 to 1
     bool turnOffButton = false;
     bool optionsButton = false;
-    bool messageLayout = false; // caption bold in a band, icon beside the text, no bottom row
-    QSize leastSize;            // pixels at 10 points
+    bool messageLayout = false; // icon and caption in a band, the text under it, no foot
+    bool shadow = false;        // the desktop draws what can be seen through
+    bool motion = false;        // it fades in
+    bool pulse = false;         // with motion: it calls twice, and is still then
+    QSize leastSize;            // units
 };
 
 class PopupControl : public AlertWidget {
@@ -44,7 +49,9 @@ public:
 
     // Comes up at this place, or takes the new content there when it is up.
     void show(const PopupLook& look, QPoint topLeft);
-    // How large it will be on a screen with this free area.
+    // What is seen of it on the screen, without its shadow.
+    QRect box() const;
+    // How large it will be on a screen with this free area, without its shadow.
     QSize sizeFor(const PopupLook& look, const QRect& freeArea);
     // Lower right, a little off the edges; the upper left corner stays on the screen.
     static QPoint defaultPlace(QSize popup, const QRect& freeArea);
@@ -54,7 +61,7 @@ signals:
     void textClicked();
     void turnOffClicked();
     void optionsClicked();
-    // A drag has ended here.
+    // A drag has ended with the box here.
     void moved(QPoint topLeft);
 
 protected:
@@ -72,7 +79,9 @@ private:
         QRect body;
         QRect caption;
         QRect icon;
-        QRect text; // label and text
+        int strong = 0; // width of the end under the icon
+        int light = 0;  // from where on the body is light
+        QRect text;     // label and text
         QRect time;
         std::array<QRect, kButtons> buttons;
         std::optional<WrappedText> label;
@@ -85,7 +94,11 @@ private:
 
     QFont fontFor(const PopupLook& look) const;
     Plan plan(const PopupLook& look, QSize most) const;
+    void takeSurface(const PopupLook& look);
     void chooseColors();
+    void comeUp(bool wasUp);
+    void paintShadow(QPainter& painter) const;
+    void paintBack(QPainter& painter) const;
     void placeButtons();
     void endDrag();
 
@@ -95,6 +108,10 @@ private:
     Shades m_body;
     QColor m_frameTo;
     std::array<QAbstractButton*, kButtons> m_buttons{};
+    QVariantAnimation* m_fade;
+    QVariantAnimation* m_pulse;
+    double m_veil = 0;               // of the call, over the strong end
+    int m_margin = 0;                // around the box, for its shadow
     std::optional<QPoint> m_pressed; // on the screen
     QPoint m_pressedPlace;           // of the popup then
     bool m_dragging = false;

@@ -89,6 +89,9 @@ void Popups::showNotice(PopupId popup, const Notice& notice) {
     content.label = withoutAmpersand(notice.label.left(kLongestNotice));
     content.text = withoutAmpersand(notice.text.left(kLongestNotice));
     content.time = notice.time;
+    if (notice.name != notice.label) {
+        content.sender = withoutAmpersand(notice.name.left(kLongestNotice));
+    }
     const bool alert = notice.kind != NoticeKind::Status;
     show(popup, std::move(content),
          alert ? m_settings.Settings_ANPTM() * kMinuteMs : m_settings.Settings_SNPT() * kSecondMs);

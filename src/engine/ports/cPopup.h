@@ -24,6 +24,7 @@ struct PopupContent {
     QString label; // stands above the text
     QString text;
     QString time;
+    QString sender;   // who rang; empty where the label says it
     int icon = 0;     // image number
     int fontSize = 0; // points of the text; 0: the desktop's
     bool movable = true;

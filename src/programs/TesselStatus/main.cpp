@@ -4,6 +4,7 @@
 #include "engine/core/cInifile.h"
 #include "engine/operations/mod_LocationReport.h"
 #include "engine/station.h"
+#include "platform/DesktopEffects.h"
 #include "platform/EventLoopClock.h"
 #include "platform/Facts.h"
 #include "platform/LocalChannel.h"
@@ -83,6 +84,8 @@ int main(int argc, char** argv) {
     SoundPlayer sounds;
     SessionHotKeys keys;
     FormDesktop desktop(registry);
+    DesktopEffects effects;
+    desktop.popups.setEffects({DesktopEffects::composites, [&effects] { return effects.animates(); }});
     Station station(facts, desktop.ports(clock, link, sounds, keys));
     desktop.setStation(station);
 

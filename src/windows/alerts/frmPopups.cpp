@@ -1,16 +1,26 @@
 #include "windows/alerts/frmPopups.h"
 
 #include "controls/look/ScreenPlacement.h"
+#include "controls/look/Tokens.h"
 #include "controls/popup/PopupControl.h"
 #include "engine/alerts/mod_Popups.h"
 
 #include <QGuiApplication>
+#include <QRegularExpression>
 
 namespace tessel {
 
 namespace {
 
-constexpr int kGap = 8;
+// "11:43:56 AM" and "Front Desk 2" as "11:43 AM \u00B7 Front Desk 2".
+QString footOf(const PopupContent& content) {
+    QString time = content.time;
+    static const QRegularExpression seconds(QStringLiteral("^(\\d{1,2}:\\d{2}):\\d{2}"));
+    time.replace(seconds, QStringLiteral("\\1"));
+    QStringList parts{time, content.sender};
+    parts.removeAll(QString());
+    return parts.join(QStringLiteral(" \u00B7 "));
+}
 
 // The plain pictures would drown in the colours of these popups; those of the bars stand on any back.
 Image pictureOf(int number) {
@@ -60,8 +70,11 @@ PopupLook lookOf(const PopupContent& content, const Images& images) {
         break;
     }
     look.text = content.text;
-    look.time = content.time;
+    look.time = footOf(content);
+    look.pulse = content.theme == PopupTheme::Urgent;
+    look.optionsButton = look.messageLayout;
     look.icon = images.image(pictureOf(content.icon), QGuiApplication::palette());
+    look.framedIcon = pictureOf(content.icon) != static_cast<Image>(content.icon);
     look.fontSize = content.fontSize;
     look.movable = content.movable;
     // One that cannot be seen would still be in the way of the mouse.
@@ -97,7 +110,9 @@ PopupControl& PopupWindows::window(PopupId popup) {
 
 void PopupWindows::show(PopupId popup, const PopupContent& content) {
     PopupControl& shown = window(popup);
-    const PopupLook look = lookOf(content, m_images);
+    PopupLook look = lookOf(content, m_images);
+    look.shadow = m_effects.composites && m_effects.composites();
+    look.motion = m_effects.animates && m_effects.animates();
     // A stored place may lie on a screen that is not there today.
     const QList<QRect> areas = freeScreenAreas();
     const QRect main = areas.isEmpty() ? QRect() : areas.first();
@@ -110,12 +125,15 @@ QPoint PopupWindows::freePlace(PopupId popup, QSize size, const QRect& area) con
     // An alert must not hide under a message that came after it: popups stand on each other's heads.
     QRect place(PopupControl::defaultPlace(size, area), size);
     // Moving off one may move it onto another, so each is looked at as often as there are popups.
-    for (int look = 0; look < kPopupCount * kPopupCount; ++look) {
-        const int other = look % kPopupCount;
+    for (int turn = 0; turn < kPopupCount * kPopupCount; ++turn) {
+        const int other = turn % kPopupCount;
         const auto& window = m_windows[static_cast<std::size_t>(other)];
-        if (other != static_cast<int>(popup) && window && window->isVisible() &&
-            window->geometry().intersects(place)) {
-            place.moveBottom(window->geometry().top() - kGap);
+        if (other == static_cast<int>(popup) || !window || !window->isVisible()) {
+            continue;
+        }
+        const QRect there = window->box();
+        if (there.adjusted(0, -look::kStackGap, 0, look::kStackGap).intersects(place)) {
+            place.moveBottom(there.top() - look::kStackGap - 1);
         }
     }
     return place.topLeft();

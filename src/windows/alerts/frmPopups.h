@@ -24,6 +24,12 @@ public:
     explicit PopupWindows(std::function<void(const QString& title, const QString& text)> note);
     ~PopupWindows() override;
 
+    // What the desktop can show and wants to show; nothing of it when nobody says so.
+    struct Effects {
+        std::function<bool()> composites; // windows that can be seen through
+        std::function<bool()> animates;   // things that move
+    };
+    void setEffects(Effects effects) { m_effects = std::move(effects); }
     // Whom the user's clicks reach. Must be called before any popup is asked for.
     void setEngine(Popups& engine) { m_engine = &engine; }
 
@@ -39,6 +45,7 @@ private:
 
     std::function<void(const QString& title, const QString& text)> m_note;
     Popups* m_engine = nullptr;
+    Effects m_effects;
     Images m_images;
     std::array<std::unique_ptr<PopupControl>, kPopupCount> m_windows;
 };

@@ -7,6 +7,7 @@
 #include "controls/bars/PaneBar.h"
 #include "controls/bars/Ribbon.h"
 #include "controls/edit/PromptEdit.h"
+#include "controls/list/ReportColors.h"
 #include "controls/list/ReportControl.h"
 #include "controls/look/ScreenPlacement.h"
 #include "controls/look/Tokens.h"
@@ -21,9 +22,11 @@
 #include "windows/mainwindow/mod_Toolbars.h"
 
 #include <QActionGroup>
+#include <QApplication>
 #include <QCloseEvent>
 #include <QMenu>
 #include <QShortcut>
+#include <QToolButton>
 #include <QVBoxLayout>
 
 #include <algorithm>
@@ -51,6 +54,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     createBars();
     createSearch();
     createShortcuts();
+    createQuietMark();
     layOut();
     LoadFormPosition();
     connectStation();
@@ -160,6 +164,8 @@ void frmMain::connectStation() {
     connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showAlertBar);
     connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
     connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
+    connect(new QShortcut(Qt::Key_Escape, m_views, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+            &QShortcut::activated, this, &frmMain::leaveList);
     connect(m_views, &Views::stateMenuRequested, this, &frmMain::showStateMenu);
     refreshOn(shell, &Shell::viewChanged, Touches::View);
     refreshOn(shell, &Shell::tabsCounted, Touches::Counts);
@@ -252,6 +258,43 @@ void frmMain::foldByHeight() {
     m_middle->setSpacing(gap);
 }
 
+void frmMain::createQuietMark() {
+    m_quietMark = new QToolButton(m_panes);
+    m_quietMark->setObjectName(QStringLiteral("DoNotDisturbMark"));
+    m_quietMark->setAutoRaise(true);
+    m_quietMark->setFocusPolicy(Qt::TabFocus);
+    m_quietMark->setText(tr("Do Not Disturb"));
+    m_quietMark->setToolTip(tr("No popup shows here. Click to be disturbed again."));
+    connect(m_quietMark, &QToolButton::clicked, this, [this] { execute(static_cast<int>(Command::DND)); });
+    connect(&m_station.status, &LocalStatus::doNotDisturbChanged, this, &frmMain::showQuietMark);
+    m_panes->addMark(m_quietMark);
+    showQuietMark();
+}
+
+void frmMain::showQuietMark() {
+    const bool on = m_station.own.doNotDisturb;
+    if (on) {
+        constexpr QRgb kQuiet = 0xFFC62828;
+        const QColor window = palette().color(QPalette::Window);
+        QPalette loud;
+        loud.setColor(QPalette::ButtonText,
+                      readableOn(QColor(kQuiet), window, palette().color(QPalette::WindowText)));
+        m_quietMark->setPalette(loud);
+        m_quietMark->setIcon(m_images.image(Image::StateDoNotDisturb, palette()));
+        m_quietMark->setToolButtonStyle(width() < look::kNarrow ? Qt::ToolButtonIconOnly
+                                                                : Qt::ToolButtonTextBesideIcon);
+    }
+    m_quietMark->setVisible(on);
+}
+
+void frmMain::leaveList() {
+    if (m_station.alertBar.AlertBarShown()) {
+        m_station.alertBar.TurnOff_AlertBar();
+    } else {
+        m_search->clearSearch();
+    }
+}
+
 void frmMain::setSearchPictures() {
     m_search->setPictures(m_images.image(Image::Search, palette()),
                           m_images.image(Image::MenuClose, palette()));
@@ -260,6 +303,7 @@ void frmMain::setSearchPictures() {
 void frmMain::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
     foldByHeight();
+    showQuietMark();
 }
 
 void frmMain::ResetSearchFilter() {
@@ -300,6 +344,7 @@ void frmMain::showAlertBar() {
         const AlertBar::Content& content = m_station.alertBar.content();
         alert = {m_images.image(content.iconId, palette()), content.title, content.text, content.time,
                  content.name};
+        QApplication::alert(this); // the desktop marks the window, which stays where it is
     }
     m_alertBar->setContent(alert);
 }
@@ -391,6 +436,7 @@ void frmMain::changeEvent(QEvent* event) {
     QMainWindow::changeEvent(event);
     if (event->type() == QEvent::PaletteChange && m_commands != nullptr) {
         m_commands->LoadIcons();
+        showQuietMark();
         if (m_loaded) {
             setSearchPictures();
         }

@@ -10,6 +10,8 @@
 #include <memory>
 #include <optional>
 
+class QToolButton;
+
 namespace tessel {
 
 class CommandBar;
@@ -80,6 +82,11 @@ private:
     // Gives the room that there is to the list first: bars fold as the window gets lower.
     void foldByHeight();
     void setSearchPictures();
+    // Do not disturb is easily forgotten, and then nobody is heard: its mark stays in the footer.
+    void createQuietMark();
+    void showQuietMark();
+    // Escape in a list: the alert bar goes, or else the search.
+    void leaveList();
     void showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos);
     void Set_onTop();
     void LoadFormPosition();
@@ -95,6 +102,7 @@ private:
     PromptEdit* m_search = nullptr;
     MessageBar* m_alertBar = nullptr;
     MessageBar* m_ownBar = nullptr; // "My Status:"
+    QToolButton* m_quietMark = nullptr;
     QLayout* m_middle = nullptr;
     std::unique_ptr<Tray> m_tray;
     std::optional<QPoint> m_rest; // place during a shake

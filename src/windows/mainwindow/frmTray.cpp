@@ -8,11 +8,35 @@
 #include <QDBusMessage>
 #include <QDBusPendingCallWatcher>
 #include <QDBusPendingReply>
+#include <QPainter>
+
+#include <algorithm>
 
 namespace tessel {
 
 namespace {
 constexpr int kBalloonMs = 15000;
+constexpr QRgb kMark = 0xFFE0393E;
+
+// The picture with a dot in its corner: somebody has rung.
+QIcon marked(const QIcon& icon) {
+    QIcon made;
+    for (const int side : {16, 22, 24, 32, 48, 64}) {
+        QPixmap picture = icon.pixmap(QSize(side, side));
+        if (picture.isNull()) {
+            continue;
+        }
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        const double dot = side * 0.5;
+        painter.setPen(QPen(Qt::white, std::max(1.0, side / 16.0)));
+        painter.setBrush(QColor(kMark));
+        painter.drawEllipse(QRectF(side - dot - 1, 1, dot, dot));
+        painter.end();
+        made.addPixmap(picture);
+    }
+    return made;
+}
 } // namespace
 
 Tray::Tray(Station& station, std::function<QIcon(int)> icon, QObject* parent)
@@ -31,6 +55,7 @@ Tray::Tray(Station& station, std::function<QIcon(int)> icon, QObject* parent)
     connect(&m_station.status, &LocalStatus::changed, this, &Tray::SetIcon);
     connect(&m_station.status, &LocalStatus::doNotDisturbChanged, this, &Tray::SetIcon);
     connect(&m_station.footer, &Footer::changed, this, &Tray::SetIcon);
+    connect(&m_station.alertBar, &AlertBar::changed, this, &Tray::SetIcon);
     SetIcon();
     m_tray.show();
     askForMarkUp();
@@ -75,9 +100,20 @@ void Tray::SetIcon() {
                           : !own.canSend()        ? Image::TrayOffline
                           : !own.status.isEmpty() ? Image::TrayStatus
                                                   : Image::TrayNormal;
-    if (m_shown != static_cast<int>(picture)) {
+    const bool alerted = m_station.alertBar.AlertBarShown();
+    if (m_shown != static_cast<int>(picture) || m_marked != alerted) {
         m_shown = static_cast<int>(picture);
-        m_tray.setIcon(m_icon(m_shown));
+        m_marked = alerted;
+        m_tray.setIcon(alerted ? marked(m_icon(m_shown)) : m_icon(m_shown));
+    }
+    QString tip = kProductName;
+    if (alerted) {
+        const AlertBar::Content& alert = m_station.alertBar.content();
+        tip += QStringLiteral(" \u2013 ") + alert.title + u' ' + alert.name;
+        tip.replace(u'<', QChar(0x2039)); // whoever shows it may take it for mark-up
+    }
+    if (m_tray.toolTip() != tip) {
+        m_tray.setToolTip(tip);
     }
 }
 

@@ -18,6 +18,8 @@ public:
 
     // Whether the desktop really shows the icon, so that a window can be hidden behind it.
     bool isThere() const;
+    // What the icon tells who points at it.
+    QString tip() const { return m_tray.toolTip(); }
     // A note beside the icon. False where there is no icon.
     bool Set_TrayPopup(const QString& title, const QString& text);
 
@@ -37,6 +39,7 @@ private:
     QMenu m_menu; // mnuTray_Right
     QSystemTrayIcon m_tray;
     int m_shown = -1;
+    bool m_marked = false;
     bool m_markUpRead = true; // by whoever shows the notes; until it has answered, to be safe
 };
 

@@ -196,12 +196,20 @@ std::vector<MenuEntry> CreateMessageMiniBar(const std::vector<int>& groups) {
 }
 
 std::vector<MenuEntry> CreateSortMenu() {
-    std::vector<MenuEntry> menu{headingOf(Command::HomeSort)};
-    add(menu, {Command::HomeByColor, Command::HomeByName, kLine});
-    menu.push_back(headingOf(Command::StatusSort));
-    add(menu, {Command::StatusByTimeColor, Command::StatusByTimeName, Command::StatusByNameTime, kLine});
-    menu.push_back(headingOf(Command::FavoritesSort));
-    add(menu, {Command::FavoritesByColor, Command::FavoritesByName});
+    std::vector<MenuEntry> menu;
+    const auto addChoices = [&menu](Command heading, std::initializer_list<Command> choices) {
+        if (!menu.empty()) {
+            menu.push_back(MenuEntry::separator());
+        }
+        menu.push_back(headingOf(heading));
+        for (const int number : numbers(choices)) {
+            menu.push_back(MenuEntry::choice(number));
+        }
+    };
+    addChoices(Command::HomeSort, {Command::HomeByColor, Command::HomeByName});
+    addChoices(Command::StatusSort,
+               {Command::StatusByTimeColor, Command::StatusByTimeName, Command::StatusByNameTime});
+    addChoices(Command::FavoritesSort, {Command::FavoritesByColor, Command::FavoritesByName});
     return menu;
 }
 

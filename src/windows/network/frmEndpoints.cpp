@@ -155,7 +155,9 @@ void frmEndpoints::createMenus() {
     add(file, "mnuShowDataFiles", tr("Show &Data Files"), {},
         [this] { m_station.session.openPath(m_station.folders.data()); });
     file->addSeparator();
-    add(file, "mnuExit", tr("&Close"), QKeySequence::Close, [this] { close(); });
+    add(file, "mnuExit", tr("&Close"), QKeySequence::Close, [this] {
+        close();
+    })->setShortcuts({QKeySequence(QKeySequence::Close), QKeySequence(Qt::Key_Escape)});
 
     QMenu* const network = menuBar()->addMenu(tr("&Network"));
     add(network, "mnuRefresh", tr("&Refresh"), QKeySequence::Refresh, [this] { refreshCaption(); });
