@@ -362,7 +362,7 @@ int LocationViews::statusCount() const {
 
 ReportRecordPtr LocationViews::Add_to_Status(const ReportRecord& home) const {
     const ReportRecord* const known = rptStatusView.find(item(home, LocationItem::SID).text);
-    const ReportRecordPtr row =
+    ReportRecordPtr row =
         known != nullptr ? rptStatusView.at(known->row()) : std::make_shared<ReportRecord>(kLocationItems);
     copyRow(home, *row);
     // The age is told anew, for all rows at once.
