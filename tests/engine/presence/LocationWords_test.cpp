@@ -1,7 +1,7 @@
 #include "engine/presence/mod_LocationWords.h"
 
-#include "support/LoneStation.h"
 #include "engine/presence/mod_LocationViews.h"
+#include "support/LoneStation.h"
 
 using namespace tessel;
 
