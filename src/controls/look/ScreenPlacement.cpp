@@ -2,6 +2,7 @@
 
 #include <QGuiApplication>
 #include <QScreen>
+#include <QWidget>
 
 #include <algorithm>
 #include <limits>
@@ -59,6 +60,11 @@ QList<QRect> freeScreenAreas(bool all) {
         }
     }
     return areas;
+}
+
+QSize sizeForLetters(const QWidget& window, QSize usual) {
+    constexpr int kUsualHeight = 16;
+    return usual * std::max(1.0, static_cast<double>(window.fontMetrics().height()) / kUsualHeight);
 }
 
 } // namespace tessel

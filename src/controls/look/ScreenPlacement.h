@@ -8,6 +8,8 @@
 
 #include <optional>
 
+class QWidget;
+
 namespace tessel {
 
 // The place for a window of `wanted` size: on the screen that `position` lies on or is nearest to,
@@ -19,5 +21,8 @@ bool isOnScreens(QPoint position, const QList<QRect>& freeAreas);
 
 // The free areas of today's screens, the main one first; `all`: false for the main one alone.
 QList<QRect> freeScreenAreas(bool all = true);
+
+// A window's size, chosen for letters of usual height, for those that it has.
+QSize sizeForLetters(const QWidget& window, QSize usual);
 
 } // namespace tessel

@@ -38,6 +38,7 @@ MessageFields::MessageFields(Station& station, const QString& spoken, QWidget* p
     m_remark->setObjectName(QStringLiteral("lblRemark"));
     m_remark->setTextFormat(Qt::PlainText);
     m_remark->setWordWrap(true);
+    m_remark->hide();
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(kGrid);
@@ -85,6 +86,7 @@ void MessageFields::showRemark() {
                       : !m_obstacle.isEmpty() ? m_obstacle
                       : room < kFewLeft       ? tr("%1 characters left").arg(room)
                                               : QString());
+    m_remark->setVisible(!m_remark->text().isEmpty());
 }
 
 bool MessageFields::settle(SendResult result) {

@@ -22,6 +22,7 @@ RecipientPicker::RecipientPicker(const char* list, const char* clear, const QStr
     m_list->setSelectionMode(QAbstractItemView::MultiSelection);
     m_list->setUniformItemSizes(true);
     m_list->setTextElideMode(Qt::ElideRight);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_list->installEventFilter(this);
     m_clear->setObjectName(QLatin1String(clear));
     m_clear->setAutoDefault(false);

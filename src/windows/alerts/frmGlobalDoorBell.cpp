@@ -6,6 +6,7 @@
 #include "windows/alerts/GroupButtons.h"
 
 #include <QComboBox>
+#include <QGridLayout>
 #include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
@@ -15,7 +16,7 @@ namespace tessel {
 
 namespace {
 constexpr int kGrid = 8;
-constexpr int kLeastLetters = 40; // that the window has room for
+constexpr int kLeastLetters = 34; // that the box has room for
 } // namespace
 
 frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
@@ -30,7 +31,8 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     m_snippet->setInsertPolicy(QComboBox::NoInsert);
     m_snippet->setLineEdit(m_text);
     m_snippet->setCompleter(nullptr);
-    m_snippet->setMinimumWidth(fontMetrics().averageCharWidth() * kLeastLetters);
+    m_snippet->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_snippet->setMinimumContentsLength(kLeastLetters);
     m_text->setObjectName(QStringLiteral("fltText"));
     m_text->setAllowedCharacters(kTypedCharacters);
     m_text->setMaximumLength(AlertEngine::kLongestDoorBell);
@@ -52,10 +54,14 @@ frmGlobalDoorBell::frmGlobalDoorBell(Station& station, QWidget* parent)
     layout->addWidget(m_offline);
     layout->addSpacing(kGrid);
     layout->addWidget(m_everyone);
-    auto* const groups = new QVBoxLayout;
-    groups->setSpacing(kGrid / 2);
+    auto* const groups = new QGridLayout;
+    groups->setVerticalSpacing(kGrid / 2);
+    groups->setColumnStretch(1, 1);
     for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
-        groups->addWidget(m_groups->button(slot));
+        auto* const key = new QLabel(QStringLiteral("F%1").arg(slot + 1), this);
+        key->setForegroundRole(QPalette::PlaceholderText);
+        groups->addWidget(key, slot, 0);
+        groups->addWidget(m_groups->button(slot), slot, 1);
     }
     layout->addLayout(groups);
     layout->addStretch(1);

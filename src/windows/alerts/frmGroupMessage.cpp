@@ -4,6 +4,7 @@
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/ReportText.h"
 #include "controls/look/ElidedLabel.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/station.h"
 #include "windows/alerts/GroupButtons.h"
 #include "windows/alerts/MessageFields.h"
@@ -17,6 +18,7 @@
 #include <QListWidget>
 #include <QPushButton>
 #include <QShortcut>
+#include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
 
@@ -35,6 +37,18 @@ constexpr int kChangesMs = 1000;
 constexpr RecipientColumns kViewColumns{static_cast<int>(LocationItem::Active),
                                         static_cast<int>(LocationItem::SID),
                                         static_cast<int>(LocationItem::ST)};
+
+// A group that is chosen must be told from the others at a glance.
+void showPressed(QPushButton& button, bool pressed) {
+    button.setChecked(pressed);
+    QPalette palette;
+    palette.setResolveMask(0);
+    if (pressed) {
+        palette.setColor(QPalette::Button, button.palette().color(QPalette::Highlight));
+        palette.setColor(QPalette::ButtonText, button.palette().color(QPalette::HighlightedText));
+    }
+    button.setPalette(palette);
+}
 } // namespace
 
 frmGroupMessage::frmGroupMessage(Station& station, QWidget* parent)
@@ -48,11 +62,12 @@ frmGroupMessage::frmGroupMessage(Station& station, QWidget* parent)
       m_message(new MessageFields(station, tr("Message"), this)), m_alert(new QPushButton(this)),
       m_clear(new QPushButton(tr("&Clear"), this)), m_send(new QPushButton(tr("&Send"), this)) {
     setWindowTitle(tr("New Message"));
-    resize(kFirstSize);
+    resize(sizeForLetters(*this, kFirstSize));
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(QStringLiteral("Search"));
     m_search->setToolTip(tr("Show the locations that hold these words; Enter chooses the first"));
-    m_search->setClearButtonEnabled(true);
+    m_search->setPictures(m_images.image(Image::Search, palette()),
+                          m_images.image(Image::MenuClose, palette()));
     m_search->installEventFilter(this);
     m_to->setObjectName(QStringLiteral("lblTo"));
     createPages();
@@ -72,8 +87,15 @@ void frmGroupMessage::createPages() {
     m_tabs->addTab(m_users, tr("&All Locations"));
     m_tabs->addTab(m_favorites, tr("My &Favorites"));
     m_tabs->addTab(createGroups(), tr("Message &Groups"));
-    connect(m_tabs, &QTabWidget::currentChanged, this,
-            [this](int index) { SetTabView(kAllTab + index, true); });
+    connect(m_tabs, &QTabWidget::currentChanged, this, [this](int index) {
+        SetTabView(kAllTab + index, true);
+        // Whoever changes the page goes on there.
+        if (!m_tabs->tabBar()->hasFocus()) {
+            QWidget* const first =
+                currentPicker() != nullptr ? static_cast<QWidget*>(&currentPicker()->list()) : m_everyone;
+            first->setFocus();
+        }
+    });
     for (RecipientPicker* const picker : {m_users, m_favorites}) {
         connect(picker, &RecipientPicker::chosenChanged, this, &frmGroupMessage::VerifyOnlineList);
         connect(m_search, &PromptEdit::searchChanged, picker, &RecipientPicker::search);
@@ -132,7 +154,7 @@ void frmGroupMessage::layOut() {
     to->addWidget(m_to, 1);
     to->addWidget(m_alert);
     auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(m_message->remark(), 1);
+    buttons->addStretch(1);
     buttons->addWidget(m_clear);
     buttons->addWidget(m_send);
     auto* const layout = new QVBoxLayout(this);
@@ -142,6 +164,7 @@ void frmGroupMessage::layOut() {
     layout->addWidget(m_tabs, 3);
     layout->addLayout(to);
     layout->addWidget(m_message, 2);
+    layout->addWidget(m_message->remark());
     layout->addLayout(buttons);
     const QList<QWidget*> order{m_search, m_tabs, m_alert, m_message, m_clear, m_send};
     for (qsizetype i = 1; i < order.size(); ++i) {
@@ -243,9 +266,9 @@ void frmGroupMessage::LoadGroups() {
     if (m_group > 0 && !m_station.groups.at(m_group - 1).used) {
         m_group = -1;
     }
-    m_everyone->setChecked(m_group == 0);
+    showPressed(*m_everyone, m_group == 0);
     for (int slot = 0; slot < GroupButtons::kCount; ++slot) {
-        m_groups->button(slot)->setChecked(m_group == slot + 1);
+        showPressed(*m_groups->button(slot), m_group == slot + 1);
     }
     VerifyOnlineList();
 }
@@ -278,7 +301,8 @@ void frmGroupMessage::pressGroup(int button) {
 
 void frmGroupMessage::VerifyOnlineList() {
     int count = 0;
-    m_offline = m_station.compose.VerifyOnlineList(GetRecipientList(count));
+    const QString recipients = GetRecipientList(count);
+    m_offline = m_station.compose.VerifyOnlineList(recipients);
     m_alert->setVisible(!m_offline.isEmpty());
     m_alert->setText(tr("%n offline", nullptr, static_cast<int>(m_offline.size())));
     m_alert->setToolTip(plainTip(singleLine(m_offline.join(QLatin1String(", ")), kTipChars)));
@@ -287,17 +311,21 @@ void frmGroupMessage::VerifyOnlineList() {
     } else if (!m_blink.isActive()) {
         m_blink.start(kBlinkMs);
     }
-    showRecipients();
+    showRecipients(recipients);
 }
 
-void frmGroupMessage::showRecipients() {
-    int count = 0;
-    const QList<Recipient> recipients = SplitRecipients(GetRecipientList(count));
+// As many names as can be seen at all: laying out thousands would take a while.
+void frmGroupMessage::showRecipients(const QString& recipients) {
+    constexpr int kMostNames = 30;
+    const QList<Recipient> all = SplitRecipients(recipients);
     QStringList names;
-    for (const Recipient& recipient : recipients) {
+    for (const Recipient& recipient : all.first(std::min<qsizetype>(all.size(), kMostNames))) {
         names += recipient.name;
     }
     QString to = names.join(QLatin1String(", "));
+    if (all.size() > kMostNames) {
+        to = tr("%1 locations: ").arg(all.size()) + to + QStringLiteral("\u2026");
+    }
     if (currentGroup() >= 0) {
         to = m_station.groups.at(currentGroup()).name + QLatin1String(": ") + to;
     } else if (currentPicker() == nullptr && m_group == 0) {

@@ -1,6 +1,7 @@
 // The window "New Message": a message to locations, favorites, a group or everyone.
 #pragma once
 
+#include "controls/look/Images.h"
 #include "windows/FormWindows.h"
 
 #include <QDialog>
@@ -44,7 +45,7 @@ private:
     QString GetRecipientList(int& count) const;
     void pressGroup(int button);
     void VerifyOnlineList();
-    void showRecipients();
+    void showRecipients(const QString& recipients);
     void showOffline();
     void showCanSend();
     void CreateMessage();
@@ -54,6 +55,7 @@ private:
     int currentGroup() const;
 
     Station& m_station;
+    Images m_images;
     PromptEdit* m_search;         // txtSearch
     QTabWidget* m_tabs;           // TabControl
     RecipientPicker* m_users;     // lstUsers

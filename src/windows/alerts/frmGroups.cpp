@@ -2,6 +2,7 @@
 
 #include "controls/edit/KeyFilterEdit.h"
 #include "controls/list/EmptyHint.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/alerts/mod_Groups.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Endpoints.h"
@@ -30,7 +31,7 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
       m_selected(makeList("lstSelected", tr("Members of the group"))), m_remark(new QLabel(this)) {
     setObjectName(QStringLiteral("frmGroups"));
     setWindowTitle(QStringLiteral("Location Group %1").arg(slot + 1));
-    resize(kFirstSize);
+    resize(sizeForLetters(*this, kFirstSize));
     m_name->setObjectName(QStringLiteral("txtGroupName"));
     m_name->setAllowedCharacters(QStringLiteral("0123456789abcdefghijklmnopqrstuvwxyz@- "));
     m_name->setMaximumLength(kLongestName);
@@ -96,6 +97,7 @@ QListWidget* frmGroups::makeList(const char* name, const QString& title) {
     list->setSelectionMode(QAbstractItemView::ExtendedSelection);
     list->setUniformItemSizes(true);
     list->setTextElideMode(Qt::ElideRight);
+    list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     list->installEventFilter(this);
     return list;
 }

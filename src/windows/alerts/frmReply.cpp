@@ -2,6 +2,7 @@
 
 #include "controls/edit/MessageEdit.h"
 #include "controls/look/ElidedLabel.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/station.h"
 #include "windows/alerts/MessageFields.h"
 
@@ -16,7 +17,7 @@ namespace tessel {
 
 namespace {
 constexpr int kGrid = 8;
-constexpr QSize kFirstSize(480, 460);
+constexpr QSize kFirstSize(580, 480);
 } // namespace
 
 frmReply::frmReply(Station& station, QWidget* parent)
@@ -25,7 +26,7 @@ frmReply::frmReply(Station& station, QWidget* parent)
       m_answer(new MessageFields(station, QStringLiteral("Compose a Response"), this)),
       m_reply(new QPushButton(this)), m_ack(new QPushButton(tr("&Acknowledge (F2)"), this)) {
     setWindowTitle(tr("Message"));
-    resize(kFirstSize);
+    resize(sizeForLetters(*this, kFirstSize));
     m_group->setObjectName(QStringLiteral("grpOriginal"));
     m_heading->setObjectName(QStringLiteral("lblHeading"));
     QFont bold = m_heading->font();
@@ -53,7 +54,7 @@ frmReply::frmReply(Station& station, QWidget* parent)
     auto* const answer = new QGroupBox(QStringLiteral("Compose a Response"), this);
     (new QVBoxLayout(answer))->addWidget(m_answer);
     auto* const buttons = new QHBoxLayout;
-    buttons->addWidget(m_answer->remark(), 1);
+    buttons->addStretch(1);
     buttons->addWidget(m_ack);
     buttons->addWidget(m_reply);
     buttons->addWidget(close);
@@ -62,6 +63,7 @@ frmReply::frmReply(Station& station, QWidget* parent)
     layout->setSpacing(kGrid);
     layout->addWidget(m_group, 1);
     layout->addWidget(answer, 1);
+    layout->addWidget(m_answer->remark());
     layout->addLayout(buttons);
     setTabOrder(m_original, m_answer);
     setTabOrder(m_answer, m_ack);

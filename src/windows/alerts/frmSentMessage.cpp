@@ -1,6 +1,7 @@
 #include "windows/alerts/frmSentMessage.h"
 
 #include "controls/list/EmptyHint.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/alerts/mod_SentView.h"
 #include "windows/alerts/RecipientList.h"
 
@@ -20,13 +21,15 @@ frmSentMessage::frmSentMessage(const NotificationHistory& history, QWidget* pare
       m_users(new QListWidget(this)), m_hint(new EmptyHint(m_users)), m_stamp(new QLabel(this)) {
     constexpr int kGrid = 8;
     setWindowTitle(tr("Sent Message"));
-    resize(460, 360);
+    resize(sizeForLetters(*this, QSize(460, 360)));
     m_to->setObjectName(QStringLiteral("txtTo"));
     m_to->setReadOnly(true);
     m_text->setObjectName(QStringLiteral("txtNote"));
     m_text->setAccessibleName(QStringLiteral("Original Message"));
     m_text->setReadOnly(true);
+    m_text->setFrameShape(QFrame::NoFrame);
     m_users->setObjectName(QStringLiteral("lstUsers"));
+    m_users->setFrameShape(QFrame::NoFrame);
     m_users->setAccessibleName(QStringLiteral("Recipients"));
     m_stamp->setTextFormat(Qt::PlainText);
     m_stamp->setWordWrap(true);

@@ -3,6 +3,7 @@
 #include "controls/edit/KeyFilterEdit.h"
 #include "controls/list/EmptyHint.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/alerts/mod_Snippets.h"
 #include "engine/core/mod_Definitions.h"
 
@@ -25,7 +26,7 @@ frmSnippit::frmSnippit(Snippets& snippets, QWidget* parent)
       m_hint(new EmptyHint(m_list)) {
     setObjectName(QStringLiteral("frmSnippit"));
     setWindowTitle(tr("Snippets"));
-    resize(kFirstSize);
+    resize(sizeForLetters(*this, kFirstSize));
     m_text->setObjectName(QStringLiteral("cmbSnippet"));
     m_text->setAllowedCharacters(kTypedCharacters);
     m_text->setMaximumLength(Snippets::kLongestSnippet);
@@ -34,6 +35,7 @@ frmSnippit::frmSnippit(Snippets& snippets, QWidget* parent)
     m_list->setAccessibleName(tr("Snippets"));
     m_list->setUniformItemSizes(true);
     m_list->setTextElideMode(Qt::ElideRight);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
 
     auto* const label = new QLabel(tr("&New snippet:"), this);
     label->setBuddy(m_text);
@@ -92,7 +94,8 @@ QPushButton* frmSnippit::addButton(const char* name, const QString& caption, con
 void frmSnippit::fill(int current) {
     m_list->clear();
     for (const QString& snippet : m_snippets.list()) {
-        m_list->addItem(singleLine(snippet));
+        auto* const entry = new QListWidgetItem(singleLine(snippet), m_list);
+        entry->setToolTip(plainTip(snippet));
     }
     m_hint->setHint(m_list->count() == 0 ? tr("No snippets yet") : QString());
     m_list->setCurrentRow(std::min(current, m_list->count() - 1));
