@@ -57,7 +57,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       updates(own, folders, admin, m_clock, session),
       metrics(own, settings, folders, m_clock, history),
       diagnostics({own, m_facts, settings, admin, network, protocol, tones, endpoints, log, m_clock}),
-      messageTest(folders, m_clock, compose),
+      messageTest(own, folders, m_clock, compose),
       commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, groups, snippets, inbox, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),

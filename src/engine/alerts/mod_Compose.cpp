@@ -150,19 +150,6 @@ SendResult Compose::CreateMessage(const MessageDraft& draft) {
     return result;
 }
 
-QString Compose::TestMessage(int number) const {
-    return QStringLiteral("This is a an automated test message from ") + m_own.location +
-           QStringLiteral(". Message #") + QString::number(number);
-}
-
-SendResult Compose::SendTestMessage(int number) {
-    return send({.log = MessageLog::SentToSeveral,
-                 .recipients = kEveryone,
-                 .body = TestMessage(number),
-                 .everyone = true,
-                 .everyoneMark = true});
-}
-
 QStringList Compose::VerifyOnlineList(const QString& recipients) const {
     QStringList offline;
     for (const Recipient& recipient : SplitRecipients(recipients)) {

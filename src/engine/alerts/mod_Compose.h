@@ -74,9 +74,6 @@ public:
     SendResult CreateMessage(const AlertTarget& target, const QString& text, bool group);
     // The compose window. Plays the "Sent" tone when it was sent.
     SendResult CreateMessage(const MessageDraft& draft);
-    // One message of a test of the network, to everyone.
-    SendResult SendTestMessage(int number);
-    QString TestMessage(int number) const;
 
     // Names of those recipients who are off the network now, without this location.
     QStringList VerifyOnlineList(const QString& recipients) const;

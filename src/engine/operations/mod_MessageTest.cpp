@@ -1,6 +1,7 @@
 #include "engine/operations/mod_MessageTest.h"
 
 #include "engine/alerts/mod_Compose.h"
+#include "engine/core/cOwnState.h"
 #include "engine/core/mod_CodePage.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
@@ -30,9 +31,9 @@ const char* word(SendResult result) {
 }
 } // namespace
 
-MessageTest::MessageTest(const Folders& folders, Clock& clock, Compose& compose)
+MessageTest::MessageTest(const OwnState& own, const Folders& folders, Clock& clock, Compose& compose)
     : tmrSendMessages(clock, "tmrSendMessages", 1000, Timer::Kind::Repeating, [this] { SendTestMessages(); }),
-      m_folders(folders), m_clock(clock), m_compose(compose) {}
+      m_own(own), m_folders(folders), m_clock(clock), m_compose(compose) {}
 
 void MessageTest::start(int seconds, int count) {
     m_pause = std::clamp(seconds, 1, kLongestPause);
@@ -55,13 +56,23 @@ void MessageTest::SendTestMessages() {
     }
     m_wait = m_pause;
     ++m_number;
-    const SendResult result = m_compose.SendTestMessage(m_number);
+    const QString text = CreateMessage(m_number);
+    const SendResult result = m_compose.send({.log = MessageLog::SentToSeveral,
+                                              .recipients = kEveryone,
+                                              .body = text,
+                                              .everyone = true,
+                                              .everyoneMark = true});
     m_failed += result == SendResult::Sent ? 0 : 1;
-    Logmessage(m_compose.TestMessage(m_number), result);
+    Logmessage(text, result);
     if (m_number >= m_count) {
         tmrSendMessages.setEnabled(false);
     }
     emit changed();
+}
+
+QString MessageTest::CreateMessage(int number) const {
+    return QStringLiteral("This is a an automated test message from ") + m_own.location +
+           QStringLiteral(". Message #") + QString::number(number);
 }
 
 void MessageTest::Logmessage(const QString& text, SendResult result) {

@@ -11,6 +11,7 @@ namespace tessel {
 class Compose;
 class Folders;
 enum class SendResult;
+struct OwnState;
 
 class MessageTest : public QObject {
     Q_OBJECT
@@ -18,7 +19,7 @@ public:
     static constexpr int kMostMessages = 1000;
     static constexpr int kLongestPause = 3600;
 
-    MessageTest(const Folders& folders, Clock& clock, Compose& compose);
+    MessageTest(const OwnState& own, const Folders& folders, Clock& clock, Compose& compose);
 
     // Sends `count` messages, 1 to 1000, one every `seconds`, 1 to 3600. A test that runs begins anew.
     void start(int seconds, int count);
@@ -42,8 +43,10 @@ signals:
 
 private:
     void SendTestMessages();
+    QString CreateMessage(int number) const;
     void Logmessage(const QString& text, SendResult result);
 
+    const OwnState& m_own;
     const Folders& m_folders;
     const Clock& m_clock;
     Compose& m_compose;
