@@ -83,7 +83,8 @@ bool ReportControl::heightsChanged(const ReportOrder::Synced& synced) const {
 }
 
 bool ReportControl::wantsStack() const {
-    return width() < look::kNarrow || fontSize() > look::kLargePoints;
+    // Larger letters want more room for the two side by side.
+    return width() < look::kNarrow * std::max(1.0, m_widthScale) || fontSize() > look::kLargePoints;
 }
 
 void ReportControl::layoutColumns() {
