@@ -3,6 +3,7 @@
 #include "gui_office.h"
 
 #include "controls/look/OfficeLook.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_QuotedRecords.h"
 #include "engine/core/mod_TimeText.h"
 
@@ -59,7 +60,7 @@ int main(int argc, char** argv) {
     Station& me = *office.station;
     me.settings.Recents_SAVE_CNT.set(kRecords);
     const QByteArray file = history(me.metrics.today());
-    replaceFile(me.folders.dataFile(NotificationHistory::kFile), file);
+    replaceFile(me.folders.dataFile(kRecentsFile), file);
     std::printf("usage of five years, %d records, %.1f MB\n", kRecords,
                 static_cast<double>(file.size()) / 1e6);
 

@@ -1,5 +1,6 @@
 #include "engine/station.h"
 
+#include "engine/core/mod_DamagedFiles.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_FitText.h"
 #include "engine/ports/cPopupDisplay.h"
@@ -94,8 +95,10 @@ void Station::wire() {
             [this](const QString& text, const QString& tip) { footer.SetFooter(text, tip, false); });
     connect(&hearing, &Hearing::footerOver, &footer, &Footer::EndText);
     connect(&hearing, &Hearing::duplicateIdentity, &footer, [this] {
-        footer.Remark(QStringLiteral("Another computer uses this location's identity"),
-                      QStringLiteral("One of the two needs a new SID: Active Connections, Tools, Reset SID"));
+        // It stays until the network restarts, which a new SID needs.
+        footer.SetFooter(
+            QStringLiteral("Another computer uses this location's identity"),
+            QStringLiteral("One of the two needs a new SID: Active Connections, Tools, Reset SID"), false);
     });
     connect(&endpoints, &Endpoints::added, &hearing,
             [this](const EndpointAdded& endpoint) { hearing.locationAdded(endpoint.SID); });
@@ -186,8 +189,18 @@ void Station::start() {
     if (!identity.damage().isEmpty()) {
         saver.tellOnce(identity.damage());
     }
+    if (const QString damage = PutAsideDamagedFiles(folders); !damage.isEmpty()) {
+        log.LogEvent(QStringLiteral("Files"), damage, QStringLiteral("FDM"));
+        saver.tellOnce(damage);
+    }
     network.LoadNetworkProtocol();
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
+    if (!settings.unreadable().isEmpty()) {
+        log.LogEvent(QStringLiteral("Settings"),
+                     QLatin1String("Not understood in user.cfg: ") +
+                         settings.unreadable().join(QLatin1String(", ")),
+                     QStringLiteral("SET"));
+    }
     usage.load();
     own.TAG = settings.User_TAG();
     own.note = FitOwn(settings.Note_ACTIVE()).trimmed();

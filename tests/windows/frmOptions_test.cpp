@@ -87,15 +87,14 @@ QString storedBy(const OptionRow& row, World& world) {
 // A setting without a control cannot be changed, one with two shows the wrong one.
 TEST_F(Options, EachSettingHasOneControlThatWritesIt) {
     // Chosen where they are used, kept for their window, or without a meaning.
-    QSet<QByteArray> elsewhere{
-        "User/TAG",       "User/FirstRun",  "Note/ACTIVE",     "NAV/1",           "MSGNAV/1",
-        "Settings/HLNAV", "Settings/SBT",   "Settings/SORTEV", "Settings/SORTSV", "Settings/SORTFV",
-        "Settings/SNPM0", "Settings/SNPM1", "Settings/SNPM2",  "Settings/PV",     "Settings/OSPV",
-        "Settings/LSNAV", "Settings/APN",   "Advanced/FRAME",  "Color/LSTB",      "Messages/MSG_BACK",
-        "Recents/DB",     "Recents/DBG",    "Recents/PC",      "Recents/ST",      "Recents/STC",
-        "Recents/MSG",    "Recents/LU",     "Recents/STAG",    "Recents/STAGC",   "Recents/STF",
-        "Recents/LUC",    "Recents/LUF",    "Metrics/PAL",     "Metrics/CHART",   "Metrics/NETS",
-        "Metrics/NETR",   "Metrics/NETLR"};
+    QSet<QByteArray> elsewhere{"User/TAG",       "User/FirstRun",   "Note/ACTIVE",       "NAV/1",
+                               "MSGNAV/1",       "Settings/SORTEV", "Settings/SORTSV",   "Settings/SORTFV",
+                               "Settings/SNPM0", "Settings/SNPM1",  "Settings/SNPM2",    "Settings/PV",
+                               "Settings/OSPV",  "Settings/APN",    "Messages/MSG_BACK", "Recents/DB",
+                               "Recents/DBG",    "Recents/PC",      "Recents/ST",        "Recents/STC",
+                               "Recents/MSG",    "Recents/LU",      "Recents/STAG",      "Recents/STAGC",
+                               "Recents/STF",    "Recents/LUC",     "Recents/LUF",       "Metrics/PAL",
+                               "Metrics/CHART",  "Metrics/NETS",    "Metrics/NETR",      "Metrics/NETLR"};
     open();
     QSet<QByteArray> reached;
     for (const OptionRow& row : optionRows()) {

@@ -8,7 +8,6 @@
 namespace tessel {
 
 namespace {
-const QString kGroupsFile = QStringLiteral("groups.dat");
 const QString kNameKey = QStringLiteral("Name");
 const QString kMembersKey = QStringLiteral("Members");
 } // namespace

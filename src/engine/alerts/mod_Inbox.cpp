@@ -15,7 +15,6 @@ namespace tessel {
 
 namespace {
 
-const QString kInboxFile = QStringLiteral("inbox.dat");
 const QString kNewLine = QStringLiteral("\r\n");
 
 // The values of a record, in the order of the file.

@@ -122,7 +122,8 @@ HistoryMessage HistoryMessageOf(const QString& record) {
 NotificationHistory::NotificationHistory(Settings& settings, const Folders& folders, cErrorLog& log,
                                          Clock& clock, const LocationViews& views)
     : tmrSave(clock, "tmrSave", 30000, Timer::Kind::OneShot, [this] { SaveRecents(); }), m_settings(settings),
-      m_folders(folders), m_log(log), m_clock(clock), m_journal(clock, folders, kFile), m_views(views) {}
+      m_folders(folders), m_log(log), m_clock(clock), m_journal(clock, folders, kRecentsFile),
+      m_views(views) {}
 
 void NotificationHistory::AddItem(const HistoryEntry& entry, bool loading) {
     const bool favoritesOnly = (isStatusKind(entry.code) && m_settings.Recents_STF()) ||
@@ -219,7 +220,7 @@ void NotificationHistory::LoadRecents() {
     QByteArray bytes;
     rptNotifications.clear();
     m_characters = 0;
-    const QString path = m_folders.dataFile(kFile);
+    const QString path = m_folders.dataFile(kRecentsFile);
     readFileStart(path, mostFileBytes(), bytes);
     const QuotedRecords file = readQuotedRecords(bytes, mostEntries());
     keepUnclosed(path, file.unclosed, m_log);
@@ -268,7 +269,7 @@ void NotificationHistory::SaveRecents() {
         records += item(*rptNotifications.at(row), CardItem::Record).text;
     }
     // A disk that is full now may have room at the next try.
-    const QString path = m_folders.dataFile(kFile);
+    const QString path = m_folders.dataFile(kRecentsFile);
     const bool stored = m_journal.save(writeQuotedRecords(records));
     emit saved(path, stored);
     m_saveFailed = m_dirty = !stored;

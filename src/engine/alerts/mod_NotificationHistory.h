@@ -69,7 +69,6 @@ public:
     // How many entries are kept at most, and how large a file is read.
     int mostEntries() const;
     qint64 mostFileBytes() const;
-    static inline const QString kFile = QStringLiteral("recents.dat");
     // Opens a message from its record; a record of any other kind opens nothing.
     void Open_Recent(const QString& record);
     // The sent message that was opened last.

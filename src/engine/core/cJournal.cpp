@@ -1,6 +1,7 @@
 #include "engine/core/cJournal.h"
 
 #include "engine/core/mod_CodePage.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
 
@@ -57,7 +58,7 @@ cJournal::cJournal(Clock& clock, const Folders& folders, const QString& listFile
       m_listFile(listFile) {}
 
 QString cJournal::path() const {
-    return m_folders.dataFile(m_listFile) + QLatin1String(".journal");
+    return m_folders.dataFile(m_listFile) + kJournalEnding;
 }
 
 cJournal::Contents cJournal::read() {

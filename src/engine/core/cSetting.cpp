@@ -81,21 +81,34 @@ Argb toColor(const QString& text) {
     return kNoColor;
 }
 
-template <typename T> void Setting<T>::read() {
-    const QString text =
-        m_data.ReadSetting(kUserFile, latin(m_key.section), latin(m_key.key), latin(m_key.fallback));
+template <typename T> QString Setting<T>::fallback() const {
+    return latin(m_key.fallback);
+}
+
+template <typename T> bool Setting<T>::read() {
+    return take(m_data.ReadSetting(kUserFile, latin(m_key.section), latin(m_key.key), fallback()));
+}
+
+template <typename T> bool Setting<T>::take(const QString& text) {
+    bool understood = true;
     if constexpr (std::is_same_v<T, bool>) {
         m_value = toBoolean(text);
+        const double number = text.trimmed().toDouble(&understood);
+        understood = (understood && std::isfinite(number)) || m_value ||
+                     text.trimmed().compare(QLatin1String("false"), Qt::CaseInsensitive) == 0;
     } else if constexpr (std::is_same_v<T, std::int32_t>) {
         m_value = toNumber(text);
+        text.trimmed().toInt(&understood);
     } else if constexpr (std::is_same_v<T, Argb>) {
         m_value = toColor(text);
-        if (m_value == kNoColor) {
-            m_value = toColor(latin(m_key.fallback));
+        understood = m_value != kNoColor;
+        if (!understood) {
+            m_value = toColor(fallback());
         }
     } else {
         m_value = text;
     }
+    return understood;
 }
 
 template <typename T> bool Setting<T>::set(const T& value) {

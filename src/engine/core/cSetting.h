@@ -34,12 +34,18 @@ public:
     const T& operator()() const { return m_value; }
     const SettingKey& key() const { return m_key; }
 
-    void read();
+    // False when the text in the file is no such value; 0, false or the default colour then holds.
+    bool read();
+    // What holds while the key is absent holds for this run.
+    void holdDefault() { take(fallback()); }
     // Takes the value and writes it at once. False when it did not reach the file; it holds for this
     // run all the same.
     bool set(const T& value);
 
 private:
+    QString fallback() const;
+    bool take(const QString& text);
+
     INIData& m_data;
     const SettingKey& m_key;
     T m_value{};

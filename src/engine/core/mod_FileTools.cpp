@@ -13,6 +13,7 @@ namespace tessel {
 namespace {
 constexpr QFileDevice::Permissions kOwnFile = QFileDevice::ReadOwner | QFileDevice::WriteOwner;
 constexpr QFileDevice::Permissions kOwnFolder = kOwnFile | QFileDevice::ExeOwner;
+constexpr int kMostKept = 1000;
 
 // `begin`: where to begin in a file of this size.
 template <typename Begin>
@@ -88,6 +89,23 @@ bool replaceFile(const QString& path, const QByteArray& bytes) {
         file.cancelWriting();
     }
     return file.commit();
+}
+
+QString nameForDamaged(const QString& path) {
+    for (int number = 1; number <= kMostKept; ++number) {
+        const QString name =
+            path + QLatin1String(".damaged") + (number == 1 ? QString() : QString::number(number));
+        const QFileInfo taken(name);
+        if (!taken.exists() && !taken.isSymLink()) {
+            return name;
+        }
+    }
+    return {};
+}
+
+QString putAside(const QString& path) {
+    const QString name = nameForDamaged(path);
+    return !name.isEmpty() && QFile::rename(path, name) ? QFileInfo(name).fileName() : QString();
 }
 
 bool appendToFile(const QString& path, const QByteArray& bytes, qint64 maxBytes) {

@@ -28,6 +28,13 @@ bool readFileEnd(const QString& path, qint64 maxBytes, QByteArray& bytes);
 // the old file or the new one, never a part. False when the old one stands.
 bool replaceFile(const QString& path, const QByteArray& bytes);
 
+// A free name beside the file for what cannot be read of it: NAME.damaged, NAME.damaged2 and so on.
+// Empty when all are taken.
+QString nameForDamaged(const QString& path);
+// Gives a file such a name, so that nothing is written in its place. The new name without its folder;
+// empty when the file stands where it was.
+QString putAside(const QString& path);
+
 // Adds to the end of a file, which is made if it is missing. False when nothing was added, also when
 // the file has `maxBytes` or more.
 bool appendToFile(const QString& path, const QByteArray& bytes, qint64 maxBytes);

@@ -5,29 +5,9 @@
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_Limits.h"
 
-#include <QFile>
 #include <QFileInfo>
 
 namespace tessel {
-
-namespace {
-
-constexpr int kMostKept = 1000;
-
-// A name beside the file that is not taken; empty when all are.
-QString nameForDamaged(const QString& path) {
-    for (int number = 1; number <= kMostKept; ++number) {
-        const QString name =
-            path + QLatin1String(".damaged") + (number == 1 ? QString() : QString::number(number));
-        const QFileInfo taken(name);
-        if (!taken.exists() && !taken.isSymLink()) {
-            return name;
-        }
-    }
-    return {};
-}
-
-} // namespace
 
 void INIData::aim(const QString& path, const QString& section, const QString& key) const {
     m_ini.Path = path;
@@ -82,12 +62,11 @@ bool INIData::PutAsideDamaged(const QString& file, QString& keptAs) {
         (readWholeFile(path, static_cast<qint64>(kMaxIniBytes), bytes) && !cIniDocument(bytes).damaged())) {
         return true;
     }
-    const QString name = nameForDamaged(path);
-    if (name.isEmpty() || !QFile::rename(path, name)) {
+    keptAs = putAside(path);
+    if (keptAs.isEmpty()) {
         m_ini.forbid(path);
         return false;
     }
-    keptAs = QFileInfo(name).fileName();
     return true;
 }
 

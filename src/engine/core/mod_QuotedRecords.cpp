@@ -65,12 +65,8 @@ void keepUnclosed(const QString& path, const QByteArray& unclosed, cErrorLog& lo
     if (unclosed.isEmpty()) {
         return;
     }
-    constexpr int kMostCopies = 9;
-    QString copy = path + QLatin1String(".damaged");
-    for (int number = 2; FileExists(copy) && number <= kMostCopies; ++number) {
-        copy = path + QStringLiteral(".damaged%1").arg(number);
-    }
-    const bool kept = replaceFile(copy, unclosed);
+    const QString copy = nameForDamaged(path);
+    const bool kept = !copy.isEmpty() && replaceFile(copy, unclosed);
     log.LogEvent(QStringLiteral("Files"),
                  kept ? QStringLiteral("A record has no end, kept aside")
                       : QStringLiteral("A record has no end"),

@@ -4,6 +4,8 @@
 
 #include "engine/core/cSetting.h"
 
+#include <QStringList>
+
 #include <array>
 #include <cstddef>
 
@@ -12,18 +14,16 @@ namespace tessel {
 // X(type, section, member's key, key, default): one row a key, in the order of loading.
 //
 // `HLNAV`, `SBT`, `LSNAV`, `FRAME` and `LSTB` stand in the files of older stations. Nothing in this program
-// follows them; they are read so that the table is whole.
+// follows them, and they stay there as they are.
 #define TESSEL_SETTINGS(X)                                                                                   \
     X(std::int32_t, User, TAG, "TAG", "41")                                                                  \
     X(bool, User, FirstRun, "FirstRun", "1")                                                                 \
     X(QString, Note, ACTIVE, "ACTIVE", "")                                                                   \
     X(std::int32_t, NAV, 1, "1", "350")                                                                      \
     X(std::int32_t, MSGNAV, 1, "1", "103")                                                                   \
-    X(bool, Settings, HLNAV, "HLNAV", "1")                                                                   \
     X(bool, Settings, ONTOP, "ONTOP", "0")                                                                   \
     X(bool, Settings, SHOWUSER, "SHOWUSER", "1")                                                             \
     X(bool, Settings, SST, "SST", "1")                                                                       \
-    X(bool, Settings, SBT, "SBT", "1")                                                                       \
     X(std::int32_t, Settings, SORTEV, "SORTEV", "0")                                                         \
     X(std::int32_t, Settings, SORTSV, "SORTSV", "0")                                                         \
     X(std::int32_t, Settings, SORTFV, "SORTFV", "0")                                                         \
@@ -54,12 +54,10 @@ namespace tessel {
     X(bool, Settings, DBB, "DBB", "0")                                                                       \
     X(std::int32_t, Settings, DBBL, "DBBL", "75")                                                            \
     X(bool, Settings, DBNAV, "DBNAV", "0")                                                                   \
-    X(bool, Settings, LSNAV, "LSNAV", "1")                                                                   \
     X(bool, Settings, EOC, "EOC", "0")                                                                       \
     X(bool, Settings, APN, "APN", "0")                                                                       \
     X(bool, Settings, UPD, "UPD", "1")                                                                       \
     X(bool, Settings, TestMode, "TestMode", "0")                                                             \
-    X(bool, Advanced, FRAME, "FRAME", "1")                                                                   \
     X(bool, Advanced, ENCODE, "ENCODE", "1")                                                                 \
     X(bool, Advanced, MultipleMonitors, "MultipleMonitors", "1")                                             \
     X(bool, Sound, ST, "ST", "1")                                                                            \
@@ -71,7 +69,6 @@ namespace tessel {
     X(std::int32_t, Fonts, EVFS, "EVFS", "10")                                                               \
     X(std::int32_t, Fonts, MVFS, "MVFS", "10")                                                               \
     X(bool, Fonts, EVFB, "EVFB", "0")                                                                        \
-    X(Argb, Color, LSTB, "LSTB", "15071231")                                                                 \
     X(Argb, Messages, MSG_TS, "MSG_TS", "#414141")                                                           \
     X(Argb, Messages, MSG_B, "MSG_B", "#767676")                                                             \
     X(Argb, Messages, MSG_BACK, "MSG_BACK", "#e4ecf7")                                                       \
@@ -159,6 +156,8 @@ public:
 
     // Reads every key. `encodingRestricted`: scrambling is off, whatever the key says.
     void LoadSettings(bool encodingRestricted);
+    // "SECTION/KEY" of each value that meant nothing at the last load, say a word where a number belongs.
+    const QStringList& unreadable() const { return m_unreadable; }
 
     // Whether packet bodies are scrambled.
     bool ENCODE() const { return Advanced_ENCODE() && !m_encodingRestricted; }
@@ -169,6 +168,7 @@ public:
 private:
     INIData& m_data;
     bool m_encodingRestricted = false;
+    QStringList m_unreadable;
 
 public:
     TESSEL_SETTINGS(TESSEL_MEMBER)

@@ -87,7 +87,7 @@ void Metrics::LoadMetrics(const QString& SID, QDate date) {
     m_dayText.clear();
     m_dayCounters = nullptr;
     QByteArray bytes;
-    readFileStart(m_folders.dataFile(NotificationHistory::kFile), m_history.mostFileBytes(), bytes);
+    readFileStart(m_folders.dataFile(kRecentsFile), m_history.mostFileBytes(), bytes);
     int records = 0;
     forEachQuotedRecord(bytes, m_history.mostEntries(), [&](QByteArrayView record) {
         ++records;

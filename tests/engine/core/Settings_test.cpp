@@ -27,8 +27,10 @@ TEST_F(SettingsFile, WhatStandsInTheFile) {
     user("Settings", "MNT", "loud");
     user("Settings", "DNP", "nan");
     user("user", "tag", "7");
+    user("Messages", "SAVE_CNT", "all of them");
+    user("Recents", "SAVE_CNT", "99999999999");
     user("Advanced", "filtercolor", "#102030");
-    user("Color", "LSTB", "no such colour");
+    user("Messages", "MSG_BACK", "no such colour");
     Settings& settings = load();
     EXPECT_FALSE(settings.Settings_SNP());
     EXPECT_TRUE(settings.Settings_SHOWUSER()) << "an empty value counts as absent";
@@ -38,14 +40,19 @@ TEST_F(SettingsFile, WhatStandsInTheFile) {
     EXPECT_FALSE(settings.Settings_MNT());
     EXPECT_FALSE(settings.Settings_DNP());
     EXPECT_EQ(settings.User_TAG(), 7);
+    EXPECT_EQ(settings.Messages_SAVE_CNT(), 500) << "or the inbox would be emptied";
+    EXPECT_EQ(settings.Recents_SAVE_CNT(), 1200);
+    EXPECT_EQ(settings.unreadable().join(u' ').toStdString(),
+              "Settings/SNPT Settings/SNPTP Settings/DNP Settings/MNT Messages/MSG_BACK Messages/SAVE_CNT "
+              "Recents/SAVE_CNT");
     EXPECT_EQ(settings.Advanced_FilterColor(), argb(0x10, 0x20, 0x30));
     EXPECT_EQ(settings.Advanced_FilterColorIdle(), argb(0x10, 0x20, 0x30));
-    EXPECT_EQ(settings.Color_LSTB(), argb(255, 247, 229));
+    EXPECT_EQ(settings.Messages_MSG_BACK(), argb(0xe4, 0xec, 0xf7));
 
-    EXPECT_TRUE(settings.Color_LSTB.set(argb(1, 2, 3)));
+    EXPECT_TRUE(settings.Messages_MSG_BACK.set(argb(1, 2, 3)));
     EXPECT_TRUE(settings.Settings_SNPT.set(60));
     EXPECT_TRUE(settings.Settings_EOC.set(false));
-    EXPECT_EQ(me.get(kUserFile, "Color", "LSTB"), "#010203");
+    EXPECT_EQ(me.get(kUserFile, "Messages", "MSG_BACK"), "#010203");
     EXPECT_EQ(me.get(kUserFile, "Settings", "SNPT"), "60");
     EXPECT_EQ(me.get(kUserFile, "Settings", "EOC"), "0");
 }
