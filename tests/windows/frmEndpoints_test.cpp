@@ -58,6 +58,11 @@ TEST_F(ActiveConnections, MenusAct) {
     trigger(*form, "mnuAnnounce");
     EXPECT_EQ(codesSent(), QStringList({"XAN"}));
     EXPECT_EQ(names().size(), 3);
+    world[0]->own.online = false;
+    trigger(*form, "mnuAnnounce");
+    EXPECT_TRUE(codesSent().isEmpty());
+    EXPECT_EQ(world[0]->footer.text().trimmed(), "Not sent: offline");
+    world[0]->own.online = true;
 
     trigger(*form, "mnuRebuildUsers");
     EXPECT_TRUE(names().isEmpty());
@@ -121,6 +126,31 @@ TEST_F(ActiveConnections, DoubleClickTellsTheRow) {
     EXPECT_EQ(lines[10], "Location Note: Back soon");
     QTest::keyClick(box, Qt::Key_Escape);
     EXPECT_EQ(openBox(), nullptr);
+}
+
+// A copied identity is the fault that offices have most: whoever looks must see it, and what helps.
+TEST_F(ActiveConnections, TellsOfACopiedIdentityAndOffersAnother) {
+    auto* const notice = form->findChild<QWidget*>(QStringLiteral("IdentityNotice"));
+    ASSERT_NE(notice, nullptr);
+    EXPECT_FALSE(notice->isVisible());
+    world.network.inject(RawPacket{.SID = world[0]->own.SID, .host = "cl<b>one", .code = "XRKA"}.bytes(),
+                         0xC0A80105);
+    world.run(1);
+    EXPECT_TRUE(notice->isVisible());
+    EXPECT_EQ(notice->findChild<QLabel*>()->text(),
+              "Another computer uses this location's identity: cl<b>one 192.168.1.5");
+    EXPECT_EQ(world[0]->footer.text().trimmed(), "Another computer uses this location's identity");
+    world.run(120);
+    EXPECT_EQ(world[0]->footer.text().trimmed(), "Another computer uses this location's identity")
+        << "as long as it is so";
+
+    const QString before = SIDInFile();
+    notice->findChild<QPushButton*>(QStringLiteral("cmdResetSID"))->click();
+    ASSERT_NE(openBox(), nullptr);
+    QTest::mouseClick(openBox()->button(QMessageBox::Yes), Qt::LeftButton);
+    EXPECT_NE(SIDInFile(), before);
+    ASSERT_NE(openBox(), nullptr);
+    EXPECT_EQ(openBox()->text(), "You will need to restart Tessel Status to complete this action.");
 }
 
 // A new SID makes this location a stranger to all favorites: nobody may get one by pressing Enter.

@@ -1,4 +1,4 @@
-// Keeps a held Return, Enter or Space in the widget in which it went down.
+// Keeps a held Return, Enter, Space or key of a quick status in the widget in which it went down.
 #pragma once
 
 #include <QObject>
@@ -36,7 +36,10 @@ private:
 
     bool dropsPress(Held& held, const QKeyEvent& event, const QWidget* target);
 
-    std::array<Held, 3> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space}};
+    std::array<Held, 12> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space},
+                                Held{Qt::Key_F1},     Held{Qt::Key_F2},    Held{Qt::Key_F3},
+                                Held{Qt::Key_F4},     Held{Qt::Key_F5},    Held{Qt::Key_F6},
+                                Held{Qt::Key_F7},     Held{Qt::Key_F8},    Held{Qt::Key_F9}};
 };
 
 } // namespace tessel

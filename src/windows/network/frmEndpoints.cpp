@@ -161,7 +161,11 @@ void frmEndpoints::createMenus() {
 
     QMenu* const network = menuBar()->addMenu(tr("&Network"));
     add(network, "mnuRefresh", tr("&Refresh"), QKeySequence::Refresh, [this] { refreshCaption(); });
-    add(network, "mnuAnnounce", tr("&Announce"), {}, [this] { m_station.network.Announce(); });
+    add(network, "mnuAnnounce", tr("&Announce"), {}, [this] {
+        if (m_station.network.CanSend()) {
+            m_station.network.Announce();
+        }
+    });
     add(network, "mnuRebuildUsers", tr("Re&build List"), {},
         [this] { m_station.endpoints.RefreshAllEndpoints(); });
     add(network, "mnuLFD_Connections", tr("Look for &Lost Connections"), {},
