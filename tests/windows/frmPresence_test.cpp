@@ -152,6 +152,7 @@ TEST_F(PresenceWindows, ActionsWindowAsksAndShowsWhatItAsked) {
     part<QLineEdit>(window, "fltName").setText("Carl");
     press(window, "cmdLocInUse");
     EXPECT_EQ(other().own.patientName, "Carl");
+    EXPECT_EQ(part<QPushButton>(window, "cmdLocInUse").text(), "Remove Patient (Carl)");
     press(window, "cmdLocInUse");
     EXPECT_FALSE(other().own.occupied);
     press(window, "StaffTag3");
@@ -205,10 +206,18 @@ TEST_F(PresenceWindows, BoardFollowsOnAWall) {
     EXPECT_EQ(board.windowTitle(), "Occupied Locations");
     EXPECT_EQ(shownTexts(list, 1), QStringList({"Room 2", "Room 3"}));
     EXPECT_EQ(shownTexts(list, 2), QStringList({"Bob", "Carl"}));
+    world[2]->presence.Set_StaffTag(33);
+    world.run(120);
+    QTest::keyClicks(&part<QLineEdit>(board, "txtSearch"), "carl");
+    const QList<QStringList> rows = board.printed().parts.last().rows;
+    EXPECT_EQ(rows, QList<QStringList>({{"Active", "Patient", "Staff", "Occupied for", "Location Note"},
+                                        {"Room 3", "Carl", "Status tag 4", "2 min", ""}}))
+        << "what is printed is what is shown";
+    QTest::keyClick(&board, Qt::Key_F5);
     QTest::keyClick(&board, Qt::Key_F11);
     settle();
     EXPECT_TRUE(board.isLarge());
-    EXPECT_EQ(shownTexts(list, 4), QStringList({"0 min", "0 min"}));
+    EXPECT_EQ(shownTexts(list, 4), QStringList({"2 min", "2 min"}));
     other().presence.SetOccupiedStatusRemote(true, {});
     world.run(1);
     EXPECT_EQ(shownTexts(list, 1), QStringList("Room 3"));

@@ -30,10 +30,6 @@ constexpr char kStatusTip[] = "Show all locations what you are doing";
 constexpr char kRoomTip[] = "This location is in use, or not any more";
 constexpr char kNotesTip[] = "Show or hide the notes of locations";
 
-// Pictures that are no command's own.
-constexpr int kSeatPatientPicture = 13;
-constexpr int kRemovePatientPicture = 21;
-
 // Names come from outside, and a menu takes what stands behind a tabulator for a shortcut.
 QString shown(const QString& name) {
     return name.simplified().replace(u'&', QLatin1String("&&"));
@@ -70,17 +66,11 @@ void toggleRoom(T t, C) {
 bool roomOccupied(T t, C) {
     return t.own.occupied;
 }
-QString captionOf(bool occupied, const QString& patient) {
-    return !occupied           ? QStringLiteral("Seat Patient")
-           : patient.isEmpty() ? QStringLiteral("Remove Patient")
-                               : QLatin1String("Remove Patient (") + shown(patient) + u')';
-}
 QString roomCaption(T t, C) {
-    return captionOf(t.own.occupied, t.own.patientName);
+    return shown(RoomCaption(t.own.occupied, t.own.patientName));
 }
-
 int roomPicture(T t, C) {
-    return t.own.occupied ? kRemovePatientPicture : kSeatPatientPicture;
+    return RoomPicture(t.own.occupied);
 }
 
 // The same of a row. A virtual location's is as it stands in the table.
@@ -88,13 +78,11 @@ bool isPlace(C call) {
     return call.row != nullptr && !IsVirtualLocation(*call.row);
 }
 QString rowRoomCaption(T, C call) {
-    return isPlace(call) ? captionOf(isOccupied(*call.row), GetOccupiedName(*call.row))
+    return isPlace(call) ? shown(RoomCaption(isOccupied(*call.row), GetOccupiedName(*call.row)))
                          : QStringLiteral("Not Occupied");
 }
 int rowRoomPicture(T, C call) {
-    return !isPlace(call)          ? static_cast<int>(call.command)
-           : isOccupied(*call.row) ? kRemovePatientPicture
-                                   : kSeatPatientPicture;
+    return isPlace(call) ? RoomPicture(isOccupied(*call.row)) : static_cast<int>(call.command);
 }
 
 // What another location is asked for needs the network; the own row does not.

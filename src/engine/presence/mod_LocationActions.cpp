@@ -17,7 +17,20 @@ QString body(const QStringList& values) {
     return values.join(ValueMark);
 }
 
+constexpr int kSeatPatientPicture = 13;
+constexpr int kRemovePatientPicture = 21;
+
 } // namespace
+
+QString RoomCaption(bool occupied, const QString& patient) {
+    return !occupied           ? QStringLiteral("Seat Patient")
+           : patient.isEmpty() ? QStringLiteral("Remove Patient")
+                               : QLatin1String("Remove Patient (") + patient.simplified() + u')';
+}
+
+int RoomPicture(bool occupied) {
+    return occupied ? kRemovePatientPicture : kSeatPatientPicture;
+}
 
 bool LocationActions::isOwn(const ReportRecord& row) const {
     return GetSID(row) == m_targets.own.SID;

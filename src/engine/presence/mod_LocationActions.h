@@ -30,6 +30,10 @@ struct LocationFacts {
     QString Note;
 };
 
+// What the action on a room is called, with the patient's name behind it, and its picture.
+QString RoomCaption(bool occupied, const QString& patient);
+int RoomPicture(bool occupied);
+
 class LocationActions {
 public:
     struct Targets {

@@ -1,6 +1,7 @@
 #include "engine/presence/mod_RoomStatus.h"
 
 #include "engine/core/cOwnState.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_RoomTimes.h"
@@ -111,6 +112,30 @@ bool RoomStatus::Add_to_View(const ReportRecord& home, ReportRecord& row) const 
         different = true;
     }
     return different;
+}
+
+QList<QStringList> RoomStatus::printed(const std::vector<ReportRecordPtr>& rows) const {
+    QList<QStringList> table{{QStringLiteral("Active"), QStringLiteral("Patient"), QStringLiteral("Staff"),
+                              QStringLiteral("Occupied for")}};
+    if (previewMode()) {
+        table.first() += QStringLiteral("Location Note");
+    }
+    for (const ReportRecordPtr& row : rows) {
+        const int tag = item(*row, RoomItem::Staff).value;
+        QStringList line{item(*row, RoomItem::Active).text, item(*row, RoomItem::Patient).text,
+                         IsLocationTag(tag) ? QStringLiteral("Status tag %1").arg(tag - kFirstStaffTag + 1)
+                                            : QString(),
+                         m_times.occupiedFor(item(*row, RoomItem::SID).text, m_clock.secondOfDay())};
+        if (previewMode()) {
+            line += row->preview;
+        }
+        table += line;
+    }
+    return table;
+}
+
+QString RoomStatus::printedAt() const {
+    return m_clock.timeText() + QLatin1String(" on ") + m_clock.dateText();
 }
 
 bool RoomStatus::previewMode() const {

@@ -4,7 +4,11 @@
 #include "engine/ports/cClock.h"
 #include "records/cReportRecords.h"
 
+#include <QList>
 #include <QObject>
+#include <QStringList>
+
+#include <vector>
 
 namespace tessel {
 
@@ -41,6 +45,11 @@ public:
     // Whether notes of locations are shown; flipping is stored.
     bool previewMode() const;
     void SetPreviewMode();
+
+    // These rows of the board for paper, each with how long it has been occupied; the captions first.
+    QList<QStringList> printed(const std::vector<ReportRecordPtr>& rows) const;
+    // Of which moment that tells.
+    QString printedAt() const;
 
     ReportRecords rptStatus{static_cast<int>(RoomItem::SID)};
 

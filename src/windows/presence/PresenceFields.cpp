@@ -1,6 +1,8 @@
 #include "windows/presence/PresenceFields.h"
 
+#include "controls/look/Images.h"
 #include "engine/core/mod_Definitions.h"
+#include "engine/presence/mod_LocationActions.h"
 #include "engine/presence/mod_OwnPresence.h"
 
 #include <QDialog>
@@ -69,6 +71,11 @@ QPushButton* button(const QString& name, const QString& caption, const QString& 
     made->setToolTip(tip);
     made->setAutoDefault(false);
     return made;
+}
+
+void showRoomAct(QPushButton& act, const Images& images, bool occupied, const QString& patient) {
+    act.setText(RoomCaption(occupied, patient).replace(u'&', QLatin1String("&&")));
+    act.setIcon(images.image(RoomPicture(occupied), act.palette()));
 }
 
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {

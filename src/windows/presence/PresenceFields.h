@@ -12,6 +12,8 @@ class QVBoxLayout;
 
 namespace tessel {
 
+class Images;
+
 // fltName: a patient's name, or the grey "Optional Name".
 KeyFilterEdit* patientField(QWidget* parent);
 // What stands in such a field; empty for the grey text.
@@ -23,6 +25,8 @@ QVBoxLayout* dialogLayout(QDialog& dialog);
 // A field under its label; "&" in the label marks the field's key.
 void addField(QVBoxLayout& layout, const QString& label, QWidget* field);
 QPushButton* button(const QString& name, const QString& caption, const QString& tip, QWidget* parent);
+// Gives the button that seats or removes a patient its caption and picture.
+void showRoomAct(QPushButton& act, const Images& images, bool occupied, const QString& patient);
 // Buttons from the right edge inwards.
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
 

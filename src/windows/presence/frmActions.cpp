@@ -10,6 +10,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
 #include <QPushButton>
@@ -40,10 +41,16 @@ frmActions::frmActions(LocationActions& actions, Favorites& favorites, const Sha
     m_pages->setObjectName(QStringLiteral("Views"));
     m_pages->addTab(createStatusPage(), tr("&Set Status"));
     m_pages->addTab(createFavoritePage(), tr("&Favorite Options"));
-    auto* const close = button(QStringLiteral("cmdClose"), tr("C&lose"), {}, this);
+    m_pages->setAccessibleName(QStringLiteral("Views"));
+    auto* const controls = new QWidget(this);
+    controls->setObjectName(QStringLiteral("Controls"));
+    controls->setAccessibleName(controls->objectName());
+    auto* const close = button(QStringLiteral("cmdClose"), tr("C&lose"), {}, controls);
+    controls->setLayout(buttonRow({close}));
+    controls->layout()->setContentsMargins(0, 0, 0, 0);
     QVBoxLayout* const layout = dialogLayout(*this);
     layout->addWidget(m_pages, 1);
-    layout->addLayout(buttonRow({close}));
+    layout->addWidget(controls);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 }
 
@@ -71,29 +78,26 @@ QWidget* frmActions::createStatusPage() {
     status->addWidget(m_set);
     status->addWidget(m_clear);
 
-    auto* const room = new QGroupBox(tr("Room"), page);
-    m_roomState = new QLabel(room);
+    auto* const state = new QGroupBox(QStringLiteral(" Status "), page);
+    m_roomState = new QLabel(state);
     m_roomState->setObjectName(QStringLiteral("lblLocInUse"));
-    m_name = patientField(room);
-    m_inUse = button(QStringLiteral("cmdLocInUse"), {}, tr("Seat or remove the patient"), room);
+    m_name = patientField(state);
+    m_inUse = button(QStringLiteral("cmdLocInUse"), {}, tr("Seat or remove the patient"), state);
     m_inUse->setCheckable(true);
-    auto* const rooms = new QHBoxLayout(room);
-    rooms->setSpacing(kGrid);
-    rooms->addWidget(m_roomState);
-    rooms->addWidget(m_name, 1);
-    rooms->addWidget(m_inUse);
-
-    auto* const staff = new QGroupBox(tr("Staff tag"), page);
-    m_tags = new StaffTagButtons(staff);
-    auto* const tags = new QVBoxLayout(staff);
-    tags->addWidget(m_tags);
+    m_tags = new StaffTagButtons(state);
+    auto* const states = new QGridLayout(state);
+    states->setSpacing(kGrid);
+    states->addWidget(m_roomState, 0, 0);
+    states->addWidget(m_name, 0, 1);
+    states->addWidget(m_inUse, 0, 2);
+    states->addWidget(new QLabel(tr("Staff tag:"), state), 1, 0);
+    states->addWidget(m_tags, 1, 1, 1, 2);
+    states->setColumnStretch(1, 1);
 
     auto* const layout = new QVBoxLayout(page);
     layout->setSpacing(kGrid);
-    for (QWidget* const group :
-         {static_cast<QWidget*>(m_statusGroup), static_cast<QWidget*>(room), static_cast<QWidget*>(staff)}) {
-        layout->addWidget(group);
-    }
+    layout->addWidget(m_statusGroup);
+    layout->addWidget(state);
     layout->addStretch(1);
 
     connect(m_set, &QPushButton::clicked, this, &frmActions::Set_Status);
@@ -102,6 +106,8 @@ QWidget* frmActions::createStatusPage() {
     connect(m_statusText, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
     connect(m_name, &KeyFilterEdit::enterPressed, m_inUse, &QPushButton::click);
     connect(m_name, &KeyFilterEdit::escapePressed, this, &QDialog::reject);
+    // A name that is being typed is not asked for yet.
+    connect(m_name, &QLineEdit::textEdited, this, [this] { m_name->setPalette({}); });
     connect(m_inUse, &QPushButton::clicked, this, &frmActions::toggleRoom);
     connect(m_tags, &StaffTagButtons::tagChosen, this, [this](int tag) { Set_StaffTag(tag, false); });
     return page;
@@ -121,20 +127,24 @@ QWidget* frmActions::createFavoritePage() {
     tones->setSpacing(kGrid);
     tones->addWidget(m_tone, 1);
     tones->addWidget(m_play);
-    m_popup = new QCheckBox(tr("Show a po&pup when this location sets a status"), page);
+    auto* const options = new QGroupBox(QStringLiteral(" Favorite Options "), page);
+    m_popup = new QCheckBox(tr("Show a po&pup when this location sets a status"), options);
     m_popup->setObjectName(QStringLiteral("chkFavPopup"));
-    m_save = button(QStringLiteral("cmdSave"), tr("Sa&ve"), tr("Keep tone and popup"), page);
+    m_save = button(QStringLiteral("cmdSave"), tr("Sa&ve"), tr("Keep tone and popup"), options);
     m_favorite = button(QStringLiteral("cmdFavorite"), tr("&Remove from Favorites"),
-                        tr("Take this location out of the favorites"), page);
+                        tr("Take this location out of the favorites"), options);
     m_add = button(QStringLiteral("cmdAddFavorite"), tr("&Add to Favorites"),
-                   tr("Pin this location to the favorites"), page);
+                   tr("Pin this location to the favorites"), options);
+    auto* const choices = new QVBoxLayout(options);
+    choices->setSpacing(kGrid);
+    choices->addWidget(m_popup);
+    choices->addLayout(buttonRow({m_add, m_favorite, m_save}));
 
     auto* const layout = new QVBoxLayout(page);
     layout->setSpacing(kGrid);
     layout->addWidget(m_favoriteState);
     layout->addWidget(tone);
-    layout->addWidget(m_popup);
-    layout->addLayout(buttonRow({m_add, m_favorite, m_save}));
+    layout->addWidget(options);
     layout->addStretch(1);
 
     connect(m_play, &QPushButton::clicked, this, [this] {
@@ -224,7 +234,7 @@ void frmActions::Clear_Status(bool Close) {
 
 void frmActions::showRoom() {
     m_inUse->setChecked(m_facts.Occupied);
-    m_inUse->setText(m_facts.Occupied ? QStringLiteral("Remove Patient") : QStringLiteral("Seat Patient"));
+    showRoomAct(*m_inUse, m_images, m_facts.Occupied, m_facts.Patient);
     m_roomState->setText(m_facts.Occupied ? QStringLiteral("Occupied") : QStringLiteral("Open"));
     m_name->setEnabled(!m_facts.Occupied);
     m_name->setText(m_facts.Patient);

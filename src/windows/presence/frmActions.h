@@ -1,6 +1,7 @@
 // The window "Location Actions": what this location can do to another one.
 #pragma once
 
+#include "controls/look/Images.h"
 #include "engine/presence/mod_LocationActions.h"
 #include "windows/FormWindows.h"
 
@@ -52,6 +53,7 @@ private:
     const SharedStatus& m_shared;
     Tones& m_tones;
     LocationFacts m_facts;
+    Images m_images;
 
     QTabWidget* m_pages;
     QGroupBox* m_statusGroup;

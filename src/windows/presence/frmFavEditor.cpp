@@ -5,6 +5,7 @@
 #include "windows/presence/PresenceFields.h"
 
 #include <QKeyEvent>
+#include <QLabel>
 #include <QListWidget>
 #include <QMessageBox>
 #include <QPushButton>
@@ -12,16 +13,29 @@
 
 namespace tessel {
 
+namespace {
+constexpr int kLeastLetters = 40; // of a name
+constexpr int kLeastLines = 10;
+} // namespace
+
 frmFavEditor::frmFavEditor(Favorites& favorites, const Tones& tones, QWidget* parent)
     : QDialog(parent), m_favorites(favorites), m_tones(tones), m_list(new QListWidget(this)),
+      m_none(new QLabel(tr("No favorites have been selected"), this)),
       m_show(button(QStringLiteral("cmdShow"), tr("&Show…"), tr("What is stored of this favorite"), this)),
       m_remove(
           button(QStringLiteral("cmdRemove"), tr("&Remove"), tr("Remove this favorite (Delete)"), this)) {
     m_list->setObjectName(QStringLiteral("lstFavorite"));
     m_list->setAccessibleName(tr("Favorites"));
     m_list->setTextElideMode(Qt::ElideRight);
+    m_list->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
+    m_list->setUniformItemSizes(true);
+    m_list->setMinimumSize(kLeastLetters * m_list->fontMetrics().averageCharWidth(),
+                           kLeastLines * m_list->fontMetrics().lineSpacing());
+    m_none->setObjectName(QStringLiteral("lblNoFavorites"));
+    m_none->setWordWrap(true);
     auto* const close = button(QStringLiteral("cmdClose"), tr("&Close"), {}, this);
     QVBoxLayout* const layout = dialogLayout(*this);
+    layout->addWidget(m_none);
     layout->addWidget(m_list, 1);
     layout->addLayout(buttonRow({m_show, m_remove, close}));
 
@@ -43,6 +57,7 @@ void frmFavEditor::LoadFavorites() {
         item->setData(Qt::UserRole, slot);
     }
     m_list->setCurrentRow(std::min(std::max(row, 0), m_list->count() - 1));
+    m_none->setVisible(m_list->count() == 0);
     m_show->setEnabled(m_list->count() > 0);
     m_remove->setEnabled(m_list->count() > 0);
     RefreshCaption();

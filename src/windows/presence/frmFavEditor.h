@@ -3,6 +3,7 @@
 
 #include <QDialog>
 
+class QLabel;
 class QListWidget;
 class QPushButton;
 
@@ -30,6 +31,7 @@ private:
     Favorites& m_favorites;
     const Tones& m_tones;
     QListWidget* m_list; // lstFavorite
+    QLabel* m_none;
     QPushButton* m_show;
     QPushButton* m_remove;
 };

@@ -26,12 +26,11 @@ frmOccupiedRemote::frmOccupiedRemote(LocationActions& actions, QWidget* parent)
 
 void frmOccupiedRemote::take(const WindowRequest& request) {
     m_facts = m_actions.factsOf(request.SID);
-    const QString act = m_facts.Occupied ? QStringLiteral("Remove Patient") : QStringLiteral("Seat Patient");
-    setWindowTitle(act + QLatin1String(" - ") + m_facts.Location);
+    setWindowTitle(RoomCaption(m_facts.Occupied, {}) + QLatin1String(" - ") + m_facts.Location);
     m_occupied->setChecked(m_facts.Occupied);
     m_name->setText(m_facts.Patient);
     m_name->setEnabled(!m_facts.Occupied);
-    m_inUse->setText(act);
+    showRoomAct(*m_inUse, m_images, m_facts.Occupied, m_facts.Patient);
     m_inUse->setToolTip(m_facts.Occupied ? tr("Ask the location to mark itself free")
                                          : tr("Ask the location to mark itself occupied"));
     (m_facts.Occupied ? static_cast<QWidget*>(m_inUse) : m_name)->setFocus();

@@ -1,6 +1,7 @@
 // Seats a patient at another location, or removes the one who is there.
 #pragma once
 
+#include "controls/look/Images.h"
 #include "engine/presence/mod_LocationActions.h"
 #include "windows/FormWindows.h"
 
@@ -25,6 +26,7 @@ private:
 
     LocationActions& m_actions;
     LocationFacts m_facts;
+    Images m_images;
     QCheckBox* m_occupied;
     KeyFilterEdit* m_name; // fltName
     QPushButton* m_inUse;  // cmdLocInUse

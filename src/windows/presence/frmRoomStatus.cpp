@@ -7,6 +7,7 @@
 #include "engine/presence/mod_LocationActions.h"
 #include "engine/presence/mod_LocationViews.h"
 #include "engine/presence/mod_RoomStatus.h"
+#include "windows/dialogs/frmPreview.h"
 
 #include <QKeyEvent>
 #include <QLabel>
@@ -23,7 +24,14 @@ namespace {
 constexpr QSize kFirstSize(600, 420);
 constexpr int kGrid = 8;
 constexpr int kLeastLarge = 16;
-constexpr int kLargeRows = 14; // that a screen has room for, title among them
+constexpr int kLargeRows = 14;    // that a screen has room for, title among them
+constexpr double kUsualFont = 10; // points, for which widths are told
+constexpr int kIconWidth = 24;
+constexpr int kLeastName = 120;
+constexpr int kNameWidth = 240;
+constexpr int kPatientWidth = 140;
+constexpr int kStaffWidth = 60;
+constexpr int kTimeWidth = 125;
 
 ReportColumn column(const char* caption, RoomItem item, int width) {
     ReportColumn made;
@@ -41,9 +49,12 @@ frmRoomStatus::frmRoomStatus(RoomStatus& rooms, LocationActions& actions, const 
       m_search(new PromptEdit(QStringLiteral("Filter"), this)), m_board(new ReportControl(this)),
       m_bar(new QToolBar(QStringLiteral("Main"), this)), m_title(new QLabel(this)) {
     setWindowTitle(QStringLiteral("Occupied Locations"));
-    resize(kFirstSize);
     Create_StatusView();
     CreateStatusbar();
+    // In larger letters it needs more room, and its bar must show whole.
+    const double scale =
+        std::max({1.0, fontInfo().pointSizeF() / kUsualFont, settings.Fonts_EVFS() / kUsualFont});
+    resize((QSizeF(kFirstSize) * scale).toSize().expandedTo(m_bar->sizeHint() + QSize(kGrid, 0)));
 
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(tr("Filter rooms"));
@@ -90,15 +101,31 @@ void frmRoomStatus::Create_StatusView() {
 }
 
 void frmRoomStatus::showColumns() {
-    ReportColumn name = column("Active", RoomItem::Active, 160);
-    ReportColumn patient = column("Patient", RoomItem::Patient, 140);
+    // What is left is for names, short of what a patient's name can take.
+    const int usual = static_cast<int>(m_board->width() * kUsualFont / m_board->fontSize());
+    const int left = usual - kIconWidth - kStaffWidth - (m_large ? kTimeWidth : 0);
+    ReportColumn patient = column("Patient", RoomItem::Patient, kPatientWidth);
     patient.stretch = true;
-    std::vector<ReportColumn> columns{column("", RoomItem::Icon, 24), name, patient,
-                                      column("Staff", RoomItem::Staff, 60)};
+    std::vector<ReportColumn> columns{
+        column("", RoomItem::Icon, kIconWidth),
+        column("Active", RoomItem::Active, std::clamp(left - kPatientWidth, kLeastName, kNameWidth)), patient,
+        column("Staff", RoomItem::Staff, kStaffWidth)};
     if (m_large) {
-        columns.push_back(column("Occupied for", RoomItem::Time, 125));
+        columns.push_back(column("Occupied for", RoomItem::Time, kTimeWidth));
     }
     m_board->setColumns(std::move(columns));
+}
+
+// As it is shown: in its order, without what the filter hides.
+PrintDocument frmRoomStatus::printed() const {
+    m_board->syncNow();
+    const auto& order = static_cast<const ReportOrder&>(*m_board->model());
+    std::vector<ReportRecordPtr> rows;
+    for (int row = 0; row < order.shownCount(); ++row) {
+        rows.push_back(order.record(row));
+    }
+    return {windowTitle(),
+            {{.heading = windowTitle(), .text = m_rooms.printedAt()}, {.rows = m_rooms.printed(rows)}}};
 }
 
 void frmRoomStatus::CreateStatusbar() {
@@ -122,6 +149,9 @@ void frmRoomStatus::CreateStatusbar() {
     m_notes->setCheckable(true);
     m_notes->setChecked(m_rooms.previewMode());
     connect(m_notes, &QAction::triggered, &m_rooms, &RoomStatus::SetPreviewMode);
+    connect(add("mnuPrint", tr("Print"), tr("Print what the board shows (Ctrl+P)"), Image::PrintMessage,
+                QKeySequence::Print),
+            &QAction::triggered, this, [this] { showPreview(printed(), this); });
     connect(add("mnuLarge", tr("Large board"), tr("Fill the screen, for a wall (F11)"),
                 Image::OccupiedLocations, Qt::Key_F11),
             &QAction::triggered, this, [this] { setLarge(!m_large); });
@@ -137,7 +167,6 @@ void frmRoomStatus::showLook() {
     m_bar->setVisible(!m_large);
     m_search->setVisible(!m_large);
     m_title->setVisible(m_large);
-    showColumns();
     sizeLetters();
 }
 
@@ -164,6 +193,7 @@ void frmRoomStatus::setLarge(bool large) {
 void frmRoomStatus::sizeLetters() {
     if (!m_large) {
         m_board->setFontSize(m_settings.Fonts_EVFS());
+        showColumns();
         return;
     }
     constexpr int kPointsPerInch = 72;
@@ -172,6 +202,7 @@ void frmRoomStatus::sizeLetters() {
     letters.setPointSize(std::max(kLeastLarge, points));
     m_title->setFont(letters);
     m_board->setWallFontSize(letters.pointSize());
+    showColumns();
 }
 
 void frmRoomStatus::showEvent(QShowEvent* event) {
@@ -213,9 +244,7 @@ void frmRoomStatus::keyPressEvent(QKeyEvent* event) {
 
 void frmRoomStatus::resizeEvent(QResizeEvent* event) {
     QMainWindow::resizeEvent(event);
-    if (m_large) {
-        sizeLetters();
-    }
+    sizeLetters();
 }
 
 } // namespace tessel

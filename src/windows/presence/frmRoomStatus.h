@@ -2,6 +2,7 @@
 #pragma once
 
 #include "controls/look/Images.h"
+#include "controls/print/PrintDocument.h"
 
 #include <QMainWindow>
 
@@ -28,6 +29,7 @@ public:
     // Full screen, no bars, letters that a corridor can read; off: back to the window as it was.
     void setLarge(bool large);
     bool isLarge() const { return m_large; }
+    PrintDocument printed() const;
 
 protected:
     void showEvent(QShowEvent* event) override;
