@@ -69,7 +69,10 @@ frmAbout::frmAbout(const Folders& folders, Session& session, QWidget* parent) : 
     folder->setToolTip(tr("Opens the folder of your settings, messages and history"));
     connect(folder, &QPushButton::clicked, this, [&folders, &session] { session.openPath(folders.data()); });
     facts->addRow(tr("Data folder:"), fact(folders.data(), this));
-    facts->addRow(QString(), folder);
+    auto* const row = new QHBoxLayout;
+    row->addWidget(folder);
+    row->addStretch(1);
+    facts->addRow(QString(), row);
 
     auto* const buttons = new QDialogButtonBox(QDialogButtonBox::Close, this);
     connect(buttons, &QDialogButtonBox::rejected, this, &QDialog::reject);

@@ -101,6 +101,7 @@ QGroupBox* OptionPage::group(const QString& heading) {
     rows->setHorizontalSpacing(2 * kGrid);
     rows->setVerticalSpacing(kGrid);
     rows->setFieldGrowthPolicy(QFormLayout::FieldsStayAtSizeHint);
+    rows->setRowWrapPolicy(QFormLayout::WrapLongRows); // in large letters
     rows->setLabelAlignment(Qt::AlignLeft | Qt::AlignVCenter);
     rows->setFormAlignment(Qt::AlignLeft | Qt::AlignTop);
     m_layout->addWidget(box);

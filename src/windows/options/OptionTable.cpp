@@ -13,7 +13,6 @@ using S = Settings;
 constexpr char kOwn[] = "This location";
 constexpr char kWindow[] = "Main window";
 constexpr char kLists[] = "Lists of locations";
-constexpr char kStatuses[] = "Statuses of other locations";
 constexpr char kAlerts[] = "Alerts";
 constexpr char kQuickAlerts[] = "Quick alerts";
 constexpr char kPopups[] = "All popups";
@@ -69,20 +68,21 @@ const OptionRow kRows[] = {
     {Page::General, kLists, "chkListBold", Kind::Check, "Bold letters", "Shows the lists in bold letters",
      &S::Fonts_EVFB, 0, 0, "", false, fonts, "font weight"},
     {Page::General, kLists, "updStatusTime", Kind::Number, "Show the age of a status after",
-     "Younger statuses show no time", &S::Settings_STIMER, 0, kDayMinutes, " minutes", false, nullptr,
+     "Younger statuses show no time", &S::Settings_STIMER, 0, kDayMinutes, " min", false, nullptr,
      "elapsed time"},
 
     {Page::General, kSoftwareUpdates, "chkUpdates", Kind::Check, "Look for updates by itself",
      "Half a minute after the start of the program", &S::Settings_UPD, 0, 0, "", true, nullptr,
      "software version"},
 
-    {Page::Notices, kStatuses, "chkNotifyStatus", Kind::Check, "Show a popup when a status changes",
+    {Page::Notices, kStatusesOfOthers, "chkNotifyStatus", Kind::Check, "Show a popup when a status changes",
      "A small note that does not take the keyboard from you", &S::Settings_SNP, 0, 0, "", false, nullptr,
      "notify"},
-    {Page::Notices, kStatuses, "chkNotifyStatusTone", Kind::Check, "Play a tone when a status changes",
+    {Page::Notices, kStatusesOfOthers, "chkNotifyStatusTone", Kind::Check,
+     "Play a tone when a status changes",
      "The tone of the shared status or of the favorite, or else the usual one", &S::Settings_SNT, 0, 0, "",
      false, nullptr, "notify sound"},
-    {Page::Notices, kStatuses, "chkNotifyFav", Kind::Check, "Only for my favorites",
+    {Page::Notices, kStatusesOfOthers, "chkNotifyFav", Kind::Check, "Only for my favorites",
      "Other locations change their status without a popup or tone", &S::Settings_SNF, 0, 0, "", false,
      nullptr, "notify"},
     {Page::Notices, kAlerts, "chkNotify_DoorBell", Kind::Check, "Show a popup when the doorbell rings",
@@ -96,7 +96,7 @@ const OptionRow kRows[] = {
      "notify"},
     {Page::Notices, kAlerts, "updAlertBar", Kind::Number, "Keep the bar of an alert for",
      "The colored bar in the main window, unless you close it before", &S::Settings_ABPT, 1, kDayMinutes,
-     " minutes", false, nullptr, "time"},
+     " min", false, nullptr, "time"},
     {Page::Notices, kAlerts, "chkShake", Kind::Check, "Shake the main window on every alert",
      "For a screen that is watched from afar", &S::Settings_DBB, 0, 0, "", false, nullptr, "move"},
     {Page::Notices, kAlerts, "updShake", Kind::Number, "How long it shakes", "The number of small moves",
@@ -124,11 +124,11 @@ const OptionRow kRows[] = {
      "How much of what lies behind a popup shines through", &S::Settings_SNPTP, 51, 255, "", false, nullptr,
      "transparent"},
     {Page::Popups, kStay, "updAlertPopup", Kind::Number, "Alerts", "A popup that you click goes at once",
-     &S::Settings_ANPTM, 1, kDayMinutes, " minutes", false, nullptr, "time stay"},
+     &S::Settings_ANPTM, 1, kDayMinutes, " min", false, nullptr, "time stay"},
     {Page::Popups, kStay, "updStatusPopup", Kind::Number, "Statuses", "A popup that you click goes at once",
-     &S::Settings_SNPT, 1, 86400, " seconds", false, nullptr, "time stay"},
+     &S::Settings_SNPT, 1, 86400, " s", false, nullptr, "time stay"},
     {Page::Popups, kStay, "updMessagePopup", Kind::Number, "Messages", "A popup that you click goes at once",
-     &S::Settings_MNPTM, 1, kDayMinutes, " minutes", false, nullptr, "time stay"},
+     &S::Settings_MNPTM, 1, kDayMinutes, " min", false, nullptr, "time stay"},
 
     {Page::Messages, kArriving, "chkMessagePopup", Kind::Check, "Show a popup when a message arrives",
      "A click on it opens the message", &S::Settings_MNP, 0, 0, "", false, nullptr, "notify"},

@@ -48,6 +48,7 @@ struct OptionRow {
 
 // Headings that a page adds buttons to.
 inline constexpr char kSoftwareUpdates[] = "Software updates";
+inline constexpr char kStatusesOfOthers[] = "Statuses of other locations";
 
 std::span<const OptionRow> optionRows();
 

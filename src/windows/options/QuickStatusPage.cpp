@@ -19,6 +19,7 @@ namespace tessel {
 namespace {
 
 constexpr int kGrid = 8;
+constexpr int kLeastLetters = 10; // of a text, in large letters on a small screen
 constexpr char kHeading[] = "Quick statuses";
 constexpr char kSharedHeading[] = "Shared statuses";
 enum Column { kNumber, kMessage, kName, kHotKey, kShortcut, kClear };
@@ -85,6 +86,8 @@ QWidget* QuickStatusPage::makeSlots() {
     grid->setContentsMargins(0, 0, 0, 0);
     grid->setHorizontalSpacing(kGrid);
     grid->setVerticalSpacing(kGrid / 2);
+    grid->setColumnStretch(kMessage, 3);
+    grid->setColumnStretch(kName, 2);
     grid->addWidget(new QLabel(tr("Text"), table), 0, kMessage);
     grid->addWidget(new QLabel(tr("Name of the button"), table), 0, kName);
     grid->addWidget(new QLabel(tr("Hot key"), table), 0, kHotKey);
@@ -103,7 +106,7 @@ QWidget* QuickStatusPage::makeSlots() {
         row.message->setCompleter(nullptr);
         row.message->setAccessibleName(tr("Text of quick status %1").arg(number));
         row.message->setToolTip(tr("What the others see, 2 to 25 characters"));
-        row.message->setMinimumContentsLength(LocalStatus::kLongestStatus * 3 / 4);
+        row.message->setMinimumContentsLength(kLeastLetters);
         row.message->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
         row.text->setAllowedCharacters(kTypedCharacters);
         row.text->setMaximumLength(LocalStatus::kLongestStatus);

@@ -148,6 +148,7 @@ void frmOptions::addPages() {
         page(row.page).addOption(row);
     }
     addUpdates(page(OptionsPage::General));
+    addFavorites(page(OptionsPage::Notices));
     addPopups(page(OptionsPage::Popups));
     addSounds(page(OptionsPage::Sounds));
     addNetwork(page(OptionsPage::Network));
@@ -248,6 +249,15 @@ void frmOptions::addUpdates(OptionPage& to) {
                    paragraph(tr("There is no update helper beside the program."), this));
     }
     to.group(QLatin1String(kSoftwareUpdates))->setObjectName(QStringLiteral("GroSoftwareUpdates"));
+}
+
+void frmOptions::addFavorites(OptionPage& to) {
+    auto* const list = button(tr("&My favorites…"), "cmdFavorites",
+                              tr("All favorites, also those that are off line; each has a tone and popups of "
+                                 "its own in its Favorite Options"),
+                              this);
+    connect(list, &QPushButton::clicked, this, [this] { m_station.windows.show({WindowId::FavEditor}); });
+    to.addRow(QLatin1String(kStatusesOfOthers), {}, list, tr("favorites list edit remove tone"));
 }
 
 void frmOptions::addPopups(OptionPage& to) {

@@ -38,6 +38,7 @@ private:
     void addPages();
     void addLocation(OptionPage& page);
     void addUpdates(OptionPage& page);
+    void addFavorites(OptionPage& page);
     void addPopups(OptionPage& page);
     void addSounds(OptionPage& page);
     void addNetwork(OptionPage& page);
