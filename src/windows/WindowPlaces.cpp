@@ -40,11 +40,12 @@ public:
     bool eventFilter(QObject* watched, QEvent* event) override {
         auto* const window = static_cast<QWidget*>(watched);
         if (event->type() == QEvent::Show && !event->spontaneous()) {
-            fitOnScreenSoon(*window);
+            fitOnScreenSoon(*window, m_lent);
         }
         if (event->type() == QEvent::Hide && !event->spontaneous() && isUsual(*window)) {
             if (window->pos() != m_lent) {
                 m_registry.SaveFormPos(window->objectName(), window->pos());
+                m_lent.reset();
             }
             m_registry.SaveFormSize(window->objectName(), window->size());
         }
@@ -74,8 +75,14 @@ void keepPlace(QWidget& window, WindowRegistry& registry, bool allScreens) {
     new PlaceKeeper(window, registry, lent);
 }
 
-void fitOnScreenSoon(QWidget& window) {
-    QTimer::singleShot(kFrameMs, &window, [&window] { fitOnScreen(window); });
+void fitOnScreenSoon(QWidget& window, std::optional<QPoint>& lent) {
+    QTimer::singleShot(kFrameMs, &window, [&window, &lent] {
+        fitOnScreen(window);
+        // Its frame, not the user, may have moved it.
+        if (lent) {
+            lent = window.pos();
+        }
+    });
 }
 
 void putInFront(QWidget& window) {

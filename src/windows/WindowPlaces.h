@@ -1,6 +1,10 @@
 // Where windows stand: on a screen, where they were, in front.
 #pragma once
 
+#include <QPoint>
+
+#include <optional>
+
 class QWidget;
 
 namespace tessel {
@@ -14,8 +18,9 @@ class WindowRegistry;
 void keepPlace(QWidget& window, WindowRegistry& registry, bool allScreens = true);
 
 // Brings an open window wholly onto its screen, frame included, soon after it is put up: the frame is
-// the window manager's, and not known before.
-void fitOnScreenSoon(QWidget& window);
+// the window manager's, and not known before. `lent`: where it stands as long as its own screen is
+// missing, and part of the window; it follows.
+void fitOnScreenSoon(QWidget& window, std::optional<QPoint>& lent);
 
 // A window that is hidden, minimised or behind others comes to the front and takes the focus.
 void putInFront(QWidget& window);

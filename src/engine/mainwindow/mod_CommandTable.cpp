@@ -324,6 +324,7 @@ constexpr std::array kCommands{
     CommandRow{.command = Command::OccupiedLocations,
                .caption = "Occupied Locations",
                .tip = "The board of rooms that are in use",
+               .keys = "Ctrl+B",
                .window = WindowId::RoomStatus},
     CommandRow{.command = Command::ManageSnippets,
                .caption = "Manage Snippets",

@@ -4,6 +4,7 @@
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_CodePage.h"
 #include "engine/core/mod_Csv.h"
+#include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/core/mod_QuotedRecords.h"

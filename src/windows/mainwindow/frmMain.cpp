@@ -404,7 +404,7 @@ void frmMain::resetPlace() {
     move(place.topLeft());
     m_lent.reset();
     SaveFormPosition();
-    fitOnScreenSoon(*this);
+    fitOnScreenSoon(*this, m_lent);
 }
 
 void frmMain::SaveFormPosition() {
@@ -422,7 +422,7 @@ void frmMain::showEvent(QShowEvent* event) {
     QMainWindow::showEvent(event);
     if (!m_loaded) {
         m_loaded = true;
-        fitOnScreenSoon(*this);
+        fitOnScreenSoon(*this, m_lent);
         // The window is painted before the last steps read and write files.
         QTimer::singleShot(0, this, [this] {
             m_station.mainLoaded();

@@ -169,6 +169,9 @@ void QuickStatusPage::makeHotKey(int slot) {
     connect(row.hotKey, &QComboBox::activated, this, [this] { setModified(true); });
     row.notice = plain({}, this);
     row.notice->setObjectName(QStringLiteral("lblHK%1").arg(slot));
+    QFont strong = row.notice->font();
+    strong.setBold(true);
+    row.notice->setFont(strong);
     row.notice->hide();
 }
 
