@@ -30,7 +30,7 @@ struct PopupLook {
     QString time; // of the foot, with whom it comes from
     QIcon icon;
     bool framedIcon = false; // it has a back of its own
-    int fontSize = 0; // points; 0: the desktop's
+    int fontSize = 0;        // points; 0: the desktop's
     bool movable = true;
     double opacity = 1.0; // 0 to 1
     bool turnOffButton = false;
