@@ -3,8 +3,10 @@
 #include "controls/bars/BarButtons.h"
 #include "controls/bars/CommandBars.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/Tokens.h"
 
 #include <QAction>
+#include <QCoreApplication>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QKeyEvent>
@@ -217,6 +219,7 @@ void Ribbon::createTabs(const std::vector<int>& ids) {
         const auto follow = [this, at, action] {
             if (const QString text = action->text().trimmed(); m_tabs->tabText(at) != text) {
                 m_tabs->setTabText(at, text);
+                queueFit();
             }
             m_tabs->setTabVisible(at, action->isVisible());
             m_tabs->setTabEnabled(at, action->isEnabled());
@@ -269,13 +272,12 @@ void Ribbon::layOut() {
     auto* const column = new QVBoxLayout(this);
     column->setContentsMargins(0, 0, 0, 1);
     column->setSpacing(1);
-    auto* const row = new QHBoxLayout;
-    row->setSpacing(0);
-    row->addWidget(m_system);
-    row->addWidget(m_tabs, 1);
-    row->addWidget(m_more);
-    row->addWidget(m_fold);
-    column->addLayout(row);
+    m_tabRow = new QHBoxLayout;
+    m_tabRow->setSpacing(0);
+    m_tabRow->addWidget(m_system);
+    m_tabRow->addWidget(m_tabs, 1);
+    m_tabRow->addWidget(m_fold);
+    column->addLayout(m_tabRow);
     column->addWidget(m_page);
     auto* const groups = new QHBoxLayout(m_page);
     groups->setContentsMargins(0, 0, 0, 0);
@@ -381,14 +383,14 @@ void Ribbon::fit() {
         }
     }
     m_page->setFixedHeight(height);
+    bool hidden = false;
     const auto over = [&] {
-        int room = width();
+        int room = width() - (hidden ? m_more->sizeHint().width() : 0);
         for (const RibbonGroupBox* const group : shown) {
             room -= group->room();
         }
         return room < 0;
     };
-    bool hidden = false;
     for (const GroupForm form : {GroupForm::Small, GroupForm::Icons, GroupForm::Hidden}) {
         // The last group gives way first.
         for (auto last = shown.rbegin(); last != shown.rend() && over(); ++last) {
@@ -403,7 +405,35 @@ void Ribbon::fit() {
             hidden = hidden || group->form() == GroupForm::Hidden;
         }
     }
+    placeMore();
     m_more->setVisible(hidden || (isMinimised() && !shown.empty()));
+    layout()->activate();
+    fitTabs();
+}
+
+// Behind the groups, where they end; beside the tabs, which need their room, only where no group is seen.
+void Ribbon::placeMore() {
+    if (isMinimised() && m_tabRow->indexOf(m_more) < 0) {
+        m_page->layout()->removeWidget(m_more);
+        m_tabRow->insertWidget(m_tabRow->indexOf(m_fold), m_more);
+    } else if (!isMinimised() && m_more->parentWidget() != m_page) {
+        m_tabRow->removeWidget(m_more);
+        m_page->layout()->addWidget(m_more);
+    }
+}
+
+// Tabs stand closer together before one of them has to scroll out of sight.
+void Ribbon::fitTabs() {
+    const bool tight = m_tabs->property(look::kTightTabs).toBool();
+    int wanted = m_tabs->sizeHint().width();
+    for (int at = 0; tight && at < m_tabs->count(); ++at) {
+        wanted += m_tabs->isTabVisible(at) ? look::kTabSpace - look::kTightTabSpace : 0;
+    }
+    if ((wanted > m_tabs->width()) != tight) {
+        m_tabs->setProperty(look::kTightTabs, !tight);
+        QEvent anew(QEvent::StyleChange);
+        QCoreApplication::sendEvent(m_tabs, &anew);
+    }
 }
 
 void Ribbon::fillMore() {

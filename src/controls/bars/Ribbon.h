@@ -11,6 +11,7 @@
 #include <vector>
 
 class QAction;
+class QHBoxLayout;
 class QMenu;
 class QTabBar;
 class QToolButton;
@@ -80,11 +81,14 @@ private:
     void applyFold();
     // Gives each group the widest form with which all are in the room, the first ones first.
     void fit();
+    void fitTabs();
+    void placeMore();
     void queueFit();
 
     CommandSet& m_commands;
     BarButtons* m_buttons;
     QToolButton* m_system;
+    QHBoxLayout* m_tabRow = nullptr;
     QTabBar* m_tabs;
     QToolButton* m_more; // what has no room
     QToolButton* m_fold;

@@ -19,7 +19,6 @@ namespace {
 
 constexpr int kMiddleLightness = 128;
 constexpr int kArrowRoom = 12;     // of the arrow behind the caption of a button that opens a menu
-constexpr int kTabSpace = 18;      // beside the caption of a tab, both sides together
 constexpr int kMark = 2;           // the bar that marks a checked command or the current tab
 constexpr double kMenuTint = 0.22; // of the accent colour on the row that is chosen
 
@@ -135,7 +134,8 @@ public:
         case PM_TabBarTabShiftHorizontal:
             return 0;
         case PM_TabBarTabHSpace:
-            return kTabSpace;
+            return widget != nullptr && widget->property(look::kTightTabs).toBool() ? look::kTightTabSpace
+                                                                                    : look::kTabSpace;
         default:
             return QProxyStyle::pixelMetric(metric, option, widget);
         }

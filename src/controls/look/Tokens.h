@@ -57,6 +57,11 @@ inline constexpr int kFirstHeight = 680;
 inline constexpr int kOneRowBelow = 700;    // pixels of height: the ribbon has one row of buttons
 inline constexpr int kTabsAloneBelow = 400; // the ribbon is its tabs, and the window its list
 
+// Beside the caption of a tab, both sides together; the lesser one where the tabs have no room.
+inline constexpr int kTabSpace = 18;
+inline constexpr int kTightTabSpace = 6;
+inline constexpr const char* kTightTabs = "tightTabs"; // the property of such a row of tabs
+
 // --- popups --------------------------------------------------------------------------------------
 inline constexpr int kPopupUnits = 270;                   // the width of every popup, in units of its own
 inline constexpr double kPopupUnit = 320.0 / kPopupUnits; // pixels at 10 points
