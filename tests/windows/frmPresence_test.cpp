@@ -13,6 +13,7 @@
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QToolButton>
 
 #include <gtest/gtest.h>
@@ -214,9 +215,11 @@ TEST_F(PresenceWindows, BoardFollowsOnAWall) {
                                         {"Room 3", "Carl", "Status tag 4", "2 min", ""}}))
         << "what is printed is what is shown";
     QTest::keyClick(&board, Qt::Key_F5);
+    const QRect usual = board.geometry();
     QTest::keyClick(&board, Qt::Key_F11);
     settle();
     EXPECT_TRUE(board.isLarge());
+    EXPECT_EQ(board.geometry(), board.screen()->geometry());
     EXPECT_EQ(shownTexts(list, 4), QStringList({"2 min", "2 min"}));
     other().presence.SetOccupiedStatusRemote(true, {});
     world.run(1);
@@ -224,6 +227,7 @@ TEST_F(PresenceWindows, BoardFollowsOnAWall) {
     QTest::keyClick(&board, Qt::Key_Escape);
     settle();
     EXPECT_FALSE(board.isLarge());
+    EXPECT_EQ(board.geometry(), usual);
     EXPECT_EQ(me().rooms.mode(), RoomStatus::Mode::Window);
     board.close();
     EXPECT_EQ(me().rooms.mode(), RoomStatus::Mode::Closed);

@@ -11,6 +11,7 @@
 
 #include <QKeyEvent>
 #include <QLabel>
+#include <QScreen>
 #include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -104,12 +105,13 @@ void frmRoomStatus::showColumns() {
     // What is left is for names, short of what a patient's name can take.
     const int usual = static_cast<int>(m_board->width() * kUsualFont / m_board->fontSize());
     const int left = usual - kIconWidth - kStaffWidth - (m_large ? kTimeWidth : 0);
+    ReportColumn name =
+        column("Active", RoomItem::Active, std::clamp(left - kPatientWidth, kLeastName, kNameWidth));
+    name.text = true; // a note begins below it
     ReportColumn patient = column("Patient", RoomItem::Patient, kPatientWidth);
     patient.stretch = true;
-    std::vector<ReportColumn> columns{
-        column("", RoomItem::Icon, kIconWidth),
-        column("Active", RoomItem::Active, std::clamp(left - kPatientWidth, kLeastName, kNameWidth)), patient,
-        column("Staff", RoomItem::Staff, kStaffWidth)};
+    std::vector<ReportColumn> columns{column("", RoomItem::Icon, kIconWidth), name, patient,
+                                      column("Staff", RoomItem::Staff, kStaffWidth)};
     if (m_large) {
         columns.push_back(column("Occupied for", RoomItem::Time, kTimeWidth));
     }
@@ -177,14 +179,17 @@ void frmRoomStatus::setLarge(bool large) {
     m_large = large;
     if (large) {
         m_wasMaximised = isMaximized();
+        m_usual = geometry();
     }
     showLook();
     if (large) {
         showFullScreen();
+        setGeometry(screen()->geometry()); // a screen on a wall may have no window manager
     } else if (m_wasMaximised) {
         showMaximized();
     } else {
         showNormal();
+        setGeometry(m_usual);
     }
     m_rooms.setMode(large ? RoomStatus::Mode::Large : RoomStatus::Mode::Window);
     m_board->setFocus();
@@ -226,6 +231,7 @@ void frmRoomStatus::closeEvent(QCloseEvent* event) {
         // It comes back as a window.
         m_large = false;
         setWindowState(windowState() & ~Qt::WindowFullScreen);
+        setGeometry(m_usual);
         showLook();
     }
 }

@@ -57,6 +57,7 @@ private:
     QAction* m_notes = nullptr;
     bool m_large = false;
     bool m_wasMaximised = false;
+    QRect m_usual; // of the window
 };
 
 } // namespace tessel
