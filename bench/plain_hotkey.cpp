@@ -30,6 +30,8 @@ constexpr std::uint8_t kControl = 37;
 constexpr double kPatience = 40;
 // The station takes no second status within two seconds.
 constexpr auto kLimit = std::chrono::milliseconds(2100);
+// By then the windows show the change, and wait for nothing.
+constexpr auto kSettle = std::chrono::milliseconds(500);
 constexpr auto kLook = std::chrono::microseconds(100);
 
 // The keyboard, as the XTEST extension of the X server moves it.
@@ -125,6 +127,7 @@ int main(int argc, char** argv) {
                 return 1;
             }
             took.push_back(one);
+            std::this_thread::sleep_for(kSettle);
         }
         std::this_thread::sleep_for(kLimit);
     }
