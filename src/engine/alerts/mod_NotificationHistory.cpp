@@ -23,7 +23,7 @@ constexpr int kMostEntries = 100000;
 constexpr qsizetype kMostCharacters = 800;
 constexpr int kLongestText = 8000;
 // Entries that follow each other closely put the save off, but not for ever.
-constexpr std::int64_t kLongestUnsavedMs = 5 * 60 * 1000;
+constexpr std::int64_t kLongestUnsavedMs = 300'000;
 
 enum EventValue { EvKind, EvCode, EvWord, EvLocation, EvText, EvTime, EvDate, EvSID, EvCount };
 enum MessageValue { MsKind, MsType, MsLog, MsEveryone, MsID, MsName, MsSID, MsBody, MsTime, MsDate, MsCount };
@@ -213,7 +213,7 @@ int NotificationHistory::mostEntries() const {
 }
 
 qint64 NotificationHistory::mostFileBytes() const {
-    return 2 * mostEntries() * kMostCharacters;
+    return 2 * static_cast<qint64>(mostEntries()) * kMostCharacters;
 }
 
 void NotificationHistory::LoadRecents() {

@@ -93,8 +93,7 @@ bool replaceFile(const QString& path, const QByteArray& bytes) {
 
 QString nameForDamaged(const QString& path) {
     for (int number = 1; number <= kMostKept; ++number) {
-        const QString name =
-            path + QLatin1String(".damaged") + (number == 1 ? QString() : QString::number(number));
+        QString name = path + QLatin1String(".damaged") + (number == 1 ? QString() : QString::number(number));
         const QFileInfo taken(name);
         if (!taken.exists() && !taken.isSymLink()) {
             return name;

@@ -18,6 +18,7 @@
 #include <algorithm>
 #include <limits>
 #include <numeric>
+#include <ranges>
 
 namespace tessel {
 
@@ -205,8 +206,8 @@ void Metrics::count(Counter which, QByteArrayView time) {
 void Metrics::listDates() {
     m_dates.clear();
     m_dates.reserve(m_days.size());
-    for (auto day = m_days.rbegin(); day != m_days.rend(); ++day) {
-        m_dates.push_back({day->first, dateText(day->first), longDate(day->first)});
+    for (const auto& [date, day] : std::ranges::reverse_view(m_days)) {
+        m_dates.push_back({date, dateText(date), longDate(date)});
     }
 }
 

@@ -324,7 +324,7 @@ void frmMain::showRowMenu(const ReportRecordPtr& record, const QPoint& globalPos
 
 // Menus of buttons. Their pictures are drawn when they are first looked at.
 void frmMain::createMenus() {
-    const auto add = [this](Command command, std::function<std::vector<MenuEntry>()> entries) {
+    const auto add = [this](Command command, const std::function<std::vector<MenuEntry>()>& entries) {
         auto* const menu = new CommandMenu(*m_commands, this);
         connect(menu, &QMenu::aboutToShow, menu, [menu, entries] { menu->setEntries(entries()); });
         connect(menu, &CommandMenu::triggered, this, &frmMain::execute);

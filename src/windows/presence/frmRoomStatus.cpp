@@ -123,6 +123,7 @@ PrintDocument frmRoomStatus::printed() const {
     m_board->syncNow();
     const auto& order = static_cast<const ReportOrder&>(*m_board->model());
     std::vector<ReportRecordPtr> rows;
+    rows.reserve(static_cast<std::size_t>(order.shownCount()));
     for (int row = 0; row < order.shownCount(); ++row) {
         rows.push_back(order.record(row));
     }
