@@ -16,9 +16,9 @@
 #include <QTime>
 
 #include <algorithm>
+#include <iterator>
 #include <limits>
 #include <numeric>
-#include <ranges>
 
 namespace tessel {
 
@@ -206,9 +206,9 @@ void Metrics::count(Counter which, QByteArrayView time) {
 void Metrics::listDates() {
     m_dates.clear();
     m_dates.reserve(m_days.size());
-    for (const auto& [date, day] : std::ranges::reverse_view(m_days)) {
-        m_dates.push_back({date, dateText(date), longDate(date)});
-    }
+    std::transform(m_days.rbegin(), m_days.rend(), std::back_inserter(m_dates), [](const auto& day) -> Day {
+        return {day.first, dateText(day.first), longDate(day.first)};
+    });
 }
 
 QDate Metrics::today() const {
