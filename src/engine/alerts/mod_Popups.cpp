@@ -17,7 +17,7 @@ namespace {
 
 constexpr qint64 kSecondMs = 1000;
 constexpr qint64 kMinuteMs = 60000;
-constexpr qint64 kLongestStayMs = 7 * 24 * 60 * kMinuteMs;
+constexpr qint64 kLongestStayMs = qint64{7} * 24 * 60 * kMinuteMs;
 constexpr int kOpaque = 255;
 constexpr int kLongestNotice = 1000;
 constexpr int kLongestMessage = 240;
