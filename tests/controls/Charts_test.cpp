@@ -55,13 +55,13 @@ TEST(Charts, APointIsFoundWhereItIsPainted) {
 }
 
 TEST(Charts, NoSizeAndNoNumbersAreTooStrangeToPaint) {
-    for (const ChartSeries& series :
-         {ChartSeries{}, seriesOf({}), seriesOf({0, 0}), seriesOf({5}), seriesOf({1e-9, 1e9}), [] {
-              ChartSeries all = seriesOf({0, 0});
-              all.points[0].known = all.points[1].known = false;
-              all.points[0].name = QString(5000, u'x');
-              return all;
-          }()}) {
+    for (const ChartSeries& series : {ChartSeries{}, seriesOf({}), seriesOf({0, 0}), seriesOf({5}),
+                                      seriesOf({1e-9, 1e9}), seriesOf({2e18, 1e300}), [] {
+                                          ChartSeries all = seriesOf({0, 0});
+                                          all.points[0].known = all.points[1].known = false;
+                                          all.points[0].name = QString(5000, u'x');
+                                          return all;
+                                      }()}) {
         PieChart pie;
         BarChart bars(BarChart::Marks::FromFirst, "not kept");
         for (ChartView* const chart : {static_cast<ChartView*>(&pie), static_cast<ChartView*>(&bars)}) {

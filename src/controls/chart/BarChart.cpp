@@ -17,10 +17,11 @@ constexpr double kUnmarked = 0.65; // of the colour, for bars beside the one tha
 constexpr int kLines = 4;          // of the axis, at most
 
 // 1, 2 or 5 times a power of ten, so that not more than `kLines` steps reach `most`.
-int niceStep(double most) {
-    for (int power = 1;; power *= 10) {
-        for (const int step : {power, 2 * power, 5 * power}) {
-            if (most <= static_cast<double>(step) * kLines) {
+qint64 niceStep(double most) {
+    constexpr qint64 kMost = 1'000'000'000'000'000'000;
+    for (qint64 power = 1;; power *= 10) {
+        for (const qint64 step : {power, 2 * power, 5 * power}) {
+            if (step >= kMost || most <= static_cast<double>(step) * kLines) {
                 return step;
             }
         }
@@ -43,7 +44,8 @@ BarChart::Plan BarChart::plan(const QRect& room) const {
         most = std::max(most, point.value);
     }
     made.step = niceStep(most);
-    made.top = made.step * std::max(1, static_cast<int>(std::ceil(most / made.step)));
+    const double steps = std::ceil(most / static_cast<double>(made.step));
+    made.top = made.step * static_cast<qint64>(std::clamp(steps, 1.0, static_cast<double>(kLines)));
     made.readout = QRect(room.left(), room.top(), room.width(), metrics.lineSpacing());
     made.bars = room.adjusted(metrics.horizontalAdvance(QString::number(made.top)) + 2 * kGap,
                               metrics.lineSpacing() + metrics.height() / 2, 0, -metrics.lineSpacing() - kGap);
@@ -73,7 +75,8 @@ void BarChart::paintPoints(QPainter& painter, const QRect& room) {
             painter.drawRect(box);
         }
         if (point(i).value > 0) {
-            const double height = std::max(2.0, box.height() * point(i).value / places.top);
+            const double height =
+                std::max(2.0, box.height() * point(i).value / static_cast<double>(places.top));
             const double side = box.width() * (1 - kBarShare) / 2;
             painter.setPen(Qt::NoPen);
             painter.setBrush(!anyMarked || point(i).marked ? color(0) : blend(back, color(0), kUnmarked));
@@ -93,8 +96,10 @@ void BarChart::paintAxis(QPainter& painter, const Plan& places) {
     const QColor faint = blend(palette().color(QPalette::Base), palette().color(QPalette::Text), 0.18);
     painter.setRenderHint(QPainter::Antialiasing, false);
     int lastTop = places.bars.bottom() + metrics.height();
-    for (int value = 0; value <= places.top; value += places.step) {
-        const int y = places.bars.bottom() - places.bars.height() * value / places.top;
+    for (qint64 value = 0; value <= places.top; value += places.step) {
+        // Values of a damaged history times pixels leave every whole number behind.
+        const double share = static_cast<double>(value) / static_cast<double>(places.top);
+        const int y = places.bars.bottom() - static_cast<int>(places.bars.height() * share);
         painter.setPen(value == 0 ? palette().color(QPalette::Mid) : faint);
         painter.drawLine(places.bars.left(), y, places.bars.right(), y);
         const QRect text(0, y - metrics.height() / 2, places.bars.left() - kGap, metrics.height());

@@ -25,8 +25,8 @@ private:
     struct Plan {
         QRect readout;
         QRect bars;
-        int step = 1; // between lines of the axis, in units
-        int top = 1;  // value at the upper end
+        qint64 step = 1; // between lines of the axis, in units
+        qint64 top = 1;  // value at the upper end
     };
     Plan plan(const QRect& room) const;
     QRectF column(const Plan& plan, int point) const;
