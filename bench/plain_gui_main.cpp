@@ -5,8 +5,8 @@
 #include "controls/look/OfficeLook.h"
 #include "engine/ports/cWindowRegistry.h"
 #include "support/World.h"
+#include "windows/mainwindow/ViewStack.h"
 #include "windows/mainwindow/frmMain.h"
-#include "windows/mainwindow/frmViews.h"
 
 #include <QApplication>
 #include <QKeyEvent>
@@ -156,12 +156,12 @@ int main(int argc, char** argv) {
         world[0]->protocol.receive(packetOf(number, "XAN", 0));
     }
     QApplication::processEvents();
-    ReportControl& home = form->views()->home();
+    ReportControl& home = form->stack()->home();
     home.syncNow();
     std::printf("main window, %d rows\n", home.shownCount());
     repaint(home);
     search(*form, home);
     storm(world, home, View::Home);
-    storm(world, form->views()->list(View::Status), View::Status);
+    storm(world, form->stack()->list(View::Status), View::Status);
     return 0;
 }

@@ -8,7 +8,7 @@
 #include "controls/bars/CommandMenu.h"
 #include "controls/list/ReportControl.h"
 #include "engine/station.h"
-#include "windows/mainwindow/frmViews.h"
+#include "windows/mainwindow/ViewStack.h"
 
 #include <QApplication>
 #include <QDir>
@@ -57,7 +57,7 @@ template <View view> QImage empty(Office& office) {
 QImage searched(Office& office) {
     frmMain& form = office.window({480, 480});
     form.findChild<QLineEdit*>(QStringLiteral("txtSearch"))->setText(QStringLiteral("occupied"));
-    form.views()->home().selectKey(4, u"204AB204CDE0");
+    form.stack()->home().selectKey(4, u"204AB204CDE0");
     return office.picture();
 }
 
@@ -80,8 +80,8 @@ QImage message(Office& office) {
 
 QImage rowMenu(Office& office) {
     frmMain& form = office.window({480, 640});
-    form.views()->home().selectKey(4, u"205AB205CDE0");
-    emit form.views()->home().recordMenuRequested(form.views()->home().currentRecord(),
+    form.stack()->home().selectKey(4, u"205AB205CDE0");
+    emit form.stack()->home().recordMenuRequested(form.stack()->home().currentRecord(),
                                                   form.mapToGlobal(QPoint(40, 40)));
     QTest::qWait(150); // a little longer than the menu waits for the selection to settle
     QWidget* const menu = QApplication::activePopupWidget();

@@ -9,8 +9,8 @@
 #include "controls/bars/Ribbon.h"
 #include "controls/edit/PromptEdit.h"
 #include "support/gui_forms.h"
+#include "windows/mainwindow/ViewStack.h"
 #include "windows/mainwindow/frmTray.h"
-#include "windows/mainwindow/frmViews.h"
 
 #include <QAccessible>
 #include <QLineEdit>
@@ -56,7 +56,7 @@ protected:
     CommandBar& quickBar() { return *form->findChild<CommandBar*>(); }
     PaneBar& panes() { return *form->findChild<PaneBar*>(); }
     MessageBar& bar(const char* name) { return *form->findChild<MessageBar*>(QLatin1String(name)); }
-    ReportControl& home() { return form->views()->home(); }
+    ReportControl& home() { return form->stack()->home(); }
     Station& me() { return *world[0].station; }
 
     static void click(QWidget& widget) {
@@ -246,17 +246,17 @@ TEST_F(MainWindowDrive, ChangesViewsByKeyboardAndMouse) {
     home().setFocus();
     key(home(), Qt::Key_PageDown, Qt::ControlModifier);
     EXPECT_EQ(me().shell.view(), View::Status);
-    EXPECT_TRUE(form->views()->current().hasFocus()) << "the list can be used at once";
+    EXPECT_TRUE(form->stack()->current().hasFocus()) << "the list can be used at once";
     EXPECT_EQ(search().prompt(), "Search Status");
     EXPECT_EQ(ribbon().currentTab(), 351);
 
     openTab(352);
     EXPECT_EQ(me().shell.view(), View::Favorites);
     EXPECT_EQ(search().prompt(), "Search Favorites");
-    EXPECT_EQ(form->views()->currentWidget(), &form->views()->list(View::Favorites));
+    EXPECT_EQ(form->stack()->currentWidget(), &form->stack()->list(View::Favorites));
     openTab(353);
     EXPECT_EQ(search().prompt(), "Search Messages");
-    EXPECT_TRUE(form->views()->current().hasFocus());
+    EXPECT_TRUE(form->stack()->current().hasFocus());
 }
 
 // F5 sets a status, so it must not announce; the bell stands at the foot as soon as it is wanted.

@@ -7,8 +7,8 @@
 #include "controls/list/CardControl.h"
 #include "support/gui_forms.h"
 #include "windows/dialogs/frmPreview.h"
+#include "windows/mainwindow/ViewStack.h"
 #include "windows/mainwindow/frmMain.h"
-#include "windows/mainwindow/frmViews.h"
 
 #include <QClipboard>
 #include <QLabel>
@@ -91,7 +91,7 @@ TEST_F(InboxTab, OpensDeletesAndCopiesByKeys) {
     me().shell.SetTabView(353);
     settle();
     world.network.sent.clear();
-    me().commands.Execute(404, form->views()->currentRow());
+    me().commands.Execute(404, form->stack()->currentRow());
     EXPECT_TRUE(world.network.sent.empty()) << "a message is no location";
 
     key(Qt::Key_Delete);

@@ -3,8 +3,8 @@
 #include "controls/list/ReportControl.h"
 #include "support/gui_forms.h"
 #include "windows/FormWindows.h"
+#include "windows/mainwindow/ViewStack.h"
 #include "windows/mainwindow/frmMain.h"
-#include "windows/mainwindow/frmViews.h"
 #include "windows/presence/frmRoomStatus.h"
 
 #include <QCheckBox>

@@ -17,8 +17,8 @@
 #include "windows/WindowPlaces.h"
 #include "windows/clsOnTop.h"
 #include "windows/mainwindow/ShortKeyFilter.h"
+#include "windows/mainwindow/ViewStack.h"
 #include "windows/mainwindow/frmTray.h"
-#include "windows/mainwindow/frmViews.h"
 #include "windows/mainwindow/mod_Toolbars.h"
 
 #include <QActionGroup>
@@ -49,7 +49,7 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     m_station.loadMain();
     Set_onTop();
     createCommands();
-    m_views = new Views(
+    m_stack = new ViewStack(
         m_station, *m_commands, [this](int number) { return m_images.image(number, palette()); }, this);
     createBars();
     createSearch();
@@ -95,8 +95,8 @@ void frmMain::createSearch() {
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(tr("Search"));
     connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);
-    connect(m_search, &PromptEdit::entered, m_views, &Views::prepareSearch);
-    connect(m_search, &PromptEdit::leaveForList, this, [this] { m_views->current().setFocus(); });
+    connect(m_search, &PromptEdit::entered, m_stack, &ViewStack::prepareSearch);
+    connect(m_search, &PromptEdit::leaveForList, this, [this] { m_stack->current().setFocus(); });
 }
 
 void frmMain::createShortcuts() {
@@ -122,7 +122,7 @@ void frmMain::layOut() {
     m_middle = middle;
     middle->addWidget(m_ownBar);
     middle->addWidget(m_search);
-    middle->addWidget(m_views, 1);
+    middle->addWidget(m_stack, 1);
     middle->addWidget(m_alertBar);
     outer->addWidget(m_ribbon);
     outer->addWidget(m_quickBar);
@@ -136,14 +136,14 @@ void frmMain::connectStation() {
     auto* const keys = new ShortKeyFilter(m_station.shortKeys, this);
     keys->watchSearch(*m_search);
     for (const View view : {View::Home, View::Status, View::Favorites, View::Inbox}) {
-        keys->watchList(m_views->list(view));
+        keys->watchList(m_stack->list(view));
     }
     Shell& shell = m_station.shell;
     connect(&shell, &Shell::ClearSearchBox, m_search, &PromptEdit::clearSearch);
     connect(&shell, &Shell::viewChanged, this, &frmMain::showView);
-    connect(&shell, &Shell::previewModeChanged, m_views, &Views::applyPreview);
-    connect(&shell, &Shell::reportFontChanged, m_views, &Views::applyFont);
-    connect(&shell, &Shell::sortChanged, m_views, &Views::Arrange);
+    connect(&shell, &Shell::previewModeChanged, m_stack, &ViewStack::applyPreview);
+    connect(&shell, &Shell::reportFontChanged, m_stack, &ViewStack::applyFont);
+    connect(&shell, &Shell::sortChanged, m_stack, &ViewStack::Arrange);
     connect(&shell, &Shell::onTopChanged, this, &frmMain::Set_onTop);
     // A storm of packets is counted once.
     m_counts.setSingleShot(true);
@@ -163,10 +163,10 @@ void frmMain::connectStation() {
     connect(&m_station.status, &LocalStatus::changed, this, &frmMain::CreateMessagebar);
     connect(&m_station.alertBar, &AlertBar::changed, this, &frmMain::showAlertBar);
     connect(&m_station.footer, &Footer::changed, this, &frmMain::showFooter);
-    connect(m_views, &Views::menuRequested, this, &frmMain::showRowMenu);
-    connect(new QShortcut(Qt::Key_Escape, m_views, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
+    connect(m_stack, &ViewStack::menuRequested, this, &frmMain::showRowMenu);
+    connect(new QShortcut(Qt::Key_Escape, m_stack, nullptr, nullptr, Qt::WidgetWithChildrenShortcut),
             &QShortcut::activated, this, &frmMain::leaveList);
-    connect(m_views, &Views::stateMenuRequested, this, &frmMain::showStateMenu);
+    connect(m_stack, &ViewStack::stateMenuRequested, this, &frmMain::showStateMenu);
     refreshOn(shell, &Shell::viewChanged, Touches::View);
     refreshOn(shell, &Shell::tabsCounted, Touches::Counts);
     refreshOn(shell, &Shell::previewModeChanged, Touches::Preview);
@@ -181,7 +181,7 @@ void frmMain::connectStation() {
     refreshOn(m_station.network, &NetworkMC::canSendChanged, Touches::Online);
     refreshOn(m_station.favorites, &Favorites::changed, Touches::FavoriteSlots);
     refreshOn(m_station.groups, &Groups::changed, Touches::Groups);
-    refreshOn(*m_views, &Views::currentRowChanged, Touches::Row);
+    refreshOn(*m_stack, &ViewStack::currentRowChanged, Touches::Row);
     refreshOn(m_station.inbox, &Inbox::focusChanged, Touches::Messages);
     refreshOn(m_station.inbox, &Inbox::ensureVisibleChanged, Touches::Messages);
 }
@@ -202,18 +202,18 @@ void frmMain::createTray() {
 }
 
 void frmMain::execute(int number) {
-    m_station.commands.Execute(number, m_views->currentRow());
+    m_station.commands.Execute(number, m_stack->currentRow());
 }
 
 void frmMain::refreshCommands(unsigned touched) {
-    refresh(*m_commands, m_station.commands, touched, m_views->currentRow());
+    refresh(*m_commands, m_station.commands, touched, m_stack->currentRow());
 }
 
 void frmMain::showView() {
     const ViewRow& view = m_station.shell.viewRow();
     m_ribbon->setCurrentTab(static_cast<int>(view.view));
     m_search->setPrompt(QLatin1String(view.prompt));
-    m_views->showCurrent();
+    m_stack->showCurrent();
 }
 
 void frmMain::search(const QString& text) {
@@ -222,8 +222,8 @@ void frmMain::search(const QString& text) {
     } else {
         m_search->setBackColor(QColor(QRgb(m_station.settings.Advanced_FilterColor())));
     }
-    m_views->current().setFilterText(text);
-    m_views->setStateFiltered(
+    m_stack->current().setFilterText(text);
+    m_stack->setStateFiltered(
         std::ranges::any_of(kStates, [&text](const char* state) { return text == QLatin1String(state); }));
 }
 
@@ -252,7 +252,7 @@ void frmMain::foldByHeight() {
                       : height() < look::kOneRowBelow ? Ribbon::Rows::One
                                                       : Ribbon::Rows::Three);
     m_quickBar->setVisible(!low);
-    m_views->setHeadersShown(!low);
+    m_stack->setHeadersShown(!low);
     const int gap = low ? look::kTight : look::kSpace;
     m_middle->setContentsMargins(gap, gap, gap, gap);
     m_middle->setSpacing(gap);

@@ -24,7 +24,7 @@ class ReportControl;
 class Ribbon;
 class Station;
 class Tray;
-class Views;
+class ViewStack;
 class WindowRegistry;
 
 class frmMain : public QMainWindow {
@@ -45,7 +45,7 @@ public:
     // Out of the way: behind the tray's icon where there is one, else minimised.
     void putAway();
 
-    Views* views() const { return m_views; }
+    ViewStack* stack() const { return m_stack; }
     CommandSet* commands() const { return m_commands; }
 
 protected:
@@ -98,7 +98,7 @@ private:
     Ribbon* m_ribbon = nullptr;
     CommandBar* m_quickBar = nullptr;
     PaneBar* m_panes = nullptr;
-    Views* m_views = nullptr;
+    ViewStack* m_stack = nullptr;
     PromptEdit* m_search = nullptr;
     MessageBar* m_alertBar = nullptr;
     MessageBar* m_ownBar = nullptr; // "My Status:"

@@ -1,4 +1,4 @@
-#include "windows/mainwindow/frmViews.h"
+#include "windows/mainwindow/ViewStack.h"
 
 #include "controls/list/CardControl.h"
 #include "controls/list/ReportControl.h"
@@ -64,7 +64,7 @@ SortKey byValue(LocationItem item) {
 
 } // namespace
 
-Views::Views(Station& station, CommandSet& commands, std::function<QIcon(int)> icon, QWidget* parent)
+ViewStack::ViewStack(Station& station, CommandSet& commands, std::function<QIcon(int)> icon, QWidget* parent)
     : QStackedWidget(parent), m_station(station), m_icon(std::move(icon)) {
     Create_EndpointView();
     Create_StatusView();
@@ -73,22 +73,22 @@ Views::Views(Station& station, CommandSet& commands, std::function<QIcon(int)> i
     applyFont();
     applyPreview();
     Arrange();
-    QTimer::singleShot(0, this, &Views::loadBackgrounds);
+    QTimer::singleShot(0, this, &ViewStack::loadBackgrounds);
 }
 
-void Views::Create_EndpointView() {
+void ViewStack::Create_EndpointView() {
     createList(View::Home, m_station.views.rptEndpoints,
                {tr("No locations yet"), tr("The network comes up a few seconds after the start."),
                 static_cast<int>(Image::Home)});
 }
 
-void Views::Create_StatusView() {
+void ViewStack::Create_StatusView() {
     createList(View::Status, m_station.views.rptStatusView,
                {QStringLiteral("No Location has a status set"), tr("Ctrl+M sets yours, for all to see."),
                 static_cast<int>(Image::StatusView)});
 }
 
-void Views::Create_FavoritesView() {
+void ViewStack::Create_FavoritesView() {
     ReportControl& list = createList(View::Favorites, m_station.views.rptFavorites,
                                      {QStringLiteral("No favorites have been selected"),
                                       tr("Right-click a location under Home and choose Add to Favorites."),
@@ -101,13 +101,13 @@ void Views::Create_FavoritesView() {
     });
 }
 
-void Views::Create_MessageView(CommandSet& commands) {
+void ViewStack::Create_MessageView(CommandSet& commands) {
     m_messages = new MessageView(m_station, commands, m_icon, this);
     addWidget(m_messages);
     m_lists[View::Inbox] = &m_messages->list();
 }
 
-ReportControl& Views::createList(View view, ReportRecords& records, const ReportView::EmptyState& empty) {
+ReportControl& ViewStack::createList(View view, ReportRecords& records, const ReportView::EmptyState& empty) {
     auto* const list = new ReportControl(this);
     list->setColumns(locationColumns());
     list->setKeywords(SearchWords);
@@ -122,8 +122,8 @@ ReportControl& Views::createList(View view, ReportRecords& records, const Report
     addWidget(list);
     m_lists[view] = list;
 
-    connect(list, &ReportControl::currentRecordChanged, this, &Views::currentRowChanged);
-    connect(list, &ReportControl::stateHeaderClicked, this, &Views::stateMenuRequested);
+    connect(list, &ReportControl::currentRecordChanged, this, &ViewStack::currentRowChanged);
+    connect(list, &ReportControl::stateHeaderClicked, this, &ViewStack::stateMenuRequested);
     connect(list, &ReportControl::recordMenuRequested, this,
             [this](const ReportRecordPtr& record, const QPoint& globalPos) {
                 QTimer::singleShot(kSettleMs, this,
@@ -134,7 +134,7 @@ ReportControl& Views::createList(View view, ReportRecords& records, const Report
     return *list;
 }
 
-void Views::loadBackgrounds() {
+void ViewStack::loadBackgrounds() {
     const auto load = [this](View view, const QString& path) {
         QByteArray bytes;
         QPixmap picture;
@@ -154,39 +154,39 @@ void Views::loadBackgrounds() {
     }
 }
 
-ReportControl& Views::locations(View view) const {
+ReportControl& ViewStack::locations(View view) const {
     return static_cast<ReportControl&>(list(view));
 }
 
-void Views::showCurrent() {
+void ViewStack::showCurrent() {
     m_current = m_station.shell.view();
     setCurrentWidget(m_current == View::Inbox ? static_cast<QWidget*>(m_messages) : &current());
     current().setFocus();
 }
 
-const ReportRecord* Views::currentRow() const {
+const ReportRecord* ViewStack::currentRow() const {
     return m_current == View::Inbox ? nullptr : current().currentRecord().get();
 }
 
-void Views::setHeadersShown(bool shown) {
+void ViewStack::setHeadersShown(bool shown) {
     for (const View view : kLocationViews) {
         locations(view).setHeaderShown(shown);
     }
 }
 
-void Views::setStateFiltered(bool filtered) {
+void ViewStack::setStateFiltered(bool filtered) {
     if (m_current != View::Inbox) {
         locations(m_current).header()->setStateFiltered(filtered);
     }
 }
 
-void Views::prepareSearch(bool prepared) {
+void ViewStack::prepareSearch(bool prepared) {
     for (const auto& [view, list] : m_lists) {
         list->prepareFilter(prepared && view == m_current);
     }
 }
 
-void Views::applyFont() {
+void ViewStack::applyFont() {
     const Settings& settings = m_station.settings;
     const int points = m_station.shell.reportFont();
     for (const View view : kLocationViews) {
@@ -199,13 +199,13 @@ void Views::applyFont() {
     m_points = points;
 }
 
-void Views::applyPreview() {
+void ViewStack::applyPreview() {
     for (const View view : kLocationViews) {
         locations(view).setPreviewMode(m_station.shell.previewMode());
     }
 }
 
-void Views::Arrange() {
+void ViewStack::Arrange() {
     const Settings& settings = m_station.settings;
     const SortKey color = byValue(LocationItem::ST);
     const SortKey name = byText(LocationItem::SN);

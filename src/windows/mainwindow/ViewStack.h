@@ -21,11 +21,12 @@ class ReportControl;
 class ReportView;
 class Station;
 
-class Views : public QStackedWidget {
+class ViewStack : public QStackedWidget {
     Q_OBJECT
 public:
     // `icon`: gives the picture of a number.
-    Views(Station& station, CommandSet& commands, std::function<QIcon(int)> icon, QWidget* parent = nullptr);
+    ViewStack(Station& station, CommandSet& commands, std::function<QIcon(int)> icon,
+              QWidget* parent = nullptr);
 
     // Shows the list of the current view.
     void showCurrent();
