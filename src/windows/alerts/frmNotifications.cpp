@@ -6,10 +6,10 @@
 #include "engine/core/mod_Settings.h"
 #include "windows/ListFont.h"
 #include "windows/alerts/frmRecentOptions.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QAction>
 #include <QLabel>
-#include <QMessageBox>
 #include <QShortcut>
 #include <QToolBar>
 #include <QVBoxLayout>
@@ -22,13 +22,9 @@ constexpr int kGrid = 8;
 } // namespace
 
 void askToClearRecents(NotificationHistory& history, QWidget* parent, const QString& caption) {
-    QMessageBox box(QMessageBox::Question, caption,
-                    QStringLiteral("Please confirm list deletion.\r\nNote: This action cannot be undone."),
-                    QMessageBox::Yes | QMessageBox::No, parent);
-    box.setDefaultButton(QMessageBox::No);
-    if (box.exec() == QMessageBox::Yes) {
-        history.ClearRecents();
-    }
+    openQuestion(parent, QMessageBox::Question, caption,
+                 QStringLiteral("Please confirm list deletion.\r\nNote: This action cannot be undone."),
+                 parent, [&history] { history.ClearRecents(); });
 }
 
 frmNotifications::frmNotifications(Settings& settings, NotificationHistory& history)

@@ -1,8 +1,9 @@
 #include "windows/dialogs/frmPreview.h"
 
+#include "windows/dialogs/boxes.h"
+
 #include <QAction>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPrintDialog>
 #include <QPrintPreviewWidget>
 #include <QToolBar>
@@ -104,11 +105,8 @@ void frmPreview::printNow() {
         accept();
         return;
     }
-    auto* const box = new QMessageBox(QMessageBox::Warning, QStringLiteral("QuillIM Print Error"),
-                                      tr("It could not be printed. Choose another printer, or another file."),
-                                      QMessageBox::Ok, this);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    openBox(this, QMessageBox::Warning, QStringLiteral("QuillIM Print Error"),
+            tr("It could not be printed. Choose another printer, or another file."));
 }
 
 void showPreview(const PrintDocument& document, QWidget* owner) {

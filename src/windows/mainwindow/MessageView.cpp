@@ -5,11 +5,11 @@
 #include "controls/list/CardControl.h"
 #include "engine/station.h"
 #include "windows/ListFont.h"
+#include "windows/dialogs/boxes.h"
 #include "windows/dialogs/frmPreview.h"
 #include "windows/mainwindow/mod_Toolbars.h"
 
 #include <QIcon>
-#include <QMessageBox>
 #include <QShortcut>
 #include <QVBoxLayout>
 
@@ -82,19 +82,10 @@ void MessageView::showMenu(const ReportRecordPtr& record, const QPoint& globalPo
 }
 
 void MessageView::askToRemoveAll() {
-    auto* const box = new QMessageBox(
-        QMessageBox::Question, QStringLiteral("Delete all Messages"),
-        QStringLiteral(
-            "Are you sure you want to delete all messages?\r\nNote: This action cannot be undone."),
-        QMessageBox::Yes | QMessageBox::No, window());
-    box->setDefaultButton(QMessageBox::No);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, &m_station.inbox, [this](int answer) {
-        if (answer == QMessageBox::Yes) {
-            m_station.inbox.Remove_All_Inbox_Messages();
-        }
-    });
-    box->open();
+    openQuestion(window(), QMessageBox::Question, QStringLiteral("Delete all Messages"),
+                 QStringLiteral(
+                     "Are you sure you want to delete all messages?\r\nNote: This action cannot be undone."),
+                 this, [this] { m_station.inbox.Remove_All_Inbox_Messages(); });
 }
 
 } // namespace tessel

@@ -3,7 +3,7 @@
 #include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Network_MC.h"
-#include "windows/dialogs/restartBox.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QComboBox>
 #include <QDialogButtonBox>

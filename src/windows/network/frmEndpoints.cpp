@@ -8,14 +8,13 @@
 #include "engine/ports/cSession.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
-#include "windows/dialogs/restartBox.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QCloseEvent>
 #include <QFrame>
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QMenuBar>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QStatusBar>
 #include <QVBoxLayout>
@@ -197,30 +196,17 @@ void frmEndpoints::showRow(const ReportRecordPtr& record) {
     for (int index = 0; index < static_cast<int>(std::size(kRowLabels)); ++index) {
         lines += QLatin1String(kRowLabels[index]) + singleLine(record->item(index).text, kLongestValue);
     }
-    auto* const box =
-        new QMessageBox(QMessageBox::NoIcon, kProductName, lines.join(u'\n'), QMessageBox::Ok, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    openBox(this, QMessageBox::NoIcon, kProductName, lines.join(u'\n'));
 }
 
 void frmEndpoints::askSIDReset() {
-    auto* const box = new QMessageBox(QMessageBox::Warning, QStringLiteral("Delete SessionID"),
-                                      QLatin1String(kSIDQuestion), QMessageBox::Yes | QMessageBox::No, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::No);
-    box->setEscapeButton(QMessageBox::No);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, this, [this](int answer) {
-        if (answer == QMessageBox::Yes) {
-            // Until then the station keeps the identity under which the others know it.
-            openRestartBox(this);
-            m_station.identity.ResetSID();
-            m_station.network.RestartNetwork();
-        }
-    });
-    box->open();
+    openQuestion(this, QMessageBox::Warning, QStringLiteral("Delete SessionID"), QLatin1String(kSIDQuestion),
+                 this, [this] {
+                     // Until then the station keeps the identity under which the others know it.
+                     openRestartBox(this);
+                     m_station.identity.ResetSID();
+                     m_station.network.RestartNetwork();
+                 });
 }
 
 void frmEndpoints::openLog() {

@@ -7,6 +7,7 @@
 #include "controls/chart/PieChart.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/station.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QBuffer>
 #include <QClipboard>
@@ -16,7 +17,6 @@
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QMessageBox>
 #include <QPixmap>
 #include <QScreen>
 #include <QShortcut>
@@ -314,22 +314,14 @@ void frmMicroMetrics::showNetwork(bool network) {
 }
 
 void frmMicroMetrics::ResetNetworkMetrics() {
-    auto* const box = new QMessageBox(QMessageBox::Question, QStringLiteral("Reset Network Usage"),
-                                      QStringLiteral("This will reset all Tessel Network usage numbers. \n"
-                                                     "  \n"
-                                                     "Are you sure you want to continue?  "),
-                                      QMessageBox::Yes | QMessageBox::No, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::No);
-    box->setEscapeButton(QMessageBox::No);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, this, [this](int answer) {
-        if (answer == QMessageBox::Yes) {
-            m_station.usage.SaveNetworkUsage(true);
-            LoadChartNetwork();
-        }
-    });
-    box->open();
+    openQuestion(this, QMessageBox::Question, QStringLiteral("Reset Network Usage"),
+                 QStringLiteral("This will reset all Tessel Network usage numbers. \n"
+                                "  \n"
+                                "Are you sure you want to continue?  "),
+                 this, [this] {
+                     m_station.usage.SaveNetworkUsage(true);
+                     LoadChartNetwork();
+                 });
 }
 
 QString frmMicroMetrics::askPath(const QString& title, const QString& suffix, const QString& filter) {

@@ -5,12 +5,12 @@
 #include "engine/ports/cHotKeys.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QComboBox>
 #include <QGridLayout>
 #include <QGroupBox>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QToolButton>
 
@@ -298,12 +298,7 @@ void QuickStatusPage::clearSlot(int slot) {
 void QuickStatusPage::makeShortcut(int slot) {
     const Slot& row = m_slots[static_cast<std::size_t>(slot)];
     const Shortcuts::Answer answer = m_station.shortcuts.create(slot, row.name->text(), row.text->text());
-    auto* const box =
-        new QMessageBox(QMessageBox::Information, answer.caption, answer.text, QMessageBox::Ok, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    box->open();
+    openBox(this, QMessageBox::Information, answer.caption, answer.text);
 }
 
 } // namespace tessel

@@ -2,12 +2,12 @@
 
 #include "engine/alerts/mod_Tones.h"
 #include "engine/presence/mod_Favorites.h"
+#include "windows/dialogs/boxes.h"
 #include "windows/presence/PresenceFields.h"
 
 #include <QKeyEvent>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QVBoxLayout>
 
@@ -87,17 +87,8 @@ void frmFavEditor::ShowFavorite() {
                             QStringLiteral("Sound: ") + sound,
                             {},
                             QStringLiteral("Delete?  ")};
-    auto* const box = new QMessageBox(QMessageBox::Question, QStringLiteral("Favorite Information"),
-                                      lines.join(u'\n'), QMessageBox::Yes | QMessageBox::No, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::No);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, this, [this, slot, SID = favorite.SID](int answer) {
-        if (answer == QMessageBox::Yes) {
-            remove(slot, SID);
-        }
-    });
-    box->open();
+    openQuestion(this, QMessageBox::Question, QStringLiteral("Favorite Information"), lines.join(u'\n'), this,
+                 [this, slot, SID = favorite.SID] { remove(slot, SID); });
 }
 
 void frmFavEditor::RemoveFavorite() {

@@ -4,6 +4,7 @@
 #include "engine/core/mod_Definitions.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
+#include "windows/dialogs/boxes.h"
 #include "windows/presence/StaffTagButtons.h"
 
 #include <QComboBox>
@@ -11,7 +12,6 @@
 #include <QGroupBox>
 #include <QHBoxLayout>
 #include <QLabel>
-#include <QMessageBox>
 #include <QPushButton>
 
 namespace tessel {
@@ -161,16 +161,13 @@ void frmSetStatus::pressQuick(int index) {
     case LocalStatus::Press::OpensOptions:
         m_station.windows.show({.window = WindowId::Options, .slot = index});
         break;
-    case LocalStatus::Press::AsksToEdit: {
-        QMessageBox box(QMessageBox::Question, QStringLiteral("Shared Status Button"),
-                        QStringLiteral("This Shared Status is no longer active.\n"
-                                       "Would you like to edit this button?"),
-                        QMessageBox::Yes | QMessageBox::No, this);
-        if (box.exec() == QMessageBox::Yes) {
-            m_station.windows.show({.window = WindowId::Options, .slot = index});
-        }
+    case LocalStatus::Press::AsksToEdit:
+        openQuestion(this, QMessageBox::Question, QStringLiteral("Shared Status Button"),
+                     QStringLiteral("This Shared Status is no longer active.\n"
+                                    "Would you like to edit this button?"),
+                     this,
+                     [this, index] { m_station.windows.show({.window = WindowId::Options, .slot = index}); });
         break;
-    }
     }
 }
 

@@ -5,6 +5,7 @@
 #include "engine/core/cOwnState.h"
 #include "engine/network/mod_Network_MC.h"
 #include "engine/operations/mod_Admin.h"
+#include "windows/dialogs/boxes.h"
 
 #include <QComboBox>
 #include <QGridLayout>
@@ -12,7 +13,6 @@
 #include <QHBoxLayout>
 #include <QLabel>
 #include <QListWidget>
-#include <QMessageBox>
 #include <QPushButton>
 #include <QScrollArea>
 
@@ -263,17 +263,7 @@ void frmStatusButtonEditor::playTone(int row) {
 
 void frmStatusButtonEditor::ask(const QString& caption, const QString& question,
                                 void (frmStatusButtonEditor::*act)()) {
-    auto* const box =
-        new QMessageBox(QMessageBox::Question, caption, question, QMessageBox::Yes | QMessageBox::No, this);
-    box->setTextFormat(Qt::PlainText);
-    box->setDefaultButton(QMessageBox::No);
-    box->setAttribute(Qt::WA_DeleteOnClose);
-    connect(box, &QMessageBox::finished, this, [this, act](int answer) {
-        if (answer == QMessageBox::Yes) {
-            (this->*act)();
-        }
-    });
-    box->open();
+    openQuestion(this, QMessageBox::Question, caption, question, this, [this, act] { (this->*act)(); });
 }
 
 // What is in the rows is what the user means to send.
