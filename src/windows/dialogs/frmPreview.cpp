@@ -1,5 +1,7 @@
 #include "windows/dialogs/frmPreview.h"
 
+#include "controls/look/ScreenPlacement.h"
+#include "controls/print/PrintServer.h"
 #include "windows/dialogs/boxes.h"
 
 #include <QAction>
@@ -17,18 +19,19 @@ namespace {
 constexpr QSize kFirstSize(640, 720);
 } // namespace
 
-frmPreview::frmPreview(PrintDocument document, QWidget* parent)
+frmPreview::frmPreview(PrintDocument document, bool printers, QWidget* parent)
     : QDialog(parent), m_document(std::move(document)), m_view(new QPrintPreviewWidget(&m_printer, this)) {
     setObjectName(QStringLiteral("frmPreview"));
     setWindowTitle(m_document.title.isEmpty()
                        ? tr("Print Preview")
                        : tr("Print Preview") + QLatin1String(" - ") + m_document.title);
-    resize(kFirstSize);
+    resize(sizeForLetters(*this, kFirstSize));
     m_printer.setDocName(m_document.title); // what a file to print to is called at first
     m_view->setObjectName(QStringLiteral("PrintPreview"));
     m_view->setAccessibleName(tr("Pages"));
     m_view->fitToWidth();
     createBar();
+    showPrinters(printers);
     connect(m_view, &QPrintPreviewWidget::paintRequested, this,
             [this](QPrinter* printer) { m_printed = print(*printer, m_document); });
     connect(m_view, &QPrintPreviewWidget::previewChanged, this, &frmPreview::showPages);
@@ -75,8 +78,17 @@ void frmPreview::createBar() {
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSpacing(0);
+    m_remark = new QLabel(tr("The print server does not answer: print to a file, or try again later"), this);
+    m_remark->setObjectName(QStringLiteral("lblRemark"));
+    m_remark->setWordWrap(true);
+    m_remark->setMargin(4);
     layout->addWidget(bar);
+    layout->addWidget(m_remark);
     layout->addWidget(m_view, 1);
+}
+
+void frmPreview::showPrinters(bool printers) {
+    m_remark->setVisible(!printers);
 }
 
 void frmPreview::showPages() {
@@ -92,15 +104,24 @@ void frmPreview::turn(int by) {
     showPages();
 }
 
+// The server is asked anew each time: it may have stopped to answer since, or begun.
 void frmPreview::askForPrinter() {
-    auto* const dialog = new QPrintDialog(&m_printer, this);
-    dialog->setAttribute(Qt::WA_DeleteOnClose);
-    connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this, &frmPreview::printNow);
-    dialog->open(); // an alert's popup must not wait for it
+    askPrintServer(this, [this](bool printers) {
+        showPrinters(printers);
+        auto* const dialog = new QPrintDialog(&m_printer, this);
+        dialog->setAttribute(Qt::WA_DeleteOnClose);
+        connect(dialog, qOverload<QPrinter*>(&QPrintDialog::accepted), this,
+                [this] { askPrintServer(this, [this](bool stillPrinters) { printNow(stillPrinters); }); });
+        dialog->open(); // an alert's popup must not wait for it
+    });
 }
 
-void frmPreview::printNow() {
-    m_view->print();
+void frmPreview::printNow(bool printers) {
+    showPrinters(printers);
+    m_printed = printers || m_printer.outputFormat() == QPrinter::PdfFormat;
+    if (m_printed) {
+        m_view->print();
+    }
     if (m_printed) {
         accept();
         return;
@@ -110,9 +131,11 @@ void frmPreview::printNow() {
 }
 
 void showPreview(const PrintDocument& document, QWidget* owner) {
-    auto* const preview = new frmPreview(document, owner);
-    preview->setAttribute(Qt::WA_DeleteOnClose);
-    preview->show();
+    askPrintServer(owner, [document, owner](bool printers) {
+        auto* const preview = new frmPreview(document, printers, owner);
+        preview->setAttribute(Qt::WA_DeleteOnClose);
+        preview->show();
+    });
 }
 
 } // namespace tessel

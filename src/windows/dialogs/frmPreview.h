@@ -15,25 +15,29 @@ namespace tessel {
 class frmPreview : public QDialog {
     Q_OBJECT
 public:
-    explicit frmPreview(PrintDocument document, QWidget* parent = nullptr);
+    // `printers`: whether printers can be looked for. Without, there is the way to a file alone.
+    explicit frmPreview(PrintDocument document, bool printers = true, QWidget* parent = nullptr);
 
 private:
     void createBar();
     void showPages();
     void turn(int by);
     void askForPrinter();
-    void printNow();
+    void printNow(bool printers);
+    void showPrinters(bool printers);
 
     PrintDocument m_document;
     QPrinter m_printer{QPrinter::HighResolution};
     QPrintPreviewWidget* m_view;
     QLabel* m_pages = nullptr;
+    QLabel* m_remark = nullptr;
     QAction* m_back = nullptr;
     QAction* m_forth = nullptr;
     bool m_printed = true; // the last time
 };
 
-// Shows a preview over the window `owner`; closing it deletes it.
+// Shows a preview over the window `owner`, as soon as it is known whether the print server answers; closing
+// it deletes it.
 void showPreview(const PrintDocument& document, QWidget* owner);
 
 } // namespace tessel
