@@ -105,6 +105,8 @@ TEST(PopupControl, TellsWhichItemWasClicked) {
     QTest::mouseClick(button(popup, "Options"), Qt::LeftButton);
     EXPECT_EQ(options.count(), 1);
     EXPECT_EQ(text.count(), 1);
+    QTest::mouseClick(&popup, Qt::LeftButton, {}, QPoint(60, 8));
+    EXPECT_EQ(text.count(), 2) << "the sender's name is as good as the text";
 }
 
 // A drag would open the message, or a click with a shaking hand store a place.

@@ -456,8 +456,10 @@ void PopupControl::mouseReleaseEvent(QMouseEvent* event) {
     const QPoint way = event->globalPosition().toPoint() - *m_pressed;
     const bool dragged = m_dragging;
     endDrag();
+    // The name of who writes is a part of the message: a click on it is one on the text.
+    const QRect text = m_look.messageLayout ? m_plan.body | m_plan.band : m_plan.body;
     if (!dragged && way.manhattanLength() < QApplication::startDragDistance() &&
-        m_plan.body.contains(event->position().toPoint() - QPoint(m_margin, m_margin))) {
+        text.contains(event->position().toPoint() - QPoint(m_margin, m_margin))) {
         emit textClicked();
     }
 }
