@@ -92,6 +92,26 @@ TEST_F(HeldKeys, ARepeatToldAsReleaseAndPressIsARepeat) {
     EXPECT_EQ(box.presses, 1) << "so long after, the release was lost";
 }
 
+// A window that closed on the key may leave the keyboard to none.
+TEST_F(HeldKeys, ARepeatWithoutAnyFocusIsNobodys) {
+    list.hide();
+    box.setFocusPolicy(Qt::NoFocus);
+    box.clearFocus();
+    QApplication::setActiveWindow(nullptr);
+    struct : QObject {
+        int presses = 0;
+        bool eventFilter(QObject*, QEvent* event) override {
+            presses += event->type() == QEvent::KeyPress ? 1 : 0;
+            return false;
+        }
+    } watch;
+    window.installEventFilter(&watch);
+    QKeyEvent repeat(QEvent::KeyPress, Qt::Key_F2, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(window.windowHandle(), &repeat);
+    EXPECT_EQ(watch.presses, 0);
+    window.removeEventFilter(&watch);
+}
+
 TEST_F(HeldKeys, AnInactiveApplicationForgets) {
     send(QTest::Press);
     emit qApp->applicationStateChanged(Qt::ApplicationInactive);

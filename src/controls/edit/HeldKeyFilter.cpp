@@ -66,8 +66,10 @@ bool HeldKeyFilter::dropsPress(Held& held, const QKeyEvent& event, const QWidget
     held.down = true;
     if (!neverUp && !event.isAutoRepeat()) {
         held.widget = target;
+        return false;
     }
-    return held.widget != target;
+    // Where it went down may be gone, and no window have the keyboard: those two are not the same place.
+    return held.widget.isNull() || held.widget != target;
 }
 
 } // namespace tessel
