@@ -173,11 +173,7 @@ void frmGroupMessage::layOut() {
 }
 
 void frmGroupMessage::connectStation() {
-    connect(&m_blink, &QTimer::timeout, this, [this] {
-        m_blinkOn = !m_blinkOn;
-        m_alert->setStyleSheet(m_blinkOn ? QStringLiteral("background:#ffaaaa;color:black")
-                                         : QStringLiteral("background:#ff6666;color:black"));
-    });
+    connect(&m_blink, &QTimer::timeout, this, &frmGroupMessage::blink);
     connect(&m_station.network, &NetworkMC::canSendChanged, this, &frmGroupMessage::showCanSend);
     m_changes.setSingleShot(true);
     m_changes.setInterval(kChangesMs);
@@ -299,6 +295,12 @@ void frmGroupMessage::pressGroup(int button) {
     (button == 0 ? m_everyone : m_groups->button(button - 1))->setFocus();
 }
 
+void frmGroupMessage::blink() {
+    m_blinkOn = !m_blinkOn;
+    m_alert->setStyleSheet(m_blinkOn ? QStringLiteral("background:#ffaaaa;color:black")
+                                     : QStringLiteral("background:#ff6666;color:black"));
+}
+
 void frmGroupMessage::VerifyOnlineList() {
     int count = 0;
     const QString recipients = GetRecipientList(count);
@@ -309,6 +311,7 @@ void frmGroupMessage::VerifyOnlineList() {
     if (m_offline.isEmpty()) {
         m_blink.stop();
     } else if (!m_blink.isActive()) {
+        blink();
         m_blink.start(kBlinkMs);
     }
     showRecipients(recipients);

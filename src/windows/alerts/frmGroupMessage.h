@@ -45,6 +45,7 @@ private:
     QString GetRecipientList(int& count) const;
     void pressGroup(int button);
     void VerifyOnlineList();
+    void blink();
     void showRecipients(const QString& recipients);
     void showOffline();
     void showCanSend();
