@@ -149,6 +149,34 @@ TEST_F(MessageOffice, WritesAcknowledgesRepliesAndLooksBack) {
 }
 
 // The group is made, written to and changed without leaving the window.
+// The network goes for some seconds, or a popup is clicked, in the middle of an answer.
+TEST_F(MessageOffice, AnAnswerOutlivesTheNetworkAndOtherMessages) {
+    for (const char* const text : {"first question", "second question"}) {
+        QWidget& letter = compose(0);
+        textOf(letter).setPlainText(text);
+        press(letter, "cmdSend");
+    }
+    QWidget& read = opened(1); // the second one
+    QTest::keyClicks(&textOf(read), "half an ans");
+    world[1]->network.RestartNetwork();
+    settle();
+    EXPECT_FALSE(part<QPushButton>(read, "cmdReply").isEnabled());
+    EXPECT_EQ(read.focusWidget(), &textOf(read)) << "or the next blank would press a button";
+    QTest::keyClicks(&textOf(read), "wer");
+    world.run(20);
+    EXPECT_TRUE(part<QPushButton>(read, "cmdReply").isEnabled());
+
+    const auto open = [&](int row) -> QWidget& {
+        world[1]->inbox.GetMessageFromPopup(item(*world[1]->inbox.rptMessages.at(row), InboxItem::ID).text);
+        return shown(1);
+    };
+    EXPECT_EQ(textOf(open(1)).toPlainText(), "");
+    key(open(1), Qt::Key_Escape);
+    EXPECT_EQ(textOf(open(0)).toPlainText(), "half an answer");
+    press(open(0), "cmdReply");
+    EXPECT_EQ(inbox(0), QStringList("1 half an answer"));
+}
+
 TEST_F(MessageOffice, AGroupWithOneMemberOff) {
     QWidget& letter = compose(0);
     EXPECT_EQ(part<QLabel>(letter, "lblTo").text(), "To: Everyone");

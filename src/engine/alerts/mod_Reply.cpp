@@ -65,8 +65,17 @@ SendResult Reply::CreateMessage(const QString& text) {
     const SendResult result = m_compose.send(outgoing);
     if (result == SendResult::Sent) {
         m_inbox.Delete_Message_ID(m_message.MessageID);
+        m_drafts.remove(draftKey());
     }
     return result;
+}
+
+void Reply::setDraft(const QString& text) {
+    if (text.isEmpty()) {
+        m_drafts.remove(draftKey());
+    } else if (m_drafts.size() < kMostDrafts || m_drafts.contains(draftKey())) {
+        m_drafts[draftKey()] = text;
+    }
 }
 
 } // namespace tessel

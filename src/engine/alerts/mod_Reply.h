@@ -4,6 +4,7 @@
 #include "engine/alerts/mod_Compose.h"
 #include "engine/alerts/mod_Messages.h"
 
+#include <QHash>
 #include <QObject>
 #include <QString>
 
@@ -37,6 +38,11 @@ public:
     // The text of an acknowledgement, which is an ordinary answer.
     QString acknowledgement() const;
 
+    // What was written and not sent: of each message until it is answered, or the program ends, since
+    // another message may be opened over it at any moment.
+    QString draft() const { return m_drafts.value(draftKey()); }
+    void setDraft(const QString& text);
+
 signals:
     void loaded();
 
@@ -49,6 +55,10 @@ private:
     ReceivedMessage m_message;
     bool m_fromHistory = false;
     bool m_replyToEveryone = false;
+
+    static constexpr int kMostDrafts = 50;
+    QString draftKey() const { return m_message.SID + u' ' + m_message.MessageID; }
+    QHash<QString, QString> m_drafts;
 };
 
 } // namespace tessel

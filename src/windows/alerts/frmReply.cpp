@@ -74,6 +74,8 @@ frmReply::frmReply(Station& station, QWidget* parent)
     connect(m_reply, &QPushButton::clicked, this, [this] { CreateMessage(m_answer->text().message()); });
     connect(m_ack, &QPushButton::clicked, this, &frmReply::acknowledge);
     connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, m_ack, &QPushButton::click);
+    connect(&m_answer->text(), &MessageEdit::textChanged, this,
+            [this] { m_station.reply.setDraft(m_answer->text().toPlainText()); });
     connect(&m_station.reply, &Reply::loaded, this, &frmReply::LoadMessage);
     connect(&m_station.network, &NetworkMC::canSendChanged, this, &frmReply::showCanReply);
     connect(&m_station.views.rptEndpoints, &ReportRecords::changed, this, &frmReply::showCanReply);
@@ -86,7 +88,9 @@ void frmReply::LoadMessage() {
     m_heading->setLine(reply.heading());
     m_group->setAccessibleName(reply.heading());
     m_original->setPlainText(reply.original());
-    m_answer->text().clear();
+    m_answer->text().setPlainText(reply.draft());
+    m_answer->text().moveCursor(QTextCursor::End);
+    m_answer->setUsable(reply.canReply());
     m_reply->setText(reply.ReplyToEveryone() ? tr("&Reply to Everyone") : tr("&Reply"));
     m_ack->setVisible(reply.offersAcknowledge());
     showCanReply();
@@ -97,13 +101,21 @@ void frmReply::LoadMessage() {
     }
 }
 
-// The sender may go, and come back.
+// The sender may go, and come back. Who is at the answer stays there meanwhile: the next key, a blank maybe,
+// would press another button.
 void frmReply::showCanReply() {
     const bool known = m_station.reply.canReply();
     const bool sends = m_station.own.canSend();
+    const QWidget* const at = focusWidget();
+    const bool answering = at == &m_answer->text() || at == m_reply || at == m_ack;
+    if (known || !answering) {
+        m_answer->setUsable(known);
+    }
+    if (answering && !(known && sends)) {
+        m_answer->text().setFocus();
+    }
     m_ack->setEnabled(known && sends);
     m_reply->setEnabled(known && sends);
-    m_answer->setUsable(known);
     m_answer->setObstacle(!known   ? tr("The sender is offline: an answer could not arrive")
                           : !sends ? tr("Offline: nothing can be sent now")
                                    : QString());
