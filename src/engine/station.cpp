@@ -154,10 +154,25 @@ void Station::wire() {
     connect(&reply, &Reply::loaded, this, [this] { windows.show({WindowId::Reply}); });
     connect(&history, &NotificationHistory::openSent, this,
             [this] { windows.show({WindowId::SentMessage}); });
-    connect(&alerts, &AlertEngine::quickMessage, this,
-            [this](const AlertTarget& target, const QString& text, bool toGroup) {
-                compose.CreateMessage(target, text, toGroup);
-            });
+    connect(
+        &alerts, &AlertEngine::quickMessage, this,
+        [this](const AlertTarget& target, const QString& text, bool toGroup) {
+            constexpr int kRowMode = 5;
+            switch (compose.CreateMessage(target, text, toGroup)) {
+            case SendResult::TooLong: // the window keeps it, and says so
+                windows.show(
+                    {.window = WindowId::GroupMessage, .SID = target.SID, .page = kRowMode, .text = text});
+                break;
+            case SendResult::Sent:
+                // A menu may have been open since before it left.
+                if (!toGroup && !endpoints.Endpoint_VerifyOnline(target.SID)) {
+                    footer.SetFooter(target.name + QLatin1String(" is offline"), {}, true);
+                }
+                break;
+            default:
+                break;
+            }
+        });
 }
 
 // Orders that concern the station as a whole.

@@ -177,6 +177,27 @@ TEST_F(MessageOffice, AnAnswerOutlivesTheNetworkAndOtherMessages) {
     EXPECT_EQ(inbox(0), QStringList("1 half an answer"));
 }
 
+// Of the history a message to everyone is answered to everyone; a key for what is not offered must not.
+TEST_F(MessageOffice, NothingIsAcknowledgedFromTheHistory) {
+    QWidget& letter = compose(0);
+    textOf(letter).setPlainText("to all");
+    press(letter, "cmdSend");
+    world[1]->history.Open_Recent(item(*world[1]->history.rptNotifications.at(0), CardItem::Record).text);
+    QWidget& read = shown(1);
+    EXPECT_TRUE(part<QPushButton>(read, "cmdReply").isEnabled());
+    key(textOf(read), Qt::Key_F2);
+    EXPECT_TRUE(read.isVisible());
+    EXPECT_EQ(inbox(0) + inbox(2), QStringList("0 to all"));
+
+    // The options may change under a window that is open.
+    textOf(read).setPlainText("by Enter");
+    world[1]->settings.Settings_MSOE.set(true);
+    QEvent back(QEvent::ActivationChange);
+    QApplication::sendEvent(textOf(read).parentWidget(), &back);
+    key(textOf(read), Qt::Key_Return);
+    EXPECT_EQ(inbox(0), QStringList("0 by Enter"));
+}
+
 TEST_F(MessageOffice, AGroupWithOneMemberOff) {
     QWidget& letter = compose(0);
     EXPECT_EQ(part<QLabel>(letter, "lblTo").text(), "To: Everyone");

@@ -7,7 +7,9 @@
 
 #include <QAbstractItemView>
 #include <QComboBox>
+#include <QEvent>
 #include <QLabel>
+#include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tessel {
@@ -26,15 +28,12 @@ MessageFields::MessageFields(Station& station, const QString& spoken, QWidget* p
     m_snippets->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
     m_snippets->view()->setObjectName(QStringLiteral("lstSnippit"));
     m_snippets->view()->setTextElideMode(Qt::ElideRight);
-    const bool byEnter = m_station.settings.Settings_MSOE();
     m_text->setObjectName(QStringLiteral("txtMessage"));
     m_text->setAccessibleName(spoken);
-    m_text->setPlaceholderText(byEnter ? tr("Enter sends, Shift+Enter begins a new line")
-                                       : tr("Ctrl+Enter sends"));
     m_text->setAllowedCharacters(kTypedCharacters);
     m_text->setMaximumLength(Compose::kLongestMessage);
-    m_text->setSendOnEnter(byEnter);
     m_text->setMend(FitMessage);
+    takeSendKey();
     m_remark->setObjectName(QStringLiteral("lblRemark"));
     m_remark->setTextFormat(Qt::PlainText);
     m_remark->setWordWrap(true);
@@ -67,6 +66,29 @@ void MessageFields::LoadSnippetDB() {
     m_snippets->addItem(QStringLiteral("Select a Snippet"));
     for (const QString& snippet : m_station.snippets.list()) {
         m_snippets->addItem(singleLine(snippet), snippet);
+    }
+}
+
+void MessageFields::setSendButton(QPushButton& button) {
+    m_send = &button;
+    takeSendKey();
+}
+
+void MessageFields::takeSendKey() {
+    const bool byEnter = m_station.settings.Settings_MSOE();
+    m_text->setSendOnEnter(byEnter);
+    m_text->setPlaceholderText(byEnter ? tr("Enter sends, Shift+Enter begins a new line")
+                                       : tr("Ctrl+Enter sends"));
+    if (m_send != nullptr) {
+        m_send->setToolTip(byEnter ? tr("Enter") : tr("Ctrl+Enter"));
+    }
+}
+
+// The options may have been open beside this window.
+void MessageFields::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange) {
+        takeSendKey();
     }
 }
 

@@ -5,6 +5,7 @@
 
 class QComboBox;
 class QLabel;
+class QPushButton;
 
 namespace tessel {
 
@@ -21,6 +22,8 @@ public:
     MessageEdit& text() const { return *m_text; } // txtMessage
     // Where the remark shows; the window finds it a place.
     QLabel* remark() const { return m_remark; }
+    // The button that sends, whose tip tells the key.
+    void setSendButton(QPushButton& button);
     // Why nothing can be sent now; empty for no reason.
     void setObstacle(const QString& text);
     // Whether anything can be written at all.
@@ -34,14 +37,19 @@ signals:
     void sendPressed();
     void escapePressed();
 
+protected:
+    void changeEvent(QEvent* event) override;
+
 private:
     void LoadSnippetDB();
+    void takeSendKey();
     void showRemark();
 
     Station& m_station;
     QComboBox* m_snippets; // cmbSnippit, and in it lstSnippit
     MessageEdit* m_text;
     QLabel* m_remark;
+    QPushButton* m_send = nullptr;
     QString m_obstacle;
     bool m_tooLong = false;
 };

@@ -138,7 +138,7 @@ void frmGroupMessage::createButtons() {
     m_clear->setObjectName(QStringLiteral("cmdClear"));
     m_clear->setToolTip(tr("Empty the message"));
     m_send->setObjectName(QStringLiteral("cmdSend"));
-    m_send->setToolTip(m_station.settings.Settings_MSOE() ? tr("Enter") : tr("Ctrl+Enter"));
+    m_message->setSendButton(*m_send);
     for (QPushButton* const button : {m_alert, m_clear, m_send}) {
         button->setAutoDefault(false);
     }

@@ -38,7 +38,7 @@ frmReply::frmReply(Station& station, QWidget* parent)
     m_original->setTextInteractionFlags(Qt::TextSelectableByMouse | Qt::TextSelectableByKeyboard);
     m_original->setTabChangesFocus(true);
     m_reply->setObjectName(QStringLiteral("cmdReply"));
-    m_reply->setToolTip(m_station.settings.Settings_MSOE() ? tr("Enter") : tr("Ctrl+Enter"));
+    m_answer->setSendButton(*m_reply);
     m_ack->setObjectName(QStringLiteral("cmdAck"));
     m_ack->setToolTip(tr("Tell the sender that you have read this"));
     auto* const close = new QPushButton(QStringLiteral(" Close "), this);
@@ -114,7 +114,8 @@ void frmReply::showCanReply() {
     if (answering && !(known && sends)) {
         m_answer->text().setFocus();
     }
-    m_ack->setEnabled(known && sends);
+    // Its key works whether it is shown or not.
+    m_ack->setEnabled(known && sends && m_station.reply.offersAcknowledge());
     m_reply->setEnabled(known && sends);
     m_answer->setObstacle(!known   ? tr("The sender is offline: an answer could not arrive")
                           : !sends ? tr("Offline: nothing can be sent now")
