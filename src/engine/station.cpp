@@ -166,7 +166,9 @@ void Station::wire() {
             case SendResult::Sent:
                 // A menu may have been open since before it left.
                 if (!toGroup && !endpoints.Endpoint_VerifyOnline(target.SID)) {
-                    footer.SetFooter(target.name + QLatin1String(" is offline"), {}, true);
+                    footer.Remark(
+                        target.name + QLatin1String(" is offline"),
+                        QStringLiteral("The message was sent, but that location cannot receive it"));
                 }
                 break;
             default:
