@@ -48,6 +48,16 @@ inline double worst(const std::vector<double>& values) {
     return *std::max_element(values.begin(), values.end());
 }
 
+// Tells whether a turn of the event loop painted the widget that it watches.
+class PaintWatch : public QObject {
+public:
+    bool painted = false;
+    bool eventFilter(QObject*, QEvent* event) override {
+        painted = painted || event->type() == QEvent::Paint;
+        return false;
+    }
+};
+
 // A station with its real windows.
 struct Office {
     QTemporaryDir home;

@@ -42,15 +42,6 @@ void repaint(ReportControl& list, const char* what) {
     std::printf("    %-52s median %.2f ms, worst %.2f ms\n", what, median(times), worst(times));
 }
 
-class PaintWatch : public QObject {
-public:
-    bool painted = false;
-    bool eventFilter(QObject*, QEvent* event) override {
-        painted = painted || event->type() == QEvent::Paint;
-        return false;
-    }
-};
-
 // An hour in which nothing happens. `list`: the board's, nullptr while there is none.
 void idle(Office& office, ReportControl* list, const char* what) {
     constexpr int kMinutes = 60;
