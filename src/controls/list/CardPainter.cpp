@@ -95,11 +95,7 @@ void CardPainter::paint(QPainter& painter, const ReportRecord& record, const QRe
                         const RowState& state) {
     const QRect card = cardIn(room);
     const QColor back = m_kit.rowBack(m_kit.palette().color(QPalette::Base), state);
-    painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(borderOf(record, back));
-    painter.setBrush(back);
-    painter.drawRoundedRect(QRectF(card).adjusted(0.5, 0.5, -0.5, -0.5), kCorner, kCorner);
-    painter.setRenderHint(QPainter::Antialiasing, false);
+    PaintKit::paintBox(painter, card, kCorner, borderOf(record, back), back);
     m_kit.paintSelectionBar(painter, seen(card.adjusted(1, 2, 0, -2), card), state);
 
     paintHeading(painter, record, card, back);

@@ -1,6 +1,7 @@
 #include "controls/list/ReportColors.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 namespace tessel {
@@ -13,8 +14,21 @@ double linear(double channel) {
     return channel <= 0.04045 ? channel / 12.92 : std::pow((channel + 0.055) / 1.055, 2.4);
 }
 
+// Colours are weighed many times a frame, and `pow` is slow.
+const std::array<double, 256>& linears() {
+    static const std::array<double, 256> table = [] {
+        std::array<double, 256> made{};
+        for (std::size_t channel = 0; channel < made.size(); ++channel) {
+            made[channel] = linear(static_cast<double>(channel) / 255);
+        }
+        return made;
+    }();
+    return table;
+}
+
 double luminance(const QColor& color) {
-    return 0.2126 * linear(color.redF()) + 0.7152 * linear(color.greenF()) + 0.0722 * linear(color.blueF());
+    const auto of = [](int channel) { return linears()[static_cast<std::size_t>(channel)]; };
+    return 0.2126 * of(color.red()) + 0.7152 * of(color.green()) + 0.0722 * of(color.blue());
 }
 
 // Moves the lightness of `text` in small steps to black or white; invalid when even the end of the

@@ -239,11 +239,9 @@ void ReportPainter::paintCell(QPainter& painter, const Span& span, const QRect& 
         const QColor own = colorOf(item.backColor);
         under = blend(back, own, own.alphaF());
         text = textOn(under);
-        painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(blend(under, m_kit.palette().color(QPalette::Text), look::kSelectedFocused));
-        painter.setBrush(under);
-        painter.drawRoundedRect(QRectF(room.block).adjusted(0.5, 0.5, -0.5, -0.5), kRounding, kRounding);
-        painter.setRenderHint(QPainter::Antialiasing, false);
+        PaintKit::paintBox(painter, room.block, kRounding,
+                           blend(under, m_kit.palette().color(QPalette::Text), look::kSelectedFocused),
+                           under);
     }
     if (item.icon >= 0) {
         m_kit.paintIcon(painter, item.icon, room.icon);

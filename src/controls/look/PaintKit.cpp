@@ -108,6 +108,18 @@ QColor PaintKit::rowBack(const QColor& base, const RowState& state) const {
     return state.hovered ? blend(rest, accent, look::kHover) : rest;
 }
 
+void PaintKit::paintBox(QPainter& painter, const QRectF& box, double corner, const QColor& line,
+                        const QBrush& back) {
+    // Two areas are painted many times as fast as one with a round line about it.
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.setPen(Qt::NoPen);
+    painter.setBrush(line);
+    painter.drawRoundedRect(box, corner + 0.5, corner + 0.5);
+    painter.setBrush(back);
+    painter.drawRoundedRect(box.adjusted(1, 1, -1, -1), corner - 0.5, corner - 0.5);
+    painter.setRenderHint(QPainter::Antialiasing, false);
+}
+
 void PaintKit::paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const {
     if (state.selected) {
         const QColor accent = m_palette.color(QPalette::Highlight);

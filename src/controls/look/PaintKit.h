@@ -3,6 +3,7 @@
 
 #include "controls/list/WrappedText.h"
 
+#include <QBrush>
 #include <QCache>
 #include <QColor>
 #include <QFont>
@@ -51,6 +52,9 @@ public:
     QColor outline(const QColor& color, const QColor& back) const;
     // The back of a row that stands on `base` otherwise.
     QColor rowBack(const QColor& base, const RowState& state) const;
+    // A box with round corners and a line of one pixel around it.
+    static void paintBox(QPainter& painter, const QRectF& box, double corner, const QColor& line,
+                         const QBrush& back);
     void paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const;
 
     void paintIcon(QPainter& painter, int icon, const QRect& room);
