@@ -54,6 +54,11 @@ void send(PopupControl& popup, QEvent::Type type, QPoint onScreen) {
     QApplication::sendEvent(&popup, &event);
 }
 
+void show(PopupControl& popup, const PopupLook& look, QPoint topLeft) {
+    popup.prepare(look, QGuiApplication::primaryScreen()->availableGeometry());
+    popup.show(topLeft);
+}
+
 void drag(PopupControl& popup, QPoint from, QPoint by) {
     send(popup, QEvent::MouseButtonPress, from);
     send(popup, QEvent::MouseMove, from + by / 2);
@@ -68,7 +73,7 @@ void drag(PopupControl& popup, QPoint from, QPoint by) {
 TEST(PopupControl, NeverHasTheFocus) {
     PopupControl popup;
     for (const PopupLook& look : {notice(), message()}) {
-        popup.show(look, {10, 10});
+        show(popup, look, {10, 10});
         QApplication::processEvents();
         for (auto* item : popup.findChildren<QAbstractButton*>()) {
             EXPECT_EQ(item->focusPolicy(), Qt::NoFocus);
@@ -89,7 +94,7 @@ TEST(PopupControl, TellsWhichItemWasClicked) {
     QSignalSpy close(&popup, &PopupControl::closeClicked);
     QSignalSpy off(&popup, &PopupControl::turnOffClicked);
     QSignalSpy options(&popup, &PopupControl::optionsClicked);
-    popup.show(notice(), {10, 10});
+    show(popup, notice(), {10, 10});
     EXPECT_EQ(button(popup, "Options"), nullptr);
     QTest::mouseClick(&popup, Qt::LeftButton, {}, popup.rect().center());
     QTest::mouseClick(&popup, Qt::RightButton, {}, popup.rect().center());
@@ -100,7 +105,7 @@ TEST(PopupControl, TellsWhichItemWasClicked) {
     EXPECT_EQ(close.count(), 1);
     EXPECT_EQ(off.count(), 1);
 
-    popup.show(message(), {10, 10});
+    show(popup, message(), {10, 10});
     EXPECT_EQ(button(popup, "Turn Off"), nullptr);
     QTest::mouseClick(button(popup, "Options"), Qt::LeftButton);
     EXPECT_EQ(options.count(), 1);
@@ -115,7 +120,7 @@ TEST(PopupControl, ADragMovesAndIsNoClick) {
     QSignalSpy text(&popup, &PopupControl::textClicked);
     QSignalSpy moved(&popup, &PopupControl::moved);
     PopupLook look = notice();
-    popup.show(look, {100, 100});
+    show(popup, look, {100, 100});
     const QPoint middle = popup.geometry().center();
     drag(popup, middle, {80, 40});
     EXPECT_EQ(popup.pos(), QPoint(180, 140));
@@ -129,7 +134,7 @@ TEST(PopupControl, ADragMovesAndIsNoClick) {
     EXPECT_EQ(text.count(), 1);
 
     look.movable = false;
-    popup.show(look, {100, 100});
+    show(popup, look, {100, 100});
     drag(popup, middle, {80, 40});
     EXPECT_EQ(popup.pos(), QPoint(100, 100));
     EXPECT_EQ(moved.count(), 0);
@@ -146,9 +151,9 @@ TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
             look.caption = look.label = look.text = look.time = text;
             for (const int size : {0, 10, 20, 400}) {
                 look.fontSize = size;
-                popup.show(look, screen.topLeft());
+                show(popup, look, screen.topLeft());
                 EXPECT_TRUE(screen.contains(popup.geometry())) << size;
-                EXPECT_EQ(popup.sizeFor(look, screen), popup.size());
+                EXPECT_EQ(popup.prepare(look, screen), popup.size());
                 for (auto* item : popup.findChildren<QAbstractButton*>()) {
                     EXPECT_TRUE(!item->isVisible() || popup.rect().contains(item->geometry()));
                 }
@@ -156,16 +161,16 @@ TEST(PopupControl, HostileTextsAndLargeFontsStayOnTheScreen) {
                 EXPECT_LE(popup.accessibleName().size(), 1100);
             }
             look.fontSize = 10;
-            EXPECT_EQ(popup.sizeFor(look, screen).width(), 320);
-            EXPECT_LE(popup.sizeFor(look, screen).height(), 280);
-            EXPECT_LE(popup.sizeFor(look, QRect(0, 0, 120, 60)).height(), 60);
+            EXPECT_EQ(popup.prepare(look, screen).width(), 320);
+            EXPECT_LE(popup.prepare(look, screen).height(), 280);
+            EXPECT_LE(popup.prepare(look, QRect(0, 0, 120, 60)).height(), 60);
         }
     }
     PopupLook plain = message();
     plain.fontSize = 10;
-    EXPECT_EQ(popup.sizeFor(plain, screen), QSize(320, 166)) << "270 by 140 units";
+    EXPECT_EQ(popup.prepare(plain, screen), QSize(320, 166)) << "270 by 140 units";
     plain.fontSize = 20;
-    EXPECT_GT(popup.sizeFor(plain, screen).width(), 450);
+    EXPECT_GT(popup.prepare(plain, screen).width(), 450);
 }
 
 // Text on a strong colour is not read in passing; and what stands still must not go on moving.
@@ -174,14 +179,14 @@ TEST(PopupControl, ReadsOnItsLightEndAndCallsTwice) {
     PopupLook look = notice();
     look.bodyFrom = QColor(250, 16, 85);
     look.icon = QIcon();
-    popup.show(look, {0, 0});
+    show(popup, look, {0, 0});
     EXPECT_GE(contrastRatio(popup.grab().toImage().pixelColor(popup.width() - 20, 60), Qt::black), 7.0);
 
     QPixmap dot(16, 16);
     dot.fill(Qt::transparent);
     look.icon = QIcon(dot);
     look.motion = look.pulse = look.shadow = true;
-    popup.show(look, {100, 100});
+    show(popup, look, {100, 100});
     EXPECT_EQ(popup.box().topLeft(), QPoint(100, 100)) << "the shadow is around it";
     EXPECT_GT(popup.width(), popup.box().width());
     EXPECT_LT(popup.windowOpacity(), 1.0);

@@ -74,10 +74,11 @@ inline constexpr int kPopupFade = 12; // behind it the strong end runs out
 inline constexpr int kPopupIcon = 28;
 inline constexpr int kPopupSign = 16; // the icon in the band of a message
 inline constexpr int kPopupPad = 10;
-inline constexpr int kPopupTextLeft = 15; // of a message, from either side
-inline constexpr int kPopupFrame = 2;     // pixels
-inline constexpr int kCorner = 8;         // pixels
-inline constexpr int kShadow = 8;         // pixels around
+inline constexpr int kPopupTextLeft = 15;  // of a message, from either side
+inline constexpr int kPopupFrame = 2;      // pixels
+inline constexpr double kPopupEdge = 0.25; // of black in the line around the frame
+inline constexpr int kCorner = 8;          // pixels
+inline constexpr int kShadow = 8;          // pixels around
 inline constexpr double kShadowInk = 0.28;
 inline constexpr int kStackGap = 8; // pixels
 

@@ -2,6 +2,7 @@
 
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/PaintKit.h"
 #include "controls/look/Tokens.h"
 
 #include <QAbstractButton>
@@ -145,27 +146,33 @@ PopupControl::PopupControl(QWidget* parent)
     add(TurnOff, PopupButton::Sign::Text, tr("Turn Off"), &PopupControl::turnOffClicked);
 }
 
-void PopupControl::show(const PopupLook& look, QPoint topLeft) {
+QSize PopupControl::prepare(const PopupLook& look, const QRect& freeArea) {
     endDrag(); // and a press on what was up before is no click on this
+    m_look = look;
+    plan(freeArea.size());
+    return m_plan.size;
+}
+
+void PopupControl::show(QPoint topLeft) {
     const QScreen* screen = QGuiApplication::screenAt(topLeft);
     if (screen == nullptr) {
         screen = QGuiApplication::primaryScreen();
     }
-    m_look = look;
-    takeSurface(look);
+    if (screen != nullptr && screen->availableSize() != m_most) {
+        plan(screen->availableSize());
+    }
+    takeSurface();
     const bool wasUp = isVisible();
-    setFont(fontFor(look));
-    m_plan = plan(look, screen != nullptr ? screen->availableSize() : QSize(800, 600));
     chooseColors();
     setFixedSize(m_plan.size + 2 * QSize(m_margin, m_margin));
     placeButtons();
     move(topLeft - QPoint(m_margin, m_margin));
     // What it is about comes first, so that nobody takes it for the window of the program.
-    setWindowTitle(singleLine(look.label.isEmpty() ? look.caption
-                                                   : look.label + QStringLiteral(" \u2013 ") + look.caption,
-                              kTipChars));
+    setWindowTitle(singleLine(
+        m_look.label.isEmpty() ? m_look.caption : m_look.label + QStringLiteral(" \u2013 ") + m_look.caption,
+        kTipChars));
     setAccessibleName(singleLine(
-        QStringList{look.caption, look.label, look.text, look.time}.join(u' ').trimmed(), kTipChars));
+        QStringList{m_look.caption, m_look.label, m_look.text, m_look.time}.join(u' ').trimmed(), kTipChars));
     if (!testAttribute(Qt::WA_X11NetWmWindowTypeNotification)) {
         // Some desktops hide tool windows while another program is at work, but no notifications.
         // Only a window that exists already hears of it.
@@ -177,15 +184,15 @@ void PopupControl::show(const PopupLook& look, QPoint topLeft) {
 
 // Round corners and a shadow want a window that can be seen through, which is made as such or not. On a
 // desktop that has none of these the corners are cut off.
-void PopupControl::takeSurface(const PopupLook& look) {
-    if (look.shadow != testAttribute(Qt::WA_TranslucentBackground)) {
+void PopupControl::takeSurface() {
+    if (m_look.shadow != testAttribute(Qt::WA_TranslucentBackground)) {
         hide();
         destroy();
         setAttribute(Qt::WA_X11NetWmWindowTypeNotification, false);
-        setAttribute(Qt::WA_TranslucentBackground, look.shadow);
-        setAttribute(Qt::WA_NoSystemBackground, look.shadow);
+        setAttribute(Qt::WA_TranslucentBackground, m_look.shadow);
+        setAttribute(Qt::WA_NoSystemBackground, m_look.shadow);
     }
-    m_margin = look.shadow ? look::kShadow : 0;
+    m_margin = m_look.shadow ? look::kShadow : 0;
 }
 
 void PopupControl::comeUp(bool wasUp) {
@@ -219,10 +226,6 @@ QRect PopupControl::box() const {
     return geometry().adjusted(m_margin, m_margin, -m_margin, -m_margin);
 }
 
-QSize PopupControl::sizeFor(const PopupLook& look, const QRect& freeArea) {
-    return plan(look, freeArea.size()).size;
-}
-
 QPoint PopupControl::defaultPlace(QSize popup, const QRect& freeArea) {
     return {std::max(freeArea.left(), freeArea.right() + 1 - popup.width() - look::kSpace),
             std::max(freeArea.top(), freeArea.bottom() + 1 - popup.height() - look::kSpace)};
@@ -230,16 +233,19 @@ QPoint PopupControl::defaultPlace(QSize popup, const QRect& freeArea) {
 
 // --- layout ------------------------------------------------------------------------------------
 
-QFont PopupControl::fontFor(const PopupLook& look) const {
-    QFont font = QApplication::font(this);
-    if (look.fontSize > 0) {
-        font.setPointSize(std::clamp(look.fontSize, kLeastFont, kLargestFont));
+void PopupControl::plan(QSize most) {
+    QFont letters = QApplication::font(this);
+    if (m_look.fontSize > 0) {
+        letters.setPointSize(std::clamp(m_look.fontSize, kLeastFont, kLargestFont));
     }
-    return font;
+    setFont(letters);
+    m_most = most;
+    m_plan = planned();
 }
 
-PopupControl::Plan PopupControl::plan(const PopupLook& look, QSize most) const {
-    const QFont plain = fontFor(look);
+PopupControl::Plan PopupControl::planned() const {
+    const PopupLook& look = m_look;
+    const QFont plain = font();
     QFont large = plain;
     large.setWeight(QFont::DemiBold);
     large.setPointSizeF(plain.pointSizeF() * look::kLarger);
@@ -253,8 +259,8 @@ PopupControl::Plan PopupControl::plan(const PopupLook& look, QSize most) const {
         std::max(px(message ? look::kPopupMessageHeight : look::kPopupLeast), px(look.leastSize.height()));
 
     Plan plan;
-    const int width = std::min(most.width(), px(std::max(look::kPopupUnits, look.leastSize.width())));
-    const int highest = std::min(most.height(), std::max(least, px(look::kPopupMost)));
+    const int width = std::min(m_most.width(), px(std::max(look::kPopupUnits, look.leastSize.width())));
+    const int highest = std::min(m_most.height(), std::max(least, px(look::kPopupMost)));
     const int band = px(look::kPopupBand);
     const int frame = look::kPopupFrame;
     const int pad = px(look::kPopupPad);
@@ -356,17 +362,12 @@ void PopupControl::paintShadow(QPainter& painter) const {
 
 void PopupControl::paintBack(QPainter& painter) const {
     const QRectF box(QPointF(), m_plan.size);
-    QPainterPath round;
-    round.addRoundedRect(box.adjusted(0.5, 0.5, -0.5, -0.5), look::kCorner, look::kCorner);
     QLinearGradient frame(0, 0, 0, box.height());
     frame.setColorAt(0, m_band.from);
     frame.setColorAt(std::clamp(m_plan.band.height() / box.height(), 0.0, 1.0), m_band.to);
     frame.setColorAt(1, m_frameTo);
     // Frames that run to white end nowhere on a white desktop.
-    painter.setPen(blend(m_band.from, Qt::black, 0.25));
-    painter.setBrush(frame);
-    painter.drawPath(round);
-    painter.setClipPath(round);
+    PaintKit::paintBox(painter, box, look::kCorner, blend(m_band.from, Qt::black, look::kPopupEdge), frame);
     QLinearGradient body(0, 0, box.width(), 0);
     if (m_plan.light > 0) {
         body.setColorAt(0, m_body.from);
@@ -374,13 +375,24 @@ void PopupControl::paintBack(QPainter& painter) const {
         body.setColorAt(m_plan.light / box.width(), m_body.to);
     }
     body.setColorAt(1, m_body.to);
-    painter.fillRect(m_plan.body, body);
+    // Round below, where the frame is.
+    const QRectF room(m_plan.body);
+    constexpr double kRound = look::kCorner - look::kPopupFrame;
+    QPainterPath shape(room.topLeft());
+    shape.lineTo(room.left(), room.bottom() - kRound);
+    shape.quadTo(room.bottomLeft(), QPointF(room.left() + kRound, room.bottom()));
+    shape.lineTo(room.right() - kRound, room.bottom());
+    shape.quadTo(room.bottomRight(), QPointF(room.right(), room.bottom() - kRound));
+    shape.lineTo(room.topRight());
+    painter.setRenderHint(QPainter::Antialiasing);
+    painter.fillPath(shape, body);
     if (m_veil > 0) {
         QColor veil = Qt::white;
         veil.setAlphaF(static_cast<float>(m_veil * look::kPulseInk));
+        painter.setClipPath(shape);
         painter.fillRect(QRect(m_plan.body.topLeft(), QSize(m_plan.strong, m_plan.body.height())), veil);
+        painter.setClipping(false);
     }
-    painter.setClipping(false);
 }
 
 void PopupControl::paintEvent(QPaintEvent*) {

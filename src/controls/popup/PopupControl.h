@@ -47,12 +47,13 @@ class PopupControl : public AlertWidget {
 public:
     explicit PopupControl(QWidget* parent = nullptr);
 
-    // Comes up at this place, or takes the new content there when it is up.
-    void show(const PopupLook& look, QPoint topLeft);
+    // Takes what it will show. Gives back how large that is on a screen with this free area, without its
+    // shadow.
+    QSize prepare(const PopupLook& look, const QRect& freeArea);
+    // Comes up at this place with what was prepared, or shows it there when it is up.
+    void show(QPoint topLeft);
     // What is seen of it on the screen, without its shadow.
     QRect box() const;
-    // How large it will be on a screen with this free area, without its shadow.
-    QSize sizeFor(const PopupLook& look, const QRect& freeArea);
     // Lower right, a little off the edges; the upper left corner stays on the screen.
     static QPoint defaultPlace(QSize popup, const QRect& freeArea);
 
@@ -92,9 +93,9 @@ private:
         QColor from, to, text;
     };
 
-    QFont fontFor(const PopupLook& look) const;
-    Plan plan(const PopupLook& look, QSize most) const;
-    void takeSurface(const PopupLook& look);
+    void plan(QSize most);
+    Plan planned() const;
+    void takeSurface();
     void chooseColors();
     void comeUp(bool wasUp);
     void paintShadow(QPainter& painter) const;
@@ -103,6 +104,7 @@ private:
     void endDrag();
 
     PopupLook m_look;
+    QSize m_most; // that it was planned for
     Plan m_plan;
     Shades m_band;
     Shades m_body;

@@ -116,9 +116,9 @@ void PopupWindows::show(PopupId popup, const PopupContent& content) {
     // A stored place may lie on a screen that is not there today.
     const QList<QRect> areas = freeScreenAreas();
     const QRect main = areas.isEmpty() ? QRect() : areas.first();
-    const QSize size = shown.sizeFor(look, main);
+    const QSize size = shown.prepare(look, main);
     const QPoint wanted = content.place.value_or(freePlace(popup, size, main));
-    shown.show(look, placedOnScreens(wanted, size, areas).topLeft());
+    shown.show(placedOnScreens(wanted, size, areas).topLeft());
 }
 
 QPoint PopupWindows::freePlace(PopupId popup, QSize size, const QRect& area) const {
