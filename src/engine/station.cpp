@@ -210,6 +210,7 @@ void Station::start() {
         log.LogEvent(QStringLiteral("Files"), damage, QStringLiteral("FDM"));
         saver.tellOnce(damage);
     }
+    const cInifile::OneReading reading(ini);
     network.LoadNetworkProtocol();
     settings.LoadSettings(admin.AdminFilePresent && Admin::restricted(admin.ENC));
     if (!settings.unreadable().isEmpty()) {

@@ -92,7 +92,7 @@ SystemFacts systemFacts() {
     facts.hostName = QSysInfo::machineHostName();
     facts.userName = userName();
     facts.osName = QSysInfo::prettyProductName();
-    facts.versions = versions();
+    facts.versions = versions;
     facts.syncFile = syncFile;
     const cls_terminalservices session;
     facts.IsRemoteSession = session.IsRemoteSession();

@@ -81,7 +81,7 @@ TEST(Facts, FoldersEndInASlashAndTheSessionIsAskedWhetherItIsRemote) {
     EXPECT_FALSE(here.hostName.isEmpty());
     EXPECT_FALSE(here.userName.isEmpty());
     EXPECT_LE(here.userName.size(), 25);
-    EXPECT_FALSE(here.versions.filter(QStringLiteral("libQt6Core.so.")).isEmpty());
+    EXPECT_FALSE(here.versions().filter(QStringLiteral("libQt6Core.so.")).isEmpty());
 
     qunsetenv("XRDP_SESSION");
     qputenv("XDG_SESSION_ID", "../../etc/passwd");

@@ -90,8 +90,11 @@ void ReportView::sizeLetters(int points) {
     m_fontSize = points;
     QFont sized = font();
     sized.setPointSize(m_fontSize);
-    setFont(sized);
-    applyFont(); // a font equal to the one before tells nobody
+    if (sized == font()) {
+        applyFont(); // a font equal to the one before tells nobody
+    } else {
+        setFont(sized);
+    }
 }
 
 void ReportView::setEmptyState(const EmptyState& state) {

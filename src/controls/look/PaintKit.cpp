@@ -34,13 +34,10 @@ void PaintKit::setFont(const QFont& font) {
     m_bold.font.setBold(true);
     m_strong.font.setWeight(std::max<QFont::Weight>(QFont::DemiBold, font.weight()));
     for (Sized* const sized : {&m_plain, &m_small, &m_bold, &m_strong}) {
-        sized->height = QFontMetrics(sized->font).height();
+        sized->height = 0;
     }
-    QFont meant = font;
-    meant.setPointSize(look::kMeantFor);
-    m_scale = static_cast<double>(m_plain.height) / QFontMetrics(meant).height();
-    measureDigits();
-    m_iconSize = m_plain.height >= 30 ? 32 : m_plain.height >= 23 ? 24 : 16;
+    m_scale = 0;
+    m_digits = {};
     m_lines.clear();
     m_wrapped.clear();
     m_pictures.clear();
@@ -76,10 +73,24 @@ const QFont& PaintKit::font(Face face) const {
 }
 
 int PaintKit::lineHeight(Face face) const {
-    return sized(face).height;
+    const Sized& asked = sized(face);
+    if (asked.height == 0) {
+        asked.height = QFontMetrics(asked.font).height();
+    }
+    return asked.height;
+}
+
+int PaintKit::iconSize() const {
+    const int height = lineHeight(Face::Plain);
+    return height >= 30 ? 32 : height >= 23 ? 24 : 16;
 }
 
 int PaintKit::px(int units) const {
+    if (m_scale == 0) {
+        QFont meant = m_plain.font;
+        meant.setPointSize(look::kMeantFor);
+        m_scale = static_cast<double>(lineHeight(Face::Plain)) / QFontMetrics(meant).height();
+    }
     return qRound(units * m_scale);
 }
 
@@ -169,25 +180,26 @@ int PaintKit::paintLine(QPainter& painter, const QString& text, const QRect& roo
     return static_cast<int>(std::ceil(line.width));
 }
 
-void PaintKit::measureDigits() {
-    const QFontMetrics metrics(m_small.font);
-    m_digit = 0;
-    m_evenDigits = true;
-    for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
-        const int width = metrics.horizontalAdvance(QChar(digit));
-        m_evenDigits = m_evenDigits && (m_digit == 0 || width == m_digit);
-        m_digit = std::max(m_digit, width);
+const PaintKit::Digits& PaintKit::digits() const {
+    if (m_digits.widest == 0) {
+        const QFontMetrics metrics(m_small.font);
+        for (char16_t digit = u'0'; digit <= u'9'; ++digit) {
+            const int width = metrics.horizontalAdvance(QChar(digit));
+            m_digits.even = m_digits.even && (m_digits.widest == 0 || width == m_digits.widest);
+            m_digits.widest = std::max(m_digits.widest, width);
+        }
     }
+    return m_digits;
 }
 
 int PaintKit::digitsWidth(QStringView text) const {
     const QFontMetrics metrics(m_small.font);
-    if (m_evenDigits) {
+    if (digits().even) {
         return metrics.horizontalAdvance(text.toString());
     }
     int width = 0;
     for (const QChar c : text) {
-        width += c.isDigit() ? m_digit : metrics.horizontalAdvance(c);
+        width += c.isDigit() ? digits().widest : metrics.horizontalAdvance(c);
     }
     return width;
 }
@@ -195,7 +207,7 @@ int PaintKit::digitsWidth(QStringView text) const {
 int PaintKit::paintDigits(QPainter& painter, QStringView text, const QRect& room, Qt::Alignment alignment) {
     const int width = digitsWidth(text);
     int left = alignment & Qt::AlignRight ? room.right() + 1 - width : room.left();
-    if (m_evenDigits) {
+    if (digits().even) {
         // A pixel more than it needs, so that rounding never cuts it.
         paintLine(painter, text.toString(), {left, room.top(), width + 1, room.height()}, Qt::AlignLeft,
                   Face::Small);
@@ -204,7 +216,7 @@ int PaintKit::paintDigits(QPainter& painter, QStringView text, const QRect& room
     const QFontMetrics metrics(m_small.font);
     painter.setFont(m_small.font);
     for (const QChar c : text) {
-        const int cell = c.isDigit() ? m_digit : metrics.horizontalAdvance(c);
+        const int cell = c.isDigit() ? digits().widest : metrics.horizontalAdvance(c);
         painter.drawText(QRect(left, room.top(), cell, room.height()), Qt::AlignCenter, QString(c));
         left += cell;
     }

@@ -41,7 +41,7 @@ public:
     enum class Face { Plain, Small, Bold, Strong }; // Strong: weight 600
     const QFont& font(Face face) const;
     int lineHeight(Face face) const;
-    int iconSize() const { return m_iconSize; }
+    int iconSize() const;
     // So many units in pixels: they grow with the letters.
     int px(int units) const;
     const QPalette& palette() const { return m_palette; }
@@ -85,18 +85,23 @@ private:
 
     const Line& lineFor(const QString& text, int width, Face face);
 
+    // Measured when it is first asked for: each face costs a file of letters, and some lists are never
+    // looked at.
     struct Sized {
         QFont font;
-        int height = 0;
+        mutable int height = 0;
+    };
+    struct Digits {
+        int widest = 0;
+        bool even = true; // all of them are as wide
     };
     const Sized& sized(Face face) const;
-    void measureDigits();
+    const Digits& digits() const; // of the small face
     Sized m_plain;
     Sized m_small;
     Sized m_bold;
     Sized m_strong;
-    double m_scale = 1;
-    int m_iconSize = 16;
+    mutable double m_scale = 0;
     QPalette m_palette;
     ReportIconProvider m_icons;
 
@@ -105,8 +110,7 @@ private:
     QHash<std::pair<int, int>, QPixmap> m_pictures; // by number and side
     double m_pictureRatio = 0;
     QHash<quint64, QColor> m_inks; // by text and background
-    int m_digit = 0;               // widest digit of the small face
-    bool m_evenDigits = true;      // all of them are as wide
+    mutable Digits m_digits;
 };
 
 } // namespace tessel

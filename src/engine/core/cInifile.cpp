@@ -13,9 +13,16 @@ constexpr std::size_t kMostWaiting = 2000;
 } // namespace
 
 cInifile::Cached& cInifile::load(const QString& path) {
+    const auto known = m_files.find(path);
+    return m_reading > 0 && known != m_files.end() && known->second.reading == m_reading ? known->second
+                                                                                         : loadAnew(path);
+}
+
+cInifile::Cached& cInifile::loadAnew(const QString& path) {
     // The bytes are read each time and only the parsing is spared: time stamps are too coarse to tell
     // apart two writes of the same length, and stations of one account may share a file.
     Cached& cached = m_files[path];
+    cached.reading = m_reading;
     QByteArray bytes;
     const bool readable = readWholeFile(path, static_cast<qint64>(kMaxIniBytes), bytes);
     cached.exists = readable || QFileInfo::exists(path);
@@ -54,7 +61,7 @@ bool cInifile::replace(const QString& path, Cached& cached) {
 }
 
 bool cInifile::store(const QString& path, const std::vector<Change>& changes) {
-    Cached& cached = load(path);
+    Cached& cached = loadAnew(path);
     const cIniDocument before = cached.document;
     for (const Change& change : changes) {
         apply(cached.document, change);
@@ -84,7 +91,7 @@ bool cInifile::store(const QString& path, const std::vector<Change>& changes) {
 void cInifile::tryAgain() {
     for (auto& [path, cached] : m_files) {
         if (!cached.waiting.empty()) {
-            const bool stored = replace(path, load(path));
+            const bool stored = replace(path, loadAnew(path));
             if (written) {
                 written(path, stored);
             }

@@ -39,6 +39,19 @@ public:
     // Writes several keys of `Section` with one replacement of the file.
     bool setValues(const std::vector<cIniDocument::KeyValue>& values);
 
+    // While one of these stands, each file is read once, however many of its keys are asked for; a write
+    // reads it anew. For a run of accesses without a wait between, like those of the start. One at a time.
+    class OneReading {
+    public:
+        explicit OneReading(cInifile& ini) : m_ini(ini) { m_ini.m_reading = ++m_ini.m_readings; }
+        ~OneReading() { m_ini.m_reading = 0; }
+        OneReading(const OneReading&) = delete;
+        OneReading& operator=(const OneReading&) = delete;
+
+    private:
+        cInifile& m_ini;
+    };
+
     // Writes what earlier writes could not, in every file.
     void tryAgain();
     // Leaves a file as it is for the rest of this run, whatever is written to it.
@@ -63,10 +76,12 @@ private:
         bool exists = false;
         bool writable = false;  // false: there is a file that could not be read
         bool forbidden = false; // for this run
+        int reading = 0;        // in which it was read last
         std::vector<Change> waiting;
     };
 
     Cached& load(const QString& path);
+    Cached& loadAnew(const QString& path);
     static void apply(cIniDocument& document, const Change& change);
     // Makes the changes and writes the file; what does not reach it waits.
     bool store(const QString& path, const std::vector<Change>& changes);
@@ -74,6 +89,8 @@ private:
     bool finish(bool success, qsizetype code);
 
     std::map<QString, Cached> m_files;
+    int m_readings = 0; // so far
+    int m_reading = 0;  // 0: none
 };
 
 } // namespace tessel

@@ -86,7 +86,7 @@ QString Diagnostics::HelpReport() const {
     QStringList log = LogLines();
     std::transform(log.begin(), log.end(), log.begin(), withoutBrackets);
     section("Log", log.isEmpty() ? QStringLiteral("(empty)") : log.join(u'\n'));
-    section("Versions", m_from.facts.versions.join(u'\n'));
+    section("Versions", m_from.facts.versions().join(u'\n'));
     return report;
 }
 

@@ -20,7 +20,8 @@ struct SystemFacts {
     QString hostName;
     QString userName;
     QString osName;
-    QStringList versions; // of what the program runs on, one a line: its label and the version
+    // Of what the program runs on, one a line: its label and the version. Slow: it looks at every library.
+    std::function<QStringList()> versions = [] { return QStringList(); };
     bool IsRemoteSession = false;
     QString ClientLoginName; // of a remote session
 

@@ -168,6 +168,15 @@ TEST_F(IniFile, OthersMayChangeTheFileWhileTheProgramRuns) {
     EXPECT_EQ(read("a", "k"), "default");
     EXPECT_TRUE(write("a", "k", "6"));
     EXPECT_EQ(bytes(), "[a]\nk=6\n");
+    {
+        const cInifile::OneReading reading(ini);
+        EXPECT_EQ(read("a", "k"), "6");
+        put("[a]\nk=7\nother=8\n");
+        EXPECT_TRUE(write("a", "mine", "9"));
+        EXPECT_EQ(bytes(), "[a]\nk=7\nother=8\nmine=9\n") << "a write looks, whatever was read";
+        put("[a]\nk=8\n");
+    }
+    EXPECT_EQ(read("a", "k"), "8");
 }
 
 TEST_F(IniFile, FileIsForItsUserAloneAndComesBackWithItsFolder) {
