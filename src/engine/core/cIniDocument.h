@@ -18,6 +18,11 @@ namespace tessel {
 class cIniDocument {
 public:
     using KeyValue = std::pair<QString, QString>;
+    struct Change {
+        QString section;
+        QString key;
+        std::optional<QString> value; // none: the key is to go, or without a key the section
+    };
 
     cIniDocument() = default;
     explicit cIniDocument(QByteArray bytes);

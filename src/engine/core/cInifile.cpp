@@ -5,6 +5,9 @@
 
 #include <QFileInfo>
 
+#include <algorithm>
+#include <iterator>
+
 namespace tessel {
 
 namespace {
@@ -121,15 +124,19 @@ bool cInifile::setValue(const QString& value) {
 
 bool cInifile::setValues(const std::vector<cIniDocument::KeyValue>& values) {
     std::vector<Change> changes;
-    bool usable = true;
+    changes.reserve(values.size());
     for (const auto& [key, value] : values) {
-        if (cIniDocument::usable(Section, key)) {
-            changes.push_back({Section, key, value});
-        } else {
-            usable = false;
-        }
+        changes.push_back({Section, key, value});
     }
-    const bool stored = store(Path, changes) && usable;
+    return setAll(changes);
+}
+
+bool cInifile::setAll(const std::vector<cIniDocument::Change>& changes) {
+    std::vector<Change> usable;
+    std::copy_if(changes.begin(), changes.end(), std::back_inserter(usable), [](const Change& change) {
+        return !change.value || cIniDocument::usable(change.section, change.key);
+    });
+    const bool stored = store(Path, usable) && usable.size() == changes.size();
     return finish(stored, stored ? 1 : 0);
 }
 

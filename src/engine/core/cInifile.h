@@ -38,6 +38,8 @@ public:
 
     // Writes several keys of `Section` with one replacement of the file.
     bool setValues(const std::vector<cIniDocument::KeyValue>& values);
+    // Writes and removes keys of any sections, `Section` and `Key` apart, with one replacement of the file.
+    bool setAll(const std::vector<cIniDocument::Change>& changes);
 
     // While one of these stands, each file is read once, however many of its keys are asked for; a write
     // reads it anew. For a run of accesses without a wait between, like those of the start. One at a time.
@@ -64,11 +66,7 @@ public:
     static int CLngDefault(const QString& text, int fallback);
 
 private:
-    struct Change {
-        QString section;
-        QString key;
-        std::optional<QString> value; // none: the key is to go, or without a key the section
-    };
+    using Change = cIniDocument::Change;
     struct Cached {
         QByteArray bytes;      // of the file
         cIniDocument document; // the same with what waits

@@ -49,6 +49,11 @@ bool INIData::WriteSettings(const QString& file, const QString& section,
     return m_ini.setValues(values);
 }
 
+bool INIData::WriteChanges(const QString& file, const std::vector<cIniDocument::Change>& changes) {
+    aim(m_folders.dataFile(file), {}, {});
+    return m_ini.setAll(changes);
+}
+
 void INIData::DeleteSetting(const QString& file, const QString& section, const QString& key) {
     aim(m_folders.dataFile(file), section, key);
     m_ini.DeleteKey();

@@ -27,6 +27,8 @@ public:
     // Several keys of one section, with one replacement of the file.
     bool WriteSettings(const QString& file, const QString& section,
                        const std::vector<cIniDocument::KeyValue>& values);
+    // Writes and removes keys of any sections, with one replacement of the file.
+    bool WriteChanges(const QString& file, const std::vector<cIniDocument::Change>& changes);
     void DeleteSetting(const QString& file, const QString& section, const QString& key);
 
     QString ReadSettingPath(const QString& path, const QString& section, const QString& key,

@@ -52,13 +52,10 @@ bool Favorites::write(int Slot, const Favorite& favorite) {
     const QString value = FavoriteValue(favorite.Location, favorite.SID, favorite.Tone);
     // A SID that the file cannot hold would be another location's at the next start.
     if (favorite.SID.isEmpty() || value.section(ListMark, 1, 1) != favorite.SID ||
-        !m_data.WriteSetting(kUserFile, kSection, key, value)) {
+        !m_data.WriteChanges(kUserFile,
+                             {{kSection, key, value},
+                              {kPopupSection, key, favorite.Popup ? std::nullopt : std::optional(kOff)}})) {
         return false;
-    }
-    if (favorite.Popup) {
-        m_data.DeleteSetting(kUserFile, kPopupSection, key);
-    } else {
-        m_data.WriteSetting(kUserFile, kPopupSection, key, kOff);
     }
     Favorite& slot = m_slots[static_cast<std::size_t>(Slot)];
     slot = favorite;
@@ -104,9 +101,8 @@ void Favorites::RemoveFavoriteSlot(int Slot, const QString& SID) {
         return;
     }
     emit removing(SID);
-    for (const QString& section : {kSection, kPopupSection}) {
-        m_data.DeleteSetting(kUserFile, section, QString::number(Slot));
-    }
+    const QString key = QString::number(Slot);
+    m_data.WriteChanges(kUserFile, {{kSection, key, std::nullopt}, {kPopupSection, key, std::nullopt}});
     m_slots[static_cast<std::size_t>(Slot)] = {};
     // A file edited by hand may hold the location a second time.
     if (const int other = FindFavoriteSlot(SID); other >= 0) {

@@ -225,9 +225,11 @@ void LocalStatus::ClearQuickStatusRemote(const QString& text) {
     if (slot < 0 || slot >= kQuickCount) {
         return;
     }
+    std::vector<cIniDocument::Change> gone;
     for (const char16_t key : {u'N', u'M', u'H'}) {
-        m_data.DeleteSetting(kStatusFile, kSection, key + QString::number(slot));
+        gone.push_back({kSection, key + QString::number(slot), std::nullopt});
     }
+    m_data.WriteChanges(kStatusFile, gone);
     quickStatusWritten(slot);
 }
 
@@ -244,31 +246,24 @@ int LocalStatus::SaveStatus(const std::array<QuickRow, kQuickCount>& rows) {
             return slot;
         }
     }
-    std::vector<cIniDocument::KeyValue> kept;
-    QStringList gone;
+    std::vector<cIniDocument::Change> changes;
+    const auto put = [&changes](const QString& key, const std::optional<QString>& value) {
+        changes.push_back({kSection, key, value});
+    };
     for (int slot = 0; slot < kQuickCount; ++slot) {
         const QuickRow& row = rows[static_cast<std::size_t>(slot)];
         const QString number = QString::number(slot);
         const QString name = row.Name.trimmed().left(kLongestStatus);
-        if (name.size() >= kShortestStatus) {
-            kept.emplace_back(u'N' + number, name);
-            kept.emplace_back(u'M' + number, row.Message.trimmed().left(kLongestStatus));
-        } else {
-            gone << u'N' + number << u'M' + number;
-        }
-        if (name.size() >= kShortestStatus && row.Shared >= 0) {
-            kept.emplace_back(u'S' + number, QString::number(row.Shared));
-        } else {
-            gone << u'S' + number;
-        }
+        const bool kept = name.size() >= kShortestStatus;
+        put(u'N' + number, kept ? std::optional(name) : std::nullopt);
+        put(u'M' + number, kept ? std::optional(row.Message.trimmed().left(kLongestStatus)) : std::nullopt);
+        put(u'S' + number,
+            kept && row.Shared >= 0 ? std::optional(QString::number(row.Shared)) : std::nullopt);
         if (slot < kHotKeyCount && row.HotKey >= 0) {
-            kept.emplace_back(u'H' + number, QString::number(row.HotKey));
+            put(u'H' + number, QString::number(row.HotKey));
         }
     }
-    m_data.WriteSettings(kStatusFile, kSection, kept);
-    for (const QString& key : gone) {
-        m_data.DeleteSetting(kStatusFile, kSection, key);
-    }
+    m_data.WriteChanges(kStatusFile, changes);
     LoadStatusSettings();
     for (int slot = 0; slot < kHotKeyCount; ++slot) {
         emit hotKeyChanged(slot);

@@ -122,29 +122,23 @@ int SharedStatus::SaveStatus(const std::vector<Row>& rows) {
             }
         }
         write(list, false);
-        for (std::size_t index = 0; index < list.entries.size(); ++index) {
-            if (list.entries[index].isEmpty()) {
-                m_data.DeleteSetting(kSharedFile, kEntrySection, QString::number(index));
-            }
-        }
     }
     LoadSharedStatus();
     return -1;
 }
 
+// All at once: half of a new list beside half of the old one would be nobody's.
 void SharedStatus::write(const List& list, bool unusedToo) {
-    std::vector<cIniDocument::KeyValue> author;
+    std::vector<cIniDocument::Change> changes;
     for (const AuthorKey& row : kAuthorKeys) {
-        author.emplace_back(QLatin1String(row.key), list.author.*row.value);
+        changes.push_back({kAuthorSection, QLatin1String(row.key), list.author.*row.value});
     }
-    std::vector<cIniDocument::KeyValue> entries;
     for (std::size_t index = 0; index < list.entries.size(); ++index) {
-        if (unusedToo || !list.entries[index].isEmpty()) {
-            entries.emplace_back(QString::number(index), list.entries[index]);
-        }
+        const QString& entry = list.entries[index];
+        changes.push_back({kEntrySection, QString::number(index),
+                           unusedToo || !entry.isEmpty() ? std::optional(entry) : std::nullopt});
     }
-    m_data.WriteSettings(kSharedFile, kAuthorSection, author);
-    m_data.WriteSettings(kSharedFile, kEntrySection, entries);
+    m_data.WriteChanges(kSharedFile, changes);
 }
 
 void SharedStatus::SendToAllUsers() {

@@ -99,7 +99,7 @@ private:
     };
 
     void take(int index, const QString& value);
-    void write(const List& list, bool unusedToo);
+    void write(const List& list, bool unusedToo); // without `unusedToo` keys that are not used go
 
     const OwnState& m_own;
     INIData& m_data;

@@ -130,6 +130,21 @@ TEST_F(SharedTable, AFloodIsWrittenOnceASecondAndTheLastListStands) {
     EXPECT_EQ(me.get(kSharedFile, "SharedStatus", "0"), "Two:|:2");
 }
 
+// A crash between two replacements would leave the author of one list above the entries of another.
+TEST_F(SharedTable, AListIsWrittenWithOneReplacement) {
+    begin();
+    int replaced = 0;
+    me->ini.written = [&replaced](const QString&, bool stored) { replaced += stored ? 1 : 0; };
+    hear("ZS01", headerOf("Outside") + ValueMark + entriesOf({"One:|:1", "Two:|:2"}));
+    EXPECT_EQ(replaced, 1);
+    EXPECT_EQ(me.get(kSharedFile, "SharedStatus", "1"), "Two:|:2");
+    world.run(2);
+    EXPECT_EQ(me->sharedStatus.SaveStatus(rowsOf({"Three"})), -1);
+    EXPECT_EQ(replaced, 2);
+    EXPECT_EQ(me.get(kSharedFile, "SharedStatus", "1"), "");
+    EXPECT_EQ(me.get(kSharedFile, "Author", "user"), me->own.location);
+}
+
 TEST_F(SharedTable, NothingFromOutsideReachesOtherKeysOrGrowsBeyondItsLimit) {
     begin();
     me.set(kSharedFile, "Other", "key", "kept");
