@@ -238,23 +238,20 @@ void MulticastLink::close() {
     m_waitingBytes = 0;
 }
 
-void MulticastLink::send(QByteArrayView datagram) {
+bool MulticastLink::send(QByteArrayView datagram) {
     if (m_socket < 0) {
-        return;
+        return false;
     }
     if (m_maxPacketSize > 0 && datagram.size() > m_maxPacketSize) {
         errno = EMSGSIZE;
-        fail("send");
-        return;
+        return fail("send");
     }
     ssize_t sent = 0;
     do {
         sent = ::sendto(m_socket, datagram.data(), static_cast<std::size_t>(datagram.size()), 0,
                         reinterpret_cast<const sockaddr*>(&m_to), sizeof m_to);
     } while (sent < 0 && errno == EINTR);
-    if (sent < 0) {
-        fail("send");
-    }
+    return sent >= 0 || fail("send");
 }
 
 bool MulticastLink::readFailed(int number) {

@@ -40,7 +40,7 @@ public:
     bool open(const LinkConfig& config) override;
     void close() override;
     bool isActive() const override { return m_socket >= 0; }
-    void send(QByteArrayView datagram) override;
+    bool send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override;
     bool rejoin() override;
     bool interfaceIsThere() const override;

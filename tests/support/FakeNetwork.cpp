@@ -78,10 +78,14 @@ bool FakeLink::rejoin() {
     return m_active;
 }
 
-void FakeLink::send(QByteArrayView datagram) {
-    if (m_active) {
+bool FakeLink::send(QByteArrayView datagram) {
+    if (noWay) {
+        emit error(101, QStringLiteral("send: no way"));
+    }
+    if (m_active && !noWay) {
         m_network.send(datagram.toByteArray(), config.remotePort, config.remoteHost, address);
     }
+    return m_active && !noWay;
 }
 
 void FakeLink::breakDown(int number) {

@@ -58,7 +58,7 @@ public:
     bool open(const LinkConfig& config) override;
     void close() override { m_active = false; }
     bool isActive() const override { return m_active; }
-    void send(QByteArrayView datagram) override;
+    bool send(QByteArrayView datagram) override;
     std::vector<Adapter> adapters() const override { return adapterList; }
     bool rejoin() override;
     bool interfaceIsThere() const override { return interfaceThere; }
@@ -69,6 +69,7 @@ public:
     LinkConfig config;
     int opened = 0;
     bool interfaceThere = true;
+    bool noWay = false; // nothing leaves the machine
     // Hears nothing of others, or not even itself, until it joins anew.
     bool deafToOthers = false;
     bool deafToItself = false;

@@ -38,6 +38,7 @@ NetworkMC::NetworkMC(OwnState& own, INIData& data, cErrorLog& log, Clock& clock,
       tmrKA(clock, "tmrKA", 30000, Timer::Kind::Repeating,
             [this] {
                 m_protocolLayer.send(Code::XRKA, version());
+                tellAgain();
                 emit keepAliveSent();
             }),
       tmrAnnounce(clock, "tmrAnnounce", 3000, Timer::Kind::OneShot,
@@ -73,7 +74,16 @@ void NetworkMC::interfacesSettled() {
                            QStringLiteral("ADPC"));
         }
         RestartNetwork();
+    } else {
+        tellAgain();
     }
+}
+
+void NetworkMC::tellAgain() {
+    if (m_protocolLayer.announcementLost()) {
+        Announce();
+    }
+    m_protocolLayer.tellAgain();
 }
 
 bool NetworkMC::dueAgain(std::int64_t& last) const {
@@ -194,6 +204,7 @@ void NetworkMC::Network_Start() {
     tmrKA.setInterval(m_ka);
     tmrKA.setEnabled(true);
     Announce();
+    m_protocolLayer.tellAgain();
     // The first packet may have shown that there is no way out.
     if (m_own.online) {
         emit footer(QStringLiteral("Online"), {}, true);

@@ -89,6 +89,7 @@ signals:
 private:
     void startNow();
     void interfacesSettled();
+    void tellAgain();
     void logAdapter(const QString& message);
     // Whether a line was not written for a minute; it counts as written now.
     bool dueAgain(std::int64_t& last) const;

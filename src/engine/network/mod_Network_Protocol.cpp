@@ -7,6 +7,7 @@
 #include "engine/ports/cLink.h"
 #include "records/cReportRecords.h"
 
+#include <algorithm>
 #include <numeric>
 
 namespace tessel {
@@ -79,35 +80,74 @@ int NetworkProtocol::bodyRoom(Code code) const {
     return most - static_cast<int>(around);
 }
 
-void NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView third) {
-    if (m_own.canSend()) {
-        transmit(code, body, third);
-    }
+bool NetworkProtocol::SendPacket(QStringView code, QStringView body, QStringView third) {
+    return m_own.canSend() && transmit(code, body, third);
 }
 
 void NetworkProtocol::sendGoodbye() {
     m_own.leaving = true;
     if (m_own.online) {
-        transmit(latin1(rowOf(Code::XD).name), {}, {});
+        remember(Code::XD, transmit(latin1(rowOf(Code::XD).name), {}, {}));
     }
 }
 
-void NetworkProtocol::transmit(QStringView code, QStringView body, QStringView third) {
+void NetworkProtocol::remember(Code code, bool sent) {
+    const auto at = std::find(m_untold.begin(), m_untold.end(), code);
+    switch (code) {
+    case Code::XD:
+        if (sent) {
+            // Nobody has a row of this station now, and its next announcement carries all.
+            m_known = false;
+            m_untold.clear();
+        }
+        return;
+    case Code::XAN:
+    case Code::XAS:
+    case Code::XALU:
+    case Code::XALNU:
+    case Code::XAST:
+        if (sent && at != m_untold.end()) {
+            m_untold.erase(at);
+        } else if (!sent && at == m_untold.end() && (m_known || code == Code::XAN)) {
+            m_untold.push_back(code);
+        }
+        break;
+    default:
+        break;
+    }
+    m_known = m_known || sent;
+}
+
+void NetworkProtocol::tellAgain() {
+    for (const Code code : std::vector(m_untold)) {
+        if (code != Code::XAN) {
+            send(code);
+        }
+    }
+}
+
+bool NetworkProtocol::announcementLost() const {
+    return std::find(m_untold.begin(), m_untold.end(), Code::XAN) != m_untold.end();
+}
+
+bool NetworkProtocol::transmit(QStringView code, QStringView body, QStringView third) {
     QByteArray packet = head(code, third);
     const QByteArray bytes = toBytes(body);
     packet += m_settings.ENCODE() && !bytes.isEmpty() ? EncodeBody(bytes) : bytes;
     packet += bytesOf(kFieldMark) + bytesOf(kPacketEnd);
 
+    bool sent = true;
     if (m_protocol == 0) {
-        m_link.send(packet);
+        sent = m_link.send(packet);
         ++m_packetsSent;
     }
     AddBytesSent(packet);
+    return sent;
 }
 
 void NetworkProtocol::send(Code code, QStringView body) {
     const CatalogueRow& row = rowOf(code);
-    SendPacket(latin1(row.name), body, latin1(row.third));
+    remember(code, SendPacket(latin1(row.name), body, latin1(row.third)));
 }
 
 void NetworkProtocol::attach(Code code, Handler handler) {

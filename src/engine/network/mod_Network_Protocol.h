@@ -34,10 +34,15 @@ public:
     void setMaxPacketSize(int bytes) { m_maxPacketSize = bytes; }
 
     // Builds one packet with the own presence and sends it. Nothing at all happens while offline, or
-    // behind the goodbye.
-    void SendPacket(QStringView code, QStringView body, QStringView third);
+    // behind the goodbye. False when nothing has left this machine.
+    bool SendPacket(QStringView code, QStringView body, QStringView third);
     // The same with the third argument that the catalogue gives.
     void send(Code code, QStringView body = {});
+    // Tells what others have not heard of this location's state, because there was no way to them at that
+    // moment: they would go on showing a patient who has left. Nothing that was told is told again.
+    void tellAgain();
+    // Whether an announcement is among it.
+    bool announcementLost() const;
     // Sends the goodbye, which is the last that leaves as long as `leaving` is set.
     void sendGoodbye();
     // The longest body, in characters, that a packet of this code has room for now. A longer one is lost.
@@ -84,7 +89,8 @@ public:
     bool isOwn(const cPacket& packet) const { return isOwnSID(packet.bytes(Field::SID)); }
 
 private:
-    void transmit(QStringView code, QStringView body, QStringView third);
+    bool transmit(QStringView code, QStringView body, QStringView third);
+    void remember(Code code, bool sent);
     // All of a packet that stands before its body.
     QByteArray head(QStringView code, QStringView third) const;
     void expectSender(QByteArrayView packet) const;
@@ -96,6 +102,8 @@ private:
     OwnState& m_own;
     const Settings& m_settings;
     Link& m_link;
+    std::vector<Code> m_untold; // of the own state, each once
+    bool m_known = false;       // others may have a row of this station: it has sent, and no goodbye since
     std::vector<const ReportRecords*> m_tables;
     std::vector<Listener> m_listeners;
     int m_protocol = 0;

@@ -65,9 +65,9 @@ public:
     // Whether the interface on which the group was joined still has the index and the address of then.
     // True where that is not known.
     virtual bool interfaceIsThere() const = 0;
-    // Sends one datagram to the whole group, the own station included. A datagram that cannot be sent
-    // is lost.
-    virtual void send(QByteArrayView datagram) = 0;
+    // Sends one datagram to the whole group, the own station included. False when it could not leave this
+    // machine; it is lost then.
+    virtual bool send(QByteArrayView datagram) = 0;
     // The machine's network adapters in a lasting order. One without an address is there too.
     virtual std::vector<Adapter> adapters() const = 0;
     // Whether an IPv4 address, as a number, is one of this machine's.

@@ -106,3 +106,66 @@ TEST_F(Leaving, AStandingWordComesBackBehindARemark) {
     world.run(26);
     EXPECT_EQ(me->footer.text(), "  Room 1");
 }
+
+// A cable that was out for a minute: who sits in which room changed meanwhile, and nobody heard of it.
+TEST(NoWayOut, WhatNobodyHeardIsToldOnceThereIsAWay) {
+    World world(2);
+    world.settle();
+    Station& away = *world[0].station;
+    const auto seenAfar = [&] {
+        const ReportRecord* const row = world[1]->views.rptEndpoints.find(away.own.SID);
+        return row == nullptr ? QStringLiteral("(no row)")
+                              : GetCurrentStatus(*row) + u'/' + GetOccupiedName(*row) + u'/' + row->preview +
+                                    u'/' + QString::number(GetStatusTag(*row));
+    };
+    auto codes = [&world, seen = std::size_t{0}]() mutable {
+        QStringList all;
+        for (; seen < world.network.sent.size(); ++seen) {
+            all += toText(cPacket::parse(world.network.sent[seen], false)->bytes(Field::Code));
+        }
+        return all;
+    };
+    away.status.SetCustomStatus(QStringLiteral("At lunch"));
+    world.run(1);
+    codes();
+
+    world[0].link.noWay = true;
+    away.status.TurnOffStatus();
+    away.presence.SetOccupiedStatusRemote(true, QStringLiteral("Ann"));
+    away.presence.SetOccupiedStatusRemote(false, {});
+    away.presence.SetOccupiedStatusRemote(true, QStringLiteral("Miller"));
+    away.presence.SetLocationNote(QStringLiteral("Knock first"));
+    away.presence.Set_StaffTag(33);
+    world.run(5);
+    EXPECT_EQ(seenAfar(), "At lunch///0");
+    EXPECT_EQ(codes(), QStringList());
+    world[0].link.noWay = false;
+    emit world[0].link.interfacesChanged();
+    world.run(3);
+    EXPECT_EQ(seenAfar(), "/Miller/Knock first/33");
+    EXPECT_EQ(codes(), (QStringList{"XAS", "XALU", "XALNU", "XAST"})) << "each once";
+    emit world[0].link.interfacesChanged();
+    world.run(3);
+    EXPECT_EQ(codes(), QStringList()) << "what was told is not told again";
+
+    // Without any sign from the system the next keep-alive brings it; and a goodbye that nobody heard
+    // leaves the row as it was.
+    world[0].link.noWay = true;
+    away.presence.SetOccupiedStatusRemote(false, {});
+    world[0].link.noWay = false;
+    world.run(46);
+    EXPECT_EQ(seenAfar(), "//Knock first/33");
+    world[0].link.noWay = true;
+    away.network.RestartNetwork();
+    world.run(2);
+    away.presence.SetOccupiedStatusRemote(true, QStringLiteral("Moore"));
+    world[0].link.noWay = false;
+    world.run(6);
+    EXPECT_EQ(seenAfar(), "/Moore/Knock first/33");
+    codes();
+    away.network.RestartNetwork();
+    world.run(2);
+    away.presence.SetOccupiedStatusRemote(false, {});
+    world.run(6);
+    EXPECT_FALSE(codes().contains("XALU")) << "behind a goodbye that was heard the announcement says it";
+}
