@@ -60,9 +60,9 @@ TEST_F(HeldKeys, RepeatsReachNoOtherWidgetUntilTheKeyWasReleased) {
         EXPECT_EQ(list.presses, 2) << "repeats where it went down are the widget's own affair";
         box.setFocus();
         send(QTest::Press, key);
-        send(QTest::Press, Qt::Key_A);
+        send(QTest::Press, Qt::Key_Shift);
         send(QTest::Press, key);
-        EXPECT_EQ(box.presses, 1) << "the letter alone";
+        EXPECT_EQ(box.presses, 1) << "the modifier alone";
         list.setFocus();
         send(QTest::Press, key);
         EXPECT_EQ(list.presses, 3);
@@ -110,6 +110,42 @@ TEST_F(HeldKeys, ARepeatWithoutAnyFocusIsNobodys) {
     QApplication::sendEvent(window.windowHandle(), &repeat);
     EXPECT_EQ(watch.presses, 0);
     window.removeEventFilter(&watch);
+}
+
+TEST_F(HeldKeys, ARepeatThatIsNotMarkedAsOneIsDroppedWhereItWentDown) {
+    int switched = 0;
+    const auto at = [this, &switched](QEvent::Type type, quint64 moment, bool marked = false) {
+        const int before = list.presses;
+        QKeyEvent event(type, Qt::Key_F2, Qt::NoModifier, {}, marked);
+        event.setTimestamp(moment);
+        QApplication::sendEvent(window.windowHandle(), &event);
+        switched += !marked ? list.presses - before : 0;
+    };
+    const quint64 start = quint64{1} << 40U;
+    at(QEvent::KeyPress, start);
+    for (const quint64 moment : {start + 600, start + 640, start + 680}) {
+        at(QEvent::KeyRelease, moment);
+        at(QEvent::KeyPress, moment);
+    }
+    at(QEvent::KeyRelease, start + 720, true);
+    at(QEvent::KeyPress, start + 720, true);
+    EXPECT_EQ(switched, 1);
+    EXPECT_EQ(list.presses, 2) << "what is marked as a repeat passes";
+    at(QEvent::KeyRelease, start + 800);
+    at(QEvent::KeyPress, start + 830);
+    EXPECT_EQ(switched, 2) << "a press of its own, however soon";
+}
+
+// Enter on a row opens a window, and the release goes to the window behind it, where nobody hears of it.
+// What is typed then and sent with Enter must be sent.
+TEST_F(HeldKeys, AKeyAfterAnotherOneIsAPressOfItsOwn) {
+    send(QTest::Press);
+    box.setFocus();
+    send(QTest::Press);
+    EXPECT_EQ(box.presses, 0);
+    send(QTest::Press, Qt::Key_A);
+    send(QTest::Press);
+    EXPECT_EQ(box.presses, 2);
 }
 
 TEST_F(HeldKeys, AnInactiveApplicationForgets) {

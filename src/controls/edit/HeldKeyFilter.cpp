@@ -10,8 +10,13 @@ namespace tessel {
 
 namespace {
 
-// A held key repeats far sooner than this. A press so much later is a new one: the release was lost.
-constexpr quint64 kLongestGapMs = 2500;
+// A held key repeats sooner than this. A press so much later is a new one: the release was lost, as it is
+// when it went to a window behind a modal one.
+constexpr quint64 kLongestGapMs = 1000;
+
+bool isModifier(int key) {
+    return key >= Qt::Key_Shift && key <= Qt::Key_ScrollLock;
+}
 
 // The widget that a key sent to any window of the application ends in.
 QWidget* targetOfKeys() {
@@ -44,6 +49,12 @@ bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
     const auto& key = *static_cast<QKeyEvent*>(event);
     auto* const held =
         std::find_if(m_held.begin(), m_held.end(), [&key](const Held& one) { return one.key == key.key(); });
+    if (press && !isModifier(key.key())) {
+        // Of several keys that are down the last one repeats.
+        for (Held& one : m_held) {
+            one.down = one.down && one.key == key.key();
+        }
+    }
     if (held == m_held.end()) {
         return false;
     }
@@ -58,10 +69,10 @@ bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
 }
 
 bool HeldKeyFilter::dropsPress(Held& held, const QKeyEvent& event, const QWidget* target) {
-    // X tells a repeat as a release and a press of the same moment. Between two windows only the moment
-    // tells that nobody let go.
-    const bool neverUp =
-        held.seenAt == event.timestamp() || (held.down && event.timestamp() - held.seenAt < kLongestGapMs);
+    // X tells a repeat as a release and a press of the same moment. Between two windows, or when the press
+    // comes after Qt has looked for it, only the moment tells that nobody let go.
+    const bool sameMoment = held.seenAt == event.timestamp();
+    const bool neverUp = sameMoment || (held.down && event.timestamp() - held.seenAt < kLongestGapMs);
     held.seenAt = event.timestamp();
     held.down = true;
     if (!neverUp && !event.isAutoRepeat()) {
@@ -69,7 +80,7 @@ bool HeldKeyFilter::dropsPress(Held& held, const QKeyEvent& event, const QWidget
         return false;
     }
     // Where it went down may be gone, and no window have the keyboard: those two are not the same place.
-    return held.widget.isNull() || held.widget != target;
+    return held.widget.isNull() || held.widget != target || (sameMoment && !event.isAutoRepeat());
 }
 
 } // namespace tessel

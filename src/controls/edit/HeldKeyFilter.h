@@ -1,4 +1,4 @@
-// Keeps a held Return, Enter, Space or key of a quick status in the widget in which it went down.
+// Keeps a held Return, Enter, Space, Delete or key of a quick status in the widget in which it went down.
 #pragma once
 
 #include <QObject>
@@ -15,8 +15,9 @@ namespace tessel {
 // another one as if pressed anew: what has the focus there would be pressed by nobody. While it lives,
 // this drops for the whole application each press of these keys that reaches another widget than the
 // one in which the key went down, until the key was released. Repeats in the same widget pass, so that a
-// text box or a list works as ever. When the application becomes inactive it forgets what is held: the
-// release may go to another program.
+// text box or a list works as ever, but for those few that come marked as presses of their own: these would
+// switch on and off what is switched once per press. When the application becomes inactive it forgets what
+// is held: the release may go to another program.
 class HeldKeyFilter : public QObject {
     Q_OBJECT
 public:
@@ -36,10 +37,11 @@ private:
 
     bool dropsPress(Held& held, const QKeyEvent& event, const QWidget* target);
 
-    std::array<Held, 12> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space},
-                                Held{Qt::Key_F1},     Held{Qt::Key_F2},    Held{Qt::Key_F3},
-                                Held{Qt::Key_F4},     Held{Qt::Key_F5},    Held{Qt::Key_F6},
-                                Held{Qt::Key_F7},     Held{Qt::Key_F8},    Held{Qt::Key_F9}};
+    std::array<Held, 13> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space},
+                                Held{Qt::Key_Delete}, Held{Qt::Key_F1},    Held{Qt::Key_F2},
+                                Held{Qt::Key_F3},     Held{Qt::Key_F4},    Held{Qt::Key_F5},
+                                Held{Qt::Key_F6},     Held{Qt::Key_F7},    Held{Qt::Key_F8},
+                                Held{Qt::Key_F9}};
 };
 
 } // namespace tessel

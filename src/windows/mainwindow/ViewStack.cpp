@@ -94,6 +94,7 @@ void ViewStack::Create_FavoritesView() {
                                       tr("Right-click a location under Home and choose Add to Favorites."),
                                       static_cast<int>(Image::Favorites)});
     auto* const remove = new QShortcut(Qt::Key_Delete, &list, nullptr, nullptr, Qt::WidgetShortcut);
+    remove->setAutoRepeat(false);
     connect(remove, &QShortcut::activated, this, [this, &list] {
         if (const ReportRecordPtr record = list.currentRecord()) {
             m_station.actions.RemovefromFavoriteList(*record);

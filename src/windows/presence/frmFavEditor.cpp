@@ -111,7 +111,10 @@ void frmFavEditor::keyPressEvent(QKeyEvent* event) {
         }
         break;
     case Qt::Key_Delete:
-        RemoveFavorite();
+        // It asks nothing: a key that is held would empty the whole list.
+        if (!event->isAutoRepeat()) {
+            RemoveFavorite();
+        }
         return;
     default:
         break;
