@@ -59,7 +59,7 @@ Station::Station(const SystemFacts& facts, const Ports& ports, std::uint64_t see
       metrics(own, settings, folders, m_clock, history),
       diagnostics({own, m_facts, settings, admin, network, protocol, tones, endpoints, log, m_clock}),
       messageTest(own, folders, m_clock, compose),
-      commands({own, settings, windows, shell, network, status, presence, alerts, actions, favorites, groups, snippets, inbox, updates, tmrExit}),
+      commands({own, settings, admin, windows, shell, network, status, presence, alerts, actions, favorites, groups, snippets, inbox, updates, tmrExit}),
       remoteCommands({own, windows, session, network, endpoints, status, presence, alerts,
           [this] { ExitProc(); }, [this] { tmrExit.setEnabled(true); }}),
       tmrExit(m_clock, "tmrExit", 300, Timer::Kind::OneShot, [this] { ExitProc(); }) {

@@ -98,7 +98,7 @@ constexpr std::array kWindows{
     WindowRow{WindowId::Actions, "frmActions", Life::Modal,
               [](const WindowParts& p) -> QWidget* {
                   return new frmActions(p.station.actions, p.station.favorites, p.station.sharedStatus,
-                                        p.station.tones, p.owner);
+                                        p.station.tones, p.station.settings, p.owner);
               }},
     WindowRow{WindowId::FavEditor, "frmFavEditor", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {

@@ -108,7 +108,8 @@ void Popups::ShowMessagePopup(const QString& name, const QString& body, const QS
     content.icon = kMessageIcon;
     content.label = QLatin1String("From: ") + withoutAmpersand(name);
     content.time = time;
-    content.fontSize = toNumber(m_settings.Settings_MNPFS());
+    // A number from a file that was edited by hand must not cover the screen.
+    content.fontSize = std::min(toNumber(m_settings.Settings_MNPFS()), kLargestFont);
     if (m_settings.Settings_MPP()) {
         content.text = QStringLiteral("Message Alert");
     } else {

@@ -33,6 +33,8 @@ struct Notice {
 class Popups : public QObject {
     Q_OBJECT
 public:
+    static constexpr std::int32_t kLargestFont = 24; // points, of a message
+
     Popups(const OwnState& own, Settings& settings, INIData& data, Clock& clock, PopupDisplay& display);
 
     // Under do not disturb none of these does anything at all.

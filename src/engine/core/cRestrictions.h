@@ -5,6 +5,9 @@
 
 namespace tessel {
 
+// What stands where a restriction takes something away.
+inline const QString kLockedByAdmin = QStringLiteral("Locked by the administrator");
+
 // Letters are "A" allowed or "R" restricted, and empty without an administrator's file.
 struct Restrictions {
     bool AdminFilePresent = false;

@@ -26,6 +26,7 @@ class Snippets;
 class Timer;
 class Updates;
 struct OwnState;
+struct Restrictions;
 
 // Their numbers. One without a row in the table is nowhere to be seen.
 enum class Command : int {
@@ -142,6 +143,7 @@ enum : unsigned {
 struct CommandTargets {
     const OwnState& own;
     const Settings& settings;
+    const Restrictions& admin;
     Windows& windows;
     Shell& shell;
     NetworkMC& network;

@@ -136,7 +136,7 @@ void Shell::SetSort_FavoriteView(int order) {
 
 void Shell::setDoorbellOffered(bool offered) {
     m_settings.Settings_DBNAV.set(offered);
-    emit doorbellOfferChanged();
+    emit offersChanged();
 }
 
 void Shell::toggleOnTop() {

@@ -88,7 +88,8 @@ signals:
     void reportFontChanged();
     void sortChanged();
     void onTopChanged();
-    void doorbellOfferChanged();
+    // What the user wants to be offered: the doorbell, staff tags.
+    void offersChanged();
     // The date is another one, as after midnight.
     void dayBegan();
 

@@ -101,7 +101,9 @@ void frmMain::createSearch() {
 
 void frmMain::createShortcuts() {
     const auto add = [this](const QKeySequence& keys, auto act) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false); // a key that is held would announce this station again and again
+        connect(shortcut, &QShortcut::activated, this, act);
     };
     add(Qt::Key_F10, [this] { m_ribbon->takeFocus(); });
     add(QKeySequence::Find, [this] { m_search->setFocus(Qt::ShortcutFocusReason); });
@@ -173,7 +175,7 @@ void frmMain::connectStation() {
     refreshOn(shell, &Shell::reportFontChanged, Touches::Font);
     refreshOn(shell, &Shell::sortChanged, Touches::Sort);
     refreshOn(shell, &Shell::onTopChanged, Touches::OnTop);
-    refreshOn(shell, &Shell::doorbellOfferChanged, Touches::Offers);
+    refreshOn(shell, &Shell::offersChanged, Touches::Offers);
     refreshOn(m_station.status, &LocalStatus::changed, Touches::OwnStatus);
     refreshOn(m_station.status, &LocalStatus::doNotDisturbChanged, Touches::DND);
     refreshOn(m_station.status, &LocalStatus::quickStatusesLoaded, Touches::QuickNames);

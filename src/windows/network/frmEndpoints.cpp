@@ -171,8 +171,13 @@ void frmEndpoints::createMenus() {
         [this] { m_station.endpoints.Process_KeepAlive_Times(); });
     network->addSeparator();
     add(network, "mnuReset", tr("Re&set Network"), {}, [this] { m_station.network.RestartNetwork(); });
-    add(network, "mnuNetworkSettings", tr("&Network Adapter…"), {},
-        [this] { m_station.windows.show({WindowId::Adapters}); });
+    QAction* const adapter = add(network, "mnuNetworkSettings", tr("&Network Adapter…"), {},
+                                 [this] { m_station.windows.show({WindowId::Adapters}); });
+    if (Admin::restricted(m_station.admin.NetworkSettings)) {
+        adapter->setEnabled(false);
+        adapter->setToolTip(kLockedByAdmin);
+        network->setToolTipsVisible(true);
+    }
 
     QMenu* const tools = menuBar()->addMenu(tr("&Tools"));
     add(tools, "mnuInformation", tr("&Information…"), {},

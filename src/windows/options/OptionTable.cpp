@@ -41,6 +41,9 @@ void fonts(Station& s) {
 void doorbell(Station& s) {
     s.shell.setDoorbellOffered(s.settings.Settings_DBNAV());
 }
+void offers(Station& s) {
+    emit s.shell.offersChanged();
+}
 void announce(Station& s) {
     s.network.AnnounceAnew();
 }
@@ -50,8 +53,8 @@ const OptionRow kRows[] = {
      "Whether your own row stands among the other locations", &S::Settings_SHOWUSER, 0, 0, "", false,
      announce, "own row self"},
     {Page::General, kOwn, "chkStaffTags", Kind::Check, "Use staff tags",
-     "Offers the ten staff tags wherever a status is set", &S::Settings_SST, 0, 0, "", false, nullptr,
-     "badge stethoscope"},
+     "Offers the ten staff tags in the ribbon and wherever a status is set", &S::Settings_SST, 0, 0, "",
+     false, offers, "badge stethoscope"},
     {Page::General, kWindow, "chkOnTop", Kind::Check, "Keep the windows above all others",
      "The main window stays in sight while you work in another program", &S::Settings_ONTOP, 0, 0, "", false,
      onTop, "always on top"},
@@ -139,7 +142,8 @@ const OptionRow kRows[] = {
      "The popup says \"Message Alert\" alone: for screens that patients can see", &S::Settings_MPP, 0, 0, "",
      false, nullptr, "private privacy"},
     {Page::Messages, kArriving, "updPopupFont", Kind::Number, "Size of the letters in the popup",
-     "Takes effect with the next message", &S::Settings_MNPFS, 6, 24, " points", false, nullptr, "font"},
+     "Takes effect with the next message", &S::Settings_MNPFS, 6, Popups::kLargestFont, " points", false,
+     nullptr, "font"},
     {Page::Messages, kWriting, "chkEnterSends", Kind::Check, "Enter sends a message",
      "Otherwise Enter begins a new line, and Ctrl+Enter sends", &S::Settings_MSOE, 0, 0, "", false, nullptr,
      "key return"},

@@ -348,7 +348,7 @@ void frmOptions::applyRestrictions() {
     const auto off = [this](OptionsPage page) {
         const int index = static_cast<int>(page);
         m_tabs->setTabEnabled(index, false);
-        m_tabs->setTabToolTip(index, tr("Locked by the administrator"));
+        m_tabs->setTabToolTip(index, kLockedByAdmin);
     };
     if (Admin::restricted(admin.NetworkSettings)) {
         off(OptionsPage::Network);

@@ -1,5 +1,6 @@
 #include "windows/presence/StaffTagButtons.h"
 
+#include "controls/edit/OncePerDoubleClick.h"
 #include "engine/core/mod_Definitions.h"
 
 #include <QEvent>
@@ -25,6 +26,7 @@ StaffTagButtons::StaffTagButtons(QWidget* parent) : QWidget(parent) {
         button->setToolTip(tip);
         button->setAccessibleName(tip);
         button->setFocusPolicy(Qt::StrongFocus);
+        pressOncePerDoubleClick(*button);
         row->addWidget(button);
         m_buttons.push_back(button);
         connect(button, &QToolButton::clicked, this, [this, index] {

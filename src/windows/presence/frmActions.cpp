@@ -1,7 +1,9 @@
 #include "windows/presence/frmActions.h"
 
+#include "controls/edit/OncePerDoubleClick.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/mod_Definitions.h"
+#include "engine/core/mod_Settings.h"
 #include "engine/presence/mod_Favorites.h"
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_SharedStatus.h"
@@ -34,9 +36,9 @@ QString shown(const QString& name) {
 } // namespace
 
 frmActions::frmActions(LocationActions& actions, Favorites& favorites, const SharedStatus& shared,
-                       Tones& tones, QWidget* parent)
+                       Tones& tones, const Settings& settings, QWidget* parent)
     : QDialog(parent), m_actions(actions), m_favorites(favorites), m_shared(shared), m_tones(tones),
-      m_pages(new QTabWidget(this)) {
+      m_offersTags(settings.Settings_SST()), m_pages(new QTabWidget(this)) {
     setWindowTitle(QStringLiteral("Location Actions"));
     m_pages->setObjectName(QStringLiteral("Views"));
     m_pages->addTab(createStatusPage(), tr("&Set Status"));
@@ -84,14 +86,18 @@ QWidget* frmActions::createStatusPage() {
     m_name = patientField(state);
     m_inUse = button(QStringLiteral("cmdLocInUse"), {}, tr("Seat or remove the patient"), state);
     m_inUse->setCheckable(true);
+    pressOncePerDoubleClick(*m_inUse);
     m_tags = new StaffTagButtons(state);
     auto* const states = new QGridLayout(state);
     states->setSpacing(kGrid);
     states->addWidget(m_roomState, 0, 0);
     states->addWidget(m_name, 0, 1);
     states->addWidget(m_inUse, 0, 2);
-    states->addWidget(new QLabel(tr("Staff tag:"), state), 1, 0);
+    auto* const tags = new QLabel(tr("Staff tag:"), state);
+    states->addWidget(tags, 1, 0);
     states->addWidget(m_tags, 1, 1, 1, 2);
+    tags->setVisible(m_offersTags);
+    m_tags->setVisible(m_offersTags);
     states->setColumnStretch(1, 1);
 
     auto* const layout = new QVBoxLayout(page);

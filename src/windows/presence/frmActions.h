@@ -18,6 +18,7 @@ namespace tessel {
 
 class Favorites;
 class KeyFilterEdit;
+class Settings;
 class SharedStatus;
 class StaffTagButtons;
 class Tones;
@@ -27,7 +28,7 @@ class frmActions : public QDialog, public RequestedWindow {
     Q_OBJECT
 public:
     frmActions(LocationActions& actions, Favorites& favorites, const SharedStatus& shared, Tones& tones,
-               QWidget* parent = nullptr);
+               const Settings& settings, QWidget* parent = nullptr);
 
     void take(const WindowRequest& request) override;
 
@@ -52,6 +53,7 @@ private:
     Favorites& m_favorites;
     const SharedStatus& m_shared;
     Tones& m_tones;
+    const bool m_offersTags; // setting `SST`
     LocationFacts m_facts;
     Images m_images;
 

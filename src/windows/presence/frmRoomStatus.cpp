@@ -54,7 +54,7 @@ frmRoomStatus::frmRoomStatus(RoomStatus& rooms, LocationActions& actions, const 
     CreateStatusbar();
     // In larger letters it needs more room, and its bar must show whole.
     const double scale =
-        std::max({1.0, fontInfo().pointSizeF() / kUsualFont, settings.Fonts_EVFS() / kUsualFont});
+        std::max({1.0, fontInfo().pointSizeF() / kUsualFont, m_board->fontSize() / kUsualFont});
     resize((QSizeF(kFirstSize) * scale).toSize().expandedTo(m_bar->sizeHint() + QSize(kGrid, 0)));
 
     m_search->setObjectName(QStringLiteral("txtSearch"));
@@ -97,6 +97,7 @@ void frmRoomStatus::Create_StatusView() {
     m_board->setNoMatchText(tr("No room matches the filter"));
     m_board->setSortKeys({{static_cast<int>(RoomItem::SORT), false, true}});
     m_board->setPreviewMode(m_rooms.previewMode());
+    m_board->setFontSize(m_settings.Fonts_EVFS());
     m_board->setRecords(&m_rooms.rptStatus);
     showColumns();
 }

@@ -1,6 +1,7 @@
 #include "windows/presence/frmSetStatus.h"
 
 #include "controls/edit/KeyFilterEdit.h"
+#include "controls/edit/OncePerDoubleClick.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/ports/cWindows.h"
 #include "engine/station.h"
@@ -89,6 +90,7 @@ QWidget* frmSetStatus::createQuickButtons() {
         button->setObjectName(QStringLiteral("cmdStatus%1").arg(index));
         button->setCheckable(true);
         button->setAutoDefault(false);
+        pressOncePerDoubleClick(*button);
         grid->addWidget(button, index / kColumns, index % kColumns);
         m_quick.push_back(button);
         connect(button, &QPushButton::clicked, this, [this, index] { pressQuick(index); });

@@ -90,6 +90,9 @@ TEST_F(PopupTest, TextsArePlainCutAndPrivateOnDemand) {
     message(QString(241, u'&'));
     QString ands(240, u'&');
     EXPECT_EQ(popup(PopupId::ctrlPopupMessage)->text, ands.replace(u'&', "and") + "...");
+    me->settings.Settings_MNPFS.set(QStringLiteral("2147483647"));
+    message("a file that was edited by hand");
+    EXPECT_EQ(popup(PopupId::ctrlPopupMessage)->fontSize, Popups::kLargestFont);
     me->settings.Settings_MPP.set(true);
     message("the patient's secret");
     EXPECT_EQ(popup(PopupId::ctrlPopupMessage)->text, "Message Alert");

@@ -92,6 +92,21 @@ TEST_F(CommandTable, OfflineAndSwitchesGreyOut) {
     EXPECT_TRUE(enabled(100, nullptr));
 }
 
+// Many double-click everything: what switches must not be switched back by the same hand.
+TEST_F(CommandTable, OfferedAndLockedAsSetAndSwitchedOncePerDoubleClick) {
+    for (const int id : {30, 39, 201, 203, 205, 300}) {
+        EXPECT_TRUE(findCommand(id)->oncePerDoubleClick) << id;
+    }
+    EXPECT_TRUE(me->commands.offered(*findCommand(33)));
+    me->settings.Settings_SST.set(false);
+    EXPECT_FALSE(me->commands.offered(*findCommand(33))) << "an office without staff tags";
+    const int adapters = static_cast<int>(Command::Adapters);
+    EXPECT_EQ(does(adapters), QStringList({shows(WindowId::Adapters)}));
+    me->admin.NetworkSettings = QStringLiteral("R");
+    EXPECT_EQ(does(adapters), QStringList());
+    EXPECT_EQ(me->commands.tip(adapters), "Locked by the administrator");
+}
+
 TEST_F(CommandTable, RoomSaysWhoIsInIt) {
     EXPECT_EQ(me->commands.caption(205), "Seat Patient");
     EXPECT_FALSE(me->commands.checked(205));
