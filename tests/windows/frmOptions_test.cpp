@@ -231,6 +231,10 @@ TEST_F(Options, QuickStatusesAreSavedTogetherOrNotAtAll) {
     EXPECT_EQ(world[0].keys.held.at(0), RecordingHotKeys::Key(kModShift, 112));
 
     open();
+    control<QLineEdit>("fltQuickName0").setText(QStringLiteral("D"));
+    control<QPushButton>("cmdSaveStatus").setEnabled(true);
+    control<QPushButton>("cmdSaveStatus").click();
+    EXPECT_EQ(status("M0") + '|' + status("N0"), "Busy|Busy") << "a name too short must not lose the status";
     control<QPushButton>("cmdClearStatusKey0").click();
     control<QPushButton>("cmdSaveStatus").click();
     EXPECT_EQ(status("M0") + status("N0") + status("H0"), "0");
@@ -246,6 +250,12 @@ TEST_F(Options, ASearchFindsAnOptionByItsWords) {
     EXPECT_FALSE(control<QCheckBox>("chkMessageTone").isVisibleTo(form));
     box.setText(QStringLiteral("popup  DOORBELL"));
     EXPECT_TRUE(control<QCheckBox>("chkNotify_DoorBell").isVisible());
+    for (const auto& [words, button] : {std::pair{"my favorites", "cmdFavorites"},
+                                        {"data folder", "cmdDataFolder"},
+                                        {"save name", "cmdSaveUserName"}}) {
+        box.setText(QLatin1String(words));
+        EXPECT_TRUE(control<QPushButton>(button).isVisible()) << "what stands on a button: " << words;
+    }
     box.setText(QStringLiteral("no such option"));
     EXPECT_FALSE(tabs().isVisible());
     box.setFocus();

@@ -160,6 +160,21 @@ TEST_F(PresenceWindows, ActionsWindowAsksAndShowsWhatItAsked) {
     EXPECT_EQ(other().own.staffTag, 33);
     press(window, "StaffTag3");
     EXPECT_EQ(other().own.staffTag, 0) << "a second click clears it";
+    for (const char* const name : {"cmdLocInUse", "StaffTag4"}) {
+        QTest::mouseDClick(&part<QAbstractButton>(window, name), Qt::LeftButton);
+    }
+    settle();
+    world.run(1);
+    EXPECT_TRUE(other().own.occupied) << "a double click is one";
+    EXPECT_EQ(other().own.staffTag, 34);
+}
+
+TEST_F(PresenceWindows, WithoutStaffTagsNoneAreOffered) {
+    me().settings.Settings_SST.set(false);
+    emit me().shell.offersChanged();
+    settle();
+    me().actions.LaunchActionsWindow(row(1));
+    EXPECT_FALSE(part<QWidget>(shown(), "StaffTag0").isVisible());
 }
 
 TEST_F(PresenceWindows, FavoriteWithAToneOfItsOwn) {
@@ -192,6 +207,9 @@ TEST_F(PresenceWindows, FavoriteWithAToneOfItsOwn) {
     EXPECT_TRUE(openBox()->text().contains("Location: Room 2"));
     openBox()->button(QMessageBox::No)->click();
     settle();
+    QKeyEvent held(QEvent::KeyPress, Qt::Key_Delete, Qt::NoModifier, {}, true);
+    QApplication::sendEvent(&list, &held);
+    EXPECT_EQ(editor.windowTitle(), "Favorites (1)") << "a held key would empty the list";
     QTest::keyClick(&list, Qt::Key_Delete);
     EXPECT_EQ(editor.windowTitle(), "Favorites (0)");
     EXPECT_EQ(me().views.rptFavorites.count(), 0);

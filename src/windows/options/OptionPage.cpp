@@ -114,8 +114,16 @@ QFormLayout* OptionPage::form(const QString& heading) {
 }
 
 void OptionPage::remember(QFormLayout* form, QWidget* field, const QString& words) {
-    m_rows.push_back(
-        {form, field, (words + u' ' + static_cast<QGroupBox*>(form->parentWidget())->title()).toLower()});
+    QString found = words + u' ' + static_cast<QGroupBox*>(form->parentWidget())->title();
+    // What stands on a button is what a user looks for.
+    QList<QPushButton*> buttons = field->findChildren<QPushButton*>();
+    if (auto* const itself = qobject_cast<QPushButton*>(field); itself != nullptr) {
+        buttons.append(itself);
+    }
+    for (const QPushButton* const button : buttons) {
+        found += u' ' + button->text().remove(u'&') + u' ' + button->toolTip();
+    }
+    m_rows.push_back({form, field, found.toLower()});
 }
 
 void OptionPage::addRow(const QString& heading, const QString& caption, QWidget* field,

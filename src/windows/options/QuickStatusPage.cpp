@@ -118,7 +118,8 @@ QWidget* QuickStatusPage::makeSlots() {
         row.name->setAllowedCharacters(kTypedCharacters);
         row.name->setMaximumLength(LocalStatus::kLongestStatus);
         row.name->setAccessibleName(tr("Name of quick status %1").arg(number));
-        row.name->setToolTip(tr("What stands on the button; without a name the button is not kept"));
+        row.name->setToolTip(
+            tr("What stands on the button, 2 to 25 characters; the text itself when there is none"));
         grid->addWidget(row.name, line, kName);
 
         const auto changed = [this] { setModified(true); };
@@ -258,9 +259,10 @@ bool QuickStatusPage::SaveStatus() {
     std::array<QuickRow, LocalStatus::kQuickCount> rows;
     for (std::size_t slot = 0; slot < rows.size(); ++slot) {
         const Slot& from = m_slots[slot];
-        // A text without a name takes itself for it.
+        // A text without a name takes itself for it, as one whose name is too short to be kept.
         const QString name = from.name->text().trimmed();
-        rows[slot] = {name.isEmpty() ? from.text->text() : name, from.text->text(), pickedShared(from),
+        rows[slot] = {name.size() < LocalStatus::kShortestStatus ? from.text->text() : name,
+                      from.text->text(), pickedShared(from),
                       from.hotKey == nullptr ? 0 : from.hotKey->currentIndex()};
     }
     m_modified = false; // so that what is read back is shown
