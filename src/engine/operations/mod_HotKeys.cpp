@@ -122,6 +122,9 @@ QString QuickHotKeys::notice(int slot) const {
     case State::Off:
         return {};
     case State::Taken:
+        if (code(slot) > static_cast<int>(kCodes.size())) {
+            return tr("There is no such key; choose another one"); // of a file that was edited by hand
+        }
         return m_keys.road() == HotKeyRoad::None ? tr("No screen to take the key from")
                                                  : tr("Taken by another program");
     case State::Held:

@@ -5,6 +5,8 @@
 #include "platform/LocalChannel.h"
 
 #include <QCoreApplication>
+#include <QDir>
+#include <QFileInfo>
 
 #include <cstdio>
 
@@ -44,7 +46,8 @@ int writeReport(const QString& path) {
     if (!report.has_value() || report->isEmpty()) {
         return tellNoStation();
     }
-    if (!replaceFile(path, report->toUtf8())) {
+    // A folder is not made here: its name may be mistyped.
+    if (!QFileInfo(path).absoluteDir().exists() || !replaceFile(path, report->toUtf8())) {
         std::fprintf(stderr, "tslapp: %s could not be written\n", path.toLocal8Bit().constData());
         return kNotWritten;
     }

@@ -189,6 +189,9 @@ void frmOptions::addLocation(OptionPage& to) {
     const bool locked = m_station.admin.AdminFilePresent && Admin::restricted(m_station.admin.UserChange);
     save->setVisible(!locked);
     name->setReadOnly(locked || Admin::restricted(m_station.admin.UserName));
+    if (name->isReadOnly()) {
+        name->setToolTip(kLockedByAdmin);
+    }
 
     std::vector<QColor> colors;
     colors.reserve(kTagColors.size());

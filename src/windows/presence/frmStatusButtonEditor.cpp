@@ -14,7 +14,10 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScreen>
 #include <QScrollArea>
+
+#include <algorithm>
 
 namespace tessel {
 
@@ -127,7 +130,9 @@ QWidget* frmStatusButtonEditor::createRows() {
     scroll->setWidgetResizable(true);
     scroll->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     scroll->setMinimumWidth(inside->sizeHint().width() + scroll->sizeHint().width() / 8);
-    scroll->setMinimumHeight(kRowsInSight * (m_rows.front().text->sizeHint().height() + kGrid / 2));
+    // In large letters on a small screen fewer of them have room above the buttons.
+    scroll->setMinimumHeight(std::min(kRowsInSight * (m_rows.front().text->sizeHint().height() + kGrid / 2),
+                                      screen()->availableSize().height() / 2));
     scroll->setFocusPolicy(Qt::NoFocus);
     return scroll;
 }
@@ -137,6 +142,8 @@ QWidget* frmStatusButtonEditor::createAuthor() {
     auto* const layout = new QVBoxLayout(group);
     m_author->setObjectName(QStringLiteral("lstAuthor"));
     m_author->setAccessibleName(group->title());
+    m_author->setWordWrap(true);
+    m_author->setHorizontalScrollBarPolicy(Qt::ScrollBarAlwaysOff);
     m_author->setMinimumHeight((kAuthorLines + 1) * (fontMetrics().lineSpacing() + kGrid / 2));
     layout->addWidget(m_author);
     return group;
@@ -195,6 +202,7 @@ void frmStatusButtonEditor::LoadStatus() {
         if (entry.Active) {
             const Row& row = m_rows[static_cast<std::size_t>(index)];
             row.text->setText(entry.Label);
+            row.text->setCursorPosition(0); // what is longer than the field shows its beginning
             const int tone = entry.Tone.toInt();
             row.tone->setCurrentIndex(tone < row.tone->count() ? tone : 0);
         }
