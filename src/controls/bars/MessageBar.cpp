@@ -11,6 +11,7 @@
 #include <QPushButton>
 #include <QStyle>
 #include <QToolTip>
+#include <QVBoxLayout>
 
 #include <algorithm>
 
@@ -18,33 +19,36 @@ namespace tessel {
 
 namespace {
 
-constexpr int kPadding = 8;
-constexpr int kIconSize = 16;
-constexpr int kButtonInset = 3; // around the button
-constexpr QRgb kWarm = 0xFFF2A33A;
 // What room there is goes to the title first, then to who and when; the text gives way.
 constexpr std::array kShares{1000000, 1, 100, 10000};
 
 } // namespace
 
 MessageBar::MessageBar(Accent accent, QWidget* parent)
-    : AlertWidget(parent), m_accent(accent), m_icon(new QLabel(this)), m_button(new QPushButton(this)) {
+    : AlertWidget(parent), m_accent(accent), m_icon(new QLabel(this)), m_button(new QPushButton(this)),
+      m_first(nullptr), m_lines(nullptr) {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     setMinimumWidth(1); // a long text must not widen the window
     auto* const layout = new QHBoxLayout(this);
-    layout->setContentsMargins(kPadding, kButtonInset, kButtonInset, kButtonInset);
-    layout->setSpacing(kPadding);
+    layout->setContentsMargins(look::kSpace, look::kTight, look::kTight, look::kTight);
+    layout->setSpacing(look::kSpace);
     layout->addWidget(m_icon);
+    m_lines = new QVBoxLayout;
+    m_lines->setSpacing(0);
+    m_first = new QHBoxLayout;
+    m_first->setSpacing(look::kSpace);
+    m_lines->addLayout(m_first);
+    layout->addLayout(m_lines, 1);
     for (ElidedLabel*& part : m_parts) {
         const auto index = static_cast<std::size_t>(&part - m_parts.data());
         part = new ElidedLabel(this);
         part->setAttribute(Qt::WA_TransparentForMouseEvents); // the bar has the tip
-        layout->addWidget(part, kShares[index]);
+        m_first->addWidget(part, kShares[index]);
     }
     QFont bold;
     bold.setBold(true);
     m_parts[kTitle]->setFont(bold);
-    layout->addStretch();
+    m_first->addStretch();
     layout->addWidget(m_button);
     m_button->setAutoDefault(false); // Enter in a box beside it is not meant for the bar
     m_button->hide();
@@ -72,7 +76,8 @@ void MessageBar::setContent(const BarContent& content) {
 }
 
 void MessageBar::showContent() {
-    m_icon->setPixmap(m_content.icon.pixmap(QSize(kIconSize, kIconSize), devicePixelRatioF()));
+    const int side = style()->pixelMetric(QStyle::PM_SmallIconSize, nullptr, this);
+    m_icon->setPixmap(m_content.icon.pixmap(QSize(side, side), devicePixelRatioF()));
     m_icon->setVisible(!m_content.icon.isNull());
     const QString name = m_content.name.isEmpty() ? QString() : u'(' + m_content.name + u')';
     const std::array<QString, kParts> texts{m_content.title, m_content.text, m_content.time, name};
@@ -85,22 +90,53 @@ void MessageBar::showContent() {
         m_parts[i]->setVisible(!texts[i].isEmpty());
         m_parts[i]->setPalette(inks);
     }
-    fitTime();
+    fit();
 }
 
-// In little room the time goes first: it is in the tip, and who rang is not to be cut for it.
-void MessageBar::fitTime() {
-    int whole = m_button->isVisibleTo(this) ? m_button->sizeHint().width() + kPadding : 0;
-    for (const ElidedLabel* const part : m_parts) {
-        whole += part->text().isEmpty() ? 0 : part->wholeWidth() + kPadding;
+// In little room the text gets a line of its own, and the time goes: it is in the tip, and what is wanted and
+// by whom is not to be cut for it.
+void MessageBar::fit() {
+    m_parts[kText]->setLine(m_content.text);
+    const int around = 2 * look::kSpace +
+                       (m_icon->isHidden() ? 0 : m_icon->sizeHint().width() + look::kSpace) +
+                       (m_button->isHidden() ? 0 : m_button->sizeHint().width() + look::kSpace);
+    const auto wanted = [this](std::initializer_list<Part> parts) {
+        int width = 0;
+        for (const Part part : parts) {
+            const ElidedLabel& label = *m_parts[part];
+            width += label.text().isEmpty() ? 0 : label.wholeWidth() + look::kSpace;
+        }
+        return width;
+    };
+    const int room = width() - around;
+    QFont usual = font();
+    usual.setPointSize(look::kMeantFor);
+    const bool narrow =
+        width() * QFontMetrics(usual).height() < look::kNarrow * std::max(fontMetrics().height(), 1);
+    const bool twoLines = narrow && !m_content.text.isEmpty() && wanted({kTitle, kText, kName}) > room;
+    // Where not even that has the room, what is wanted stands alone.
+    const bool alone = twoLines && wanted({kTitle, kName}) > room;
+    ElidedLabel* const text = m_parts[kText];
+    const QString name = m_parts[kName]->text();
+    text->setLine(alone && !name.isEmpty() ? name + u' ' + m_content.text : m_content.text);
+    m_parts[kName]->setVisible(!name.isEmpty() && !alone);
+    if (twoLines != (m_lines->count() > 1)) {
+        m_first->removeWidget(text);
+        m_lines->removeWidget(text);
+        if (twoLines) {
+            m_lines->addWidget(text);
+        } else {
+            m_first->insertWidget(kText, text, kShares[kText]);
+        }
     }
-    const bool fits = width() >= look::kNarrow || whole + kIconSize + 2 * kPadding <= width();
-    m_parts[kTime]->setVisible(!m_content.time.isEmpty() && fits);
+    text->setMaximumWidth(twoLines ? QWIDGETSIZE_MAX : text->wholeWidth());
+    const int beside = twoLines ? wanted({kTitle, kTime, kName}) : wanted({kTitle, kText, kTime, kName});
+    m_parts[kTime]->setVisible(!m_content.time.isEmpty() && (!narrow || beside <= room));
 }
 
 void MessageBar::resizeEvent(QResizeEvent* event) {
     AlertWidget::resizeEvent(event);
-    fitTime();
+    fit();
 }
 
 QString MessageBar::whole() const {
@@ -118,18 +154,19 @@ QString MessageBar::whole() const {
 
 QColor MessageBar::back() const {
     const QColor window = palette().color(QPalette::Window);
-    const bool dark = window.lightness() < 128;
-    return m_accent == Accent::Alert
-               ? blend(window, QColor(kWarm), dark ? 0.32 : 0.36)
-               : blend(window, palette().color(QPalette::Highlight), dark ? 0.28 : 0.16);
+    return m_accent == Accent::Alert ? blend(window, QColor(look::kAlarm), look::kAlarmTint)
+                                     : blend(window, palette().color(QPalette::Highlight),
+                                             isDark(window) ? look::kSelectedFocused : look::kSelected);
 }
 
 void MessageBar::paintEvent(QPaintEvent*) {
     QPainter painter(this);
-    const QColor strong = m_accent == Accent::Alert ? QColor(kWarm) : palette().color(QPalette::Highlight);
+    const QColor strong =
+        m_accent == Accent::Alert ? QColor(look::kAlarm) : palette().color(QPalette::Highlight);
     painter.fillRect(rect(), back());
-    painter.fillRect(QRect(0, height() - 1, width(), 1), blend(back(), strong, 0.6));
-    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, 3, height())), strong);
+    painter.fillRect(QRect(0, height() - 1, width(), 1), blend(back(), strong, look::kUnfocused));
+    painter.fillRect(QStyle::visualRect(layoutDirection(), rect(), QRect(0, 0, look::kMark, height())),
+                     strong);
 }
 
 bool MessageBar::event(QEvent* event) {

@@ -8,8 +8,10 @@
 
 #include <array>
 
+class QHBoxLayout;
 class QLabel;
 class QPushButton;
+class QVBoxLayout;
 
 namespace tessel {
 
@@ -54,7 +56,7 @@ private:
     QString whole() const;
     QColor back() const;
     void showContent();
-    void fitTime();
+    void fit();
     void tell();
 
     enum Part { kTitle, kText, kTime, kName, kParts };
@@ -64,6 +66,8 @@ private:
     QLabel* m_icon;
     std::array<ElidedLabel*, kParts> m_parts{};
     QPushButton* m_button;
+    QHBoxLayout* m_first; // line
+    QVBoxLayout* m_lines;
     bool m_told = false;
 };
 

@@ -29,8 +29,7 @@ enum class GroupForm { Full, Small, Icons, Hidden };
 
 constexpr int kLargeIcon = 32;
 constexpr int kRows = 3; // small buttons over each other
-constexpr int kPad = 4;
-constexpr double kCaptionSize = 0.85;
+constexpr int kPad = look::kTight;
 
 // Broken at the blank nearest to the middle.
 QString inTwoLines(QString caption) {
@@ -130,7 +129,7 @@ public:
             return;
         }
         QFont small = font();
-        small.setPointSizeF(std::max(7.0, small.pointSizeF() * kCaptionSize));
+        small.setPointSizeF(std::max(look::kLeastPoints, small.pointSizeF() * look::kSmaller));
         m_label->setFont(small);
         m_grid->addWidget(m_label, kRows, 0, 1, column + 1);
         // The first letters of a caption tell nobody anything.
@@ -189,7 +188,6 @@ Ribbon::Ribbon(CommandSet& commands, const RibbonPlan& plan, QWidget* parent)
             &QToolButton::click);
     m_fold->setVisible(!m_groups.empty());
     layOut();
-    setTabOrder(m_tabs, this);
     setMinimised(false);
 }
 

@@ -1,5 +1,7 @@
 #include "controls/edit/ColorTagPicker.h"
 
+#include "controls/look/Tokens.h"
+
 #include <QAbstractButton>
 #include <QButtonGroup>
 #include <QGridLayout>
@@ -34,8 +36,8 @@ protected:
         QPainter painter(this);
         painter.setRenderHint(QPainter::Antialiasing);
         const QRectF outer = QRectF(rect()).adjusted(1.5, 1.5, -1.5, -1.5);
-        painter.setPen(QPen(palette().color(hasFocus() || isChecked() ? QPalette::Highlight : QPalette::Mid),
-                            hasFocus() || isChecked() ? 2 : 1));
+        painter.setPen(hasFocus() ? QPen(palette().color(QPalette::Highlight), look::kFocus)
+                                  : QPen(palette().color(QPalette::WindowText)));
         painter.setBrush(Qt::NoBrush);
         if (hasFocus() || isChecked()) {
             painter.drawRoundedRect(outer, kRounding, kRounding);
@@ -75,12 +77,17 @@ ColorTagPicker::ColorTagPicker(const std::vector<QColor>& colors, const QString&
     }
     grid->addWidget(none, grid->rowCount(), 0, 1, kColumns);
     grid->setColumnStretch(kColumns, 1);
-    none->setChecked(true);
-    connect(m_buttons, &QButtonGroup::idToggled, this, [this](int, bool on) {
+    // Tab finds the one that is chosen.
+    for (QAbstractButton* const button : m_buttons->buttons()) {
+        button->setFocusPolicy(Qt::ClickFocus);
+    }
+    connect(m_buttons, &QButtonGroup::idToggled, this, [this](int id, bool on) {
+        m_buttons->button(id)->setFocusPolicy(on ? Qt::StrongFocus : Qt::ClickFocus);
         if (on) {
             emit chosenChanged();
         }
     });
+    none->setChecked(true);
     for (QAbstractButton* const button : m_buttons->buttons()) {
         button->installEventFilter(this);
     }

@@ -1,6 +1,7 @@
 #include "controls/edit/PromptEdit.h"
 
 #include "controls/list/ReportColors.h"
+#include "controls/look/Tokens.h"
 
 #include <QAction>
 #include <QKeyEvent>
@@ -46,11 +47,9 @@ void PromptEdit::setPrompt(const QString& prompt) {
 
 void PromptEdit::setBackColor(const QColor& color) {
     // All other colours stay inherited, so that a change of the desktop's colours comes through.
-    constexpr int kMiddle = 128;
-    constexpr double kShade = 0.25;
     const QPalette around = parentWidget() != nullptr ? parentWidget()->palette() : palette();
     const QColor base = around.color(QPalette::Base);
-    const QColor back = base.lightness() < kMiddle ? blend(base, color, kShade) : color;
+    const QColor back = isDark(base) ? blend(base, color, look::kSearchTint) : color;
     QPalette shown;
     shown.setResolveMask(0);
     shown.setColor(QPalette::Base, back);
@@ -69,6 +68,16 @@ void PromptEdit::focusOutEvent(QFocusEvent* event) {
     QLineEdit::focusOutEvent(event);
     setPlaceholderText(m_prompt);
     emit entered(false);
+}
+
+// Where Escape closes the window, the first one ends the search.
+bool PromptEdit::event(QEvent* event) {
+    if (event->type() == QEvent::ShortcutOverride &&
+        static_cast<const QKeyEvent&>(*event).key() == Qt::Key_Escape && !text().isEmpty()) {
+        event->accept();
+        return true;
+    }
+    return QLineEdit::event(event);
 }
 
 void PromptEdit::keyPressEvent(QKeyEvent* event) {

@@ -3,6 +3,7 @@
 #include "controls/list/ReportColors.h"
 #include "controls/list/ReportOrder.h"
 #include "controls/list/ReportText.h"
+#include "controls/look/Tokens.h"
 
 #include <QFontMetrics>
 #include <QPainter>
@@ -16,16 +17,14 @@ namespace {
 
 using Face = PaintKit::Face;
 
-constexpr int kGapX = 6; // between the card and the list's edges
-constexpr int kGapY = 3; // half of what lies between two cards
-constexpr int kPadding = 8;
-constexpr int kTextIndent = 8;
-constexpr int kTextAbove = 3;
-constexpr int kTextBelow = 7;
-constexpr int kRule = 2;
-constexpr int kIconGap = 7;
-constexpr int kMostLines = 6;
-constexpr int kCorner = 3;
+constexpr int kGapX = look::kSpace; // between the card and the list's edges
+constexpr int kGapY = look::kTight; // half of what lies between two cards
+constexpr int kPadding = look::kSpace;
+constexpr int kTextIndent = look::kSpace;
+constexpr int kTextAbove = look::kTight;
+constexpr int kTextBelow = look::kSpace;
+constexpr int kRule = look::kCardRule;
+constexpr int kIconGap = look::kSpace;
 
 QColor colorOf(Argb argb, const QColor& otherwise) {
     return argb == kNoColor ? otherwise : QColor::fromRgb(argb);
@@ -62,13 +61,15 @@ int CardPainter::around(bool text) const {
 
 int CardPainter::height(const ReportRecord& record, int width) {
     const QString& text = textOf(record);
-    const int lines = text.isEmpty() ? 0 : m_kit.wrapped(text, textWidth(width), kMostLines).lineCount();
+    const int lines =
+        text.isEmpty() ? 0 : m_kit.wrapped(text, textWidth(width), look::kCardLines).lineCount();
     return around(lines > 0) + lines * m_kit.lineHeight(Face::Plain);
 }
 
 int CardPainter::likelyHeight(const ReportRecord& record, int width) const {
     const qsizetype perLine = std::max(1, 2 * textWidth(width) / std::max(1, m_kit.lineHeight(Face::Plain)));
-    const qsizetype lines = std::min<qsizetype>((textOf(record).size() + perLine - 1) / perLine, kMostLines);
+    const qsizetype lines =
+        std::min<qsizetype>((textOf(record).size() + perLine - 1) / perLine, look::kCardLines);
     return around(lines > 0) + static_cast<int>(lines) * m_kit.lineHeight(Face::Plain);
 }
 
@@ -95,7 +96,7 @@ void CardPainter::paint(QPainter& painter, const ReportRecord& record, const QRe
                         const RowState& state) {
     const QRect card = cardIn(room);
     const QColor back = m_kit.rowBack(m_kit.palette().color(QPalette::Base), state);
-    PaintKit::paintBox(painter, card, kCorner, borderOf(record, back), back);
+    PaintKit::paintBox(painter, card, look::kRounding, borderOf(record, back), back);
     m_kit.paintSelectionBar(painter, seen(card.adjusted(1, 2, 0, -2), card), state);
 
     paintHeading(painter, record, card, back);
@@ -106,7 +107,7 @@ void CardPainter::paint(QPainter& painter, const ReportRecord& record, const QRe
         const int width = textWidth(room.width());
         const QRect part(card.left() + kPadding + kTextIndent, card.top() + headHeight() + kTextAbove, width,
                          textRoom);
-        m_kit.wrapped(text, width, kMostLines)
+        m_kit.wrapped(text, width, look::kCardLines)
             .paint(painter, seen(part, card).topLeft(), textRoom / m_kit.lineHeight(Face::Plain));
     }
     paintFoot(painter, record, card, back);
@@ -139,11 +140,12 @@ void CardPainter::paintFoot(QPainter& painter, const ReportRecord& record, const
     const QColor accent = m_kit.palette().color(QPalette::Highlight);
     const int top = card.bottom() + 1 - footHeight();
     const QRect rule(card.left() + kPadding, top, card.width() - 2 * kPadding, 1);
-    painter.fillRect(rule, blend(back, accent, 0.4));
-    painter.fillRect(rule.translated(0, 1), blend(back, Qt::white, back.lightness() > 128 ? 0.9 : 0.06));
+    painter.fillRect(rule, blend(back, accent, look::kCardRuleInk));
+    painter.fillRect(rule.translated(0, 1),
+                     blend(back, Qt::white, isDark(back) ? look::kCardRuleLightDark : look::kCardRuleLight));
 
     const ReportItem& stamp = itemOf(record, m_items.stamp);
-    painter.setPen(m_kit.ink(colorOf(stamp.foreColor, blend(back, plain, 0.7)), back));
+    painter.setPen(m_kit.ink(colorOf(stamp.foreColor, blend(back, plain, look::kQuiet)), back));
     const QRect room(rule.left() + kTextIndent, top + kRule + kTextAbove, rule.width() - kTextIndent,
                      m_kit.lineHeight(Face::Small));
     m_kit.paintLine(painter, stamp.text, seen(room, card), m_rightToLeft ? Qt::AlignRight : Qt::AlignLeft,
@@ -161,7 +163,8 @@ QString CardPainter::hiddenText(const ReportRecord& record, const QRect& room, Q
                                                                                             : QString();
     }
     const QString& text = textOf(record);
-    const bool cut = !text.isEmpty() && m_kit.wrapped(text, textWidth(room.width()), kMostLines).isCut();
+    const bool cut =
+        !text.isEmpty() && m_kit.wrapped(text, textWidth(room.width()), look::kCardLines).isCut();
     return cut && pos.y() < card.bottom() - footHeight() ? text : QString();
 }
 

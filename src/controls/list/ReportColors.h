@@ -14,6 +14,11 @@ double contrastRatio(const QColor& a, const QColor& b);
 // `over` laid on `under`; `share` from 0 (none of it) to 1.
 QColor blend(const QColor& under, const QColor& over, double share);
 
+// Whether what stands on it is meant to be light.
+inline bool isDark(const QColor& back) {
+    return back.lightness() < 128;
+}
+
 // Black or white, whichever is easier to read on `back`.
 QColor textOn(const QColor& back);
 

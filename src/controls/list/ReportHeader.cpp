@@ -103,6 +103,9 @@ std::vector<int> ReportHeader::wanted(int room, bool stacked) const {
             int& width = widths[static_cast<std::size_t>(section)];
             // A slot holds no text: it grows as it is.
             width = column.form == CellForm::State ? qRound(column.width * m_scale) : scaled(column.width);
+            if (stacked && column.form == CellForm::Badge) {
+                width = std::min(width, column.width); // the name needs the room
+            }
             room -= width;
         }
     }
@@ -212,7 +215,7 @@ void ReportHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
     QRect room = rect.adjusted(kMargin, 0, -kMargin, -1);
     if (isSortIndicatorShown() && sortIndicatorSection() == section && room.width() > 2 * kArrowWidth) {
         painter->setRenderHint(QPainter::Antialiasing);
-        painter->setPen(QPen(ink, 1.4));
+        painter->setPen(QPen(ink, look::kStroke));
         const int x = isRightToLeft() ? room.left() + kArrowWidth / 2 : room.right() - kArrowWidth / 2;
         drawArrow(*painter, QPointF(x, room.center().y() + 0.5), sortIndicatorOrder() == Qt::AscendingOrder);
         room.adjust(isRightToLeft() ? kArrowWidth + 4 : 0, 0, isRightToLeft() ? 0 : -kArrowWidth - 4, 0);
@@ -221,6 +224,10 @@ void ReportHeader::paintSection(QPainter* painter, const QRect& rect, int sectio
         model()->headerData(section, orientation(), Qt::TextAlignmentRole).value<Qt::Alignment>();
     const auto alignment = QStyle::visualAlignment(layoutDirection(), given | Qt::AlignVCenter);
     const QString caption = model()->headerData(section, orientation(), Qt::DisplayRole).toString();
+    if (shown(section).form == CellForm::Badge && fontMetrics().horizontalAdvance(caption) > room.width()) {
+        painter->restore();
+        return; // a letter of it says nothing
+    }
     painter->setPen(ink);
     painter->drawText(room, static_cast<int>(alignment | Qt::AlignAbsolute) | Qt::TextSingleLine,
                       fontMetrics().elidedText(caption, Qt::ElideRight, room.width()));
@@ -232,8 +239,8 @@ void ReportHeader::paintStateMark(QPainter& painter, const QRect& section, const
     const double side = fontMetrics().height() * 0.32;
     const QPointF at = QRectF(section).center() + QPointF(section.width() * 0.15, 0);
     painter.setRenderHint(QPainter::Antialiasing);
-    painter.setPen(QPen(m_stateFiltered ? palette().color(QPalette::Highlight) : ink, 1.4, Qt::SolidLine,
-                        Qt::RoundCap, Qt::RoundJoin));
+    painter.setPen(QPen(m_stateFiltered ? palette().color(QPalette::Highlight) : ink, look::kStroke,
+                        Qt::SolidLine, Qt::RoundCap, Qt::RoundJoin));
     painter.setBrush(m_stateFiltered ? QBrush(palette().color(QPalette::Highlight)) : QBrush(Qt::NoBrush));
     painter.drawPolygon(QPolygonF{at + QPointF(-side, -side), at + QPointF(side, -side),
                                   at + QPointF(side * 0.25, 0), at + QPointF(side * 0.25, side),

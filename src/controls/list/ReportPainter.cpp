@@ -17,8 +17,6 @@ namespace {
 
 using Face = PaintKit::Face;
 
-constexpr double kRounding = 3;
-
 QColor colorOf(Argb argb) {
     return QColor::fromRgba(argb);
 }
@@ -82,7 +80,8 @@ void ReportPainter::paint(QPainter& painter, const Row& row) {
             paintAged(painter, span, row, back);
             break;
         default:
-            paintCell(painter, span, lineOf(span, row), itemOf(*row.record, span.column->item), back);
+            paintCell(painter, reaching(span, *row.record), lineOf(span, row),
+                      itemOf(*row.record, span.column->item), back);
             break;
         }
     }
@@ -104,7 +103,8 @@ QString ReportPainter::hiddenText(const Row& row, const QPoint& pos) const {
     if (row.lines.preview && pos.y() >= previewRoom(row).top()) {
         return hidden(row.record->preview, m_kit.font(Face::Small), previewRoom(row).width());
     }
-    for (const Span& span : m_spans) {
+    for (const Span& own : m_spans) {
+        const Span span = reaching(own, *row.record);
         const QRect line = lineOf(span, row);
         const QRect cell(span.left, line.top(), span.width, line.height());
         if (!cell.contains(pos) || (span.below && !row.lines.status)) {
@@ -142,6 +142,21 @@ ReportPainter::CellRooms ReportPainter::rooms(const Span& span, const QRect& lin
         rooms.text.adjust(right ? 0 : taken, 0, right ? -taken : 0, 0);
     }
     return rooms;
+}
+
+ReportPainter::Span ReportPainter::reaching(const Span& span, const ReportRecord& record) const {
+    Span wide = span;
+    if (span.column->form == CellForm::Name) {
+        for (const Span& badge : m_spans) {
+            const bool after = badge.left == span.left + span.width;
+            if (badge.column->form == CellForm::Badge && itemOf(record, badge.column->item).icon < 0 &&
+                (after || badge.left + badge.width == span.left)) {
+                wide.width += badge.width;
+                wide.left = std::min(wide.left, badge.left);
+            }
+        }
+    }
+    return wide;
 }
 
 QRect ReportPainter::lineOf(const Span& span, const Row& row) const {
@@ -239,7 +254,7 @@ void ReportPainter::paintCell(QPainter& painter, const Span& span, const QRect& 
         const QColor own = colorOf(item.backColor);
         under = blend(back, own, own.alphaF());
         text = textOn(under);
-        PaintKit::paintBox(painter, room.block, kRounding,
+        PaintKit::paintBox(painter, room.block, look::kRounding,
                            blend(under, m_kit.palette().color(QPalette::Text), look::kSelectedFocused),
                            under);
     }

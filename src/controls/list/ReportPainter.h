@@ -53,6 +53,8 @@ private:
     };
 
     CellRooms rooms(const Span& span, const QRect& line, const ReportItem& item) const;
+    // As wide as it is, and over the place of a badge that this row has not.
+    Span reaching(const Span& span, const ReportRecord& record) const;
     QRect lineOf(const Span& span, const Row& row) const;
     QRect firstLine(const QRect& row) const;
     QRect previewRoom(const Row& row) const;

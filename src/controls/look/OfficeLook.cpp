@@ -17,11 +17,6 @@ namespace tessel {
 
 namespace {
 
-constexpr int kMiddleLightness = 128;
-constexpr int kArrowRoom = 12;     // of the arrow behind the caption of a button that opens a menu
-constexpr int kMark = 2;           // the bar that marks a checked command or the current tab
-constexpr double kMenuTint = 0.22; // of the accent colour on the row that is chosen
-
 struct Shades {
     QRgb window, base, alternate, text, dimmed, button, border, accent, accentText, link, tip;
 };
@@ -106,7 +101,7 @@ public:
         QStyleOptionMenuItem tinted = *item;
         QPalette& palette = tinted.palette;
         palette.setColor(QPalette::Highlight, blend(palette.color(QPalette::Window),
-                                                    palette.color(QPalette::Highlight), kMenuTint));
+                                                    palette.color(QPalette::Highlight), look::kMenuTint));
         palette.setColor(QPalette::HighlightedText, palette.color(QPalette::Text));
         QProxyStyle::drawControl(element, &tinted, painter, widget);
     }
@@ -117,7 +112,12 @@ public:
         QSize size = QProxyStyle::sizeFromContents(type, option, contents, widget);
         const auto* const button = qstyleoption_cast<const QStyleOptionToolButton*>(option);
         if (type == CT_ToolButton && button != nullptr && opensMenu(*button)) {
-            size.rwidth() += kArrowRoom;
+            size.rwidth() += look::kMenuArrow;
+        }
+        if (type == CT_PushButton) {
+            // Around large letters, more than around small ones.
+            const auto more = [](int units) { return qRound(units * (letterScale() - 1)); };
+            size += QSize(more(look::kWide), more(look::kTight));
         }
         const auto* const tab = qstyleoption_cast<const QStyleOptionTab*>(option);
         if (type == CT_TabBarTab && tab != nullptr && widget != nullptr) {
@@ -129,6 +129,15 @@ public:
 
     int pixelMetric(PixelMetric metric, const QStyleOption* option, const QWidget* widget) const override {
         switch (metric) {
+        case PM_SmallIconSize:
+        case PM_ButtonIconSize:
+        case PM_IndicatorWidth:
+        case PM_IndicatorHeight:
+        case PM_ExclusiveIndicatorWidth:
+        case PM_ExclusiveIndicatorHeight:
+            return qRound(QProxyStyle::pixelMetric(metric, option, widget) * letterScale());
+        case PM_ListViewIconSize:
+            return pixelMetric(PM_SmallIconSize, option, widget);
         case PM_TabBarTabOverlap:
         case PM_TabBarTabShiftVertical:
         case PM_TabBarTabShiftHorizontal:
@@ -168,6 +177,20 @@ public:
             QStyleOptionComboBox box = *combo;
             box.palette = framed(combo->palette);
             QProxyStyle::drawComplexControl(control, &box, painter, widget);
+            drawFocus(*option, *painter, 0);
+            return;
+        }
+        if (const auto* const group = qstyleoption_cast<const QStyleOptionGroupBox*>(option);
+            control == CC_GroupBox && group != nullptr) {
+            // The heading of what follows.
+            painter->save();
+            QFont heading = painter->font();
+            heading.setWeight(QFont::DemiBold);
+            painter->setFont(heading);
+            QStyleOptionGroupBox box = *group;
+            box.fontMetrics = QFontMetrics(heading);
+            QProxyStyle::drawComplexControl(control, &box, painter, widget);
+            painter->restore();
             return;
         }
         if (const auto* const spin = qstyleoption_cast<const QStyleOptionSpinBox*>(option);
@@ -175,6 +198,7 @@ public:
             QStyleOptionSpinBox box = *spin;
             box.palette = framed(spin->palette);
             QProxyStyle::drawComplexControl(control, &box, painter, widget);
+            drawFocus(*option, *painter, 0);
             return;
         }
         if (control != CC_ToolButton || button == nullptr || !opensMenu(*button)) {
@@ -185,9 +209,9 @@ public:
         QStyleOptionToolButton rest = *button;
         rest.features &= ~QStyleOptionToolButton::HasMenu;
         rest.state &= ~(State_Raised | State_Sunken | State_On | State_MouseOver);
-        const QRect arrow(rest.rect.right() - kArrowRoom, rest.rect.top(), kArrowRoom - 4,
-                          rest.rect.height());
-        rest.rect.setRight(rest.rect.right() - kArrowRoom + 4);
+        const QRect arrow(rest.rect.right() - look::kMenuArrow, rest.rect.top(),
+                          look::kMenuArrow - look::kTight, rest.rect.height());
+        rest.rect.setRight(rest.rect.right() - look::kMenuArrow + look::kTight);
         rest.rect = visualRect(option->direction, option->rect, rest.rect);
         QProxyStyle::drawComplexControl(control, &rest, painter, widget);
         rest.rect = visualRect(option->direction, option->rect, arrow);
@@ -197,7 +221,18 @@ public:
     // The style's own is drawn for a light window alone.
     QIcon standardIcon(StandardPixmap icon, const QStyleOption* option,
                        const QWidget* widget) const override {
-        if (icon != SP_ToolBarHorizontalExtensionButton) {
+        switch (icon) {
+        case SP_MessageBoxInformation:
+            return sign(u'i', QApplication::palette().color(QPalette::Highlight), Qt::white);
+        case SP_MessageBoxQuestion:
+            return sign(u'?', QApplication::palette().color(QPalette::Highlight), Qt::white);
+        case SP_MessageBoxWarning:
+            return sign(u'!', QColor(look::kAlarm), Qt::black);
+        case SP_MessageBoxCritical:
+            return sign(u'!', QColor(look::kDanger), Qt::white);
+        case SP_ToolBarHorizontalExtensionButton:
+            break;
+        default:
             return QProxyStyle::standardIcon(icon, option, widget);
         }
         constexpr int kSide = 16;
@@ -205,7 +240,7 @@ public:
         picture.fill(Qt::transparent);
         QPainter painter(&picture);
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(QApplication::palette().color(QPalette::ButtonText), 1.5));
+        painter.setPen(QPen(QApplication::palette().color(QPalette::ButtonText), look::kStroke));
         for (const double left : {4.0, 9.0}) {
             painter.drawPolyline(QPolygonF({QPointF(left, 4), QPointF(left + 4, 8), QPointF(left, 12)}));
         }
@@ -225,7 +260,7 @@ public:
         const bool bar = qobject_cast<const QToolButton*>(widget) != nullptr ||
                          qobject_cast<const QTabBar*>(widget) != nullptr;
         if (element == PE_FrameFocusRect && bar) {
-            painter->setPen(QPen(option->palette.color(QPalette::Highlight), 2));
+            painter->setPen(QPen(option->palette.color(QPalette::Highlight), look::kFocus));
             painter->setBrush(Qt::NoBrush);
             painter->drawRect(option->rect.adjusted(-1, -1, 1, 1));
             return;
@@ -233,6 +268,13 @@ public:
         if (element == PE_IndicatorCheckBox || element == PE_IndicatorRadioButton ||
             element == PE_FrameLineEdit || element == PE_PanelButtonCommand) {
             drawFramed(element, *option, painter, widget);
+            if (element == PE_FrameLineEdit) {
+                drawFocus(*option, *painter, 0);
+            } else if (element == PE_PanelButtonCommand &&
+                       option->state.testFlag(State_KeyboardFocusChange)) {
+                // Inside its frame, which also shows what Enter presses.
+                drawFocus(*option, *painter, look::kFocus);
+            }
             return;
         }
         QProxyStyle::drawPrimitive(element, option, painter, widget);
@@ -252,6 +294,43 @@ public:
     }
 
 private:
+    // How much larger than usual the letters of the desktop are; 1 at least.
+    static double letterScale() { return std::max(1.0, QApplication::font().pointSizeF() / look::kMeantFor); }
+
+    // What a question or a warning begins with.
+    static QIcon sign(QChar letter, const QColor& color, const QColor& ink) {
+        constexpr int kSide = 64; // more than it is ever shown in
+        QPixmap picture(kSide, kSide);
+        picture.fill(Qt::transparent);
+        QPainter painter(&picture);
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(Qt::NoPen);
+        painter.setBrush(color);
+        painter.drawEllipse(picture.rect());
+        QFont font = QApplication::font();
+        font.setBold(true);
+        font.setPixelSize(kSide * 3 / 4);
+        painter.setFont(font);
+        painter.setPen(ink);
+        painter.drawText(picture.rect(), Qt::AlignCenter, QString(letter));
+        return QIcon(picture);
+    }
+
+    // What has the keyboard, in a frame that nobody overlooks.
+    static void drawFocus(const QStyleOption& option, QPainter& painter, int inset) {
+        if (!option.state.testFlag(State_HasFocus) || !option.state.testFlag(State_Enabled)) {
+            return;
+        }
+        const double edge = inset + look::kFocus / 2.0;
+        painter.save();
+        painter.setRenderHint(QPainter::Antialiasing);
+        painter.setPen(QPen(option.palette.color(QPalette::Highlight), look::kFocus));
+        painter.setBrush(Qt::NoBrush);
+        painter.drawRoundedRect(QRectF(option.rect).adjusted(edge, edge, -edge, -edge), look::kRounding,
+                                look::kRounding);
+        painter.restore();
+    }
+
     static bool opensMenu(const QStyleOptionToolButton& button) {
         return button.features.testFlag(QStyleOptionToolButton::HasMenu) &&
                !button.features.testFlag(QStyleOptionToolButton::MenuButtonPopup);
@@ -271,14 +350,20 @@ private:
         const QColor under = palette.color(QPalette::Button);
         painter.save();
         painter.setRenderHint(QPainter::Antialiasing);
-        painter.setPen(QPen(enabled ? blend(under, accent, down ? 1.0 : 0.6) : palette.color(QPalette::Mid),
-                            down ? 2 : 1));
-        painter.setBrush(blend(under, accent, down ? 0.34 : checked ? 0.2 : 0.1));
-        painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), 3, 3);
+        painter.setPen(
+            QPen(enabled ? blend(under, accent, down ? 1.0 : look::kUnfocused) : palette.color(QPalette::Mid),
+                 down ? look::kFocus : 1));
+        painter.setBrush(blend(under, accent,
+                               down      ? look::kPressed
+                               : checked ? look::kChecked
+                                         : look::kHovered));
+        painter.drawRoundedRect(QRectF(option.rect).adjusted(0.5, 0.5, -0.5, -0.5), look::kRounding,
+                                look::kRounding);
         if (checked) {
-            painter.fillRect(
-                QRect(option.rect.left() + 3, option.rect.bottom() - kMark, option.rect.width() - 6, kMark),
-                enabled ? accent : palette.color(QPalette::PlaceholderText));
+            painter.fillRect(QRect(option.rect.left() + look::kRounding,
+                                   option.rect.bottom() - look::kCheckBar,
+                                   option.rect.width() - 2 * look::kRounding, look::kCheckBar),
+                             enabled ? accent : palette.color(QPalette::PlaceholderText));
         }
         painter.restore();
     }
@@ -293,9 +378,10 @@ private:
             painter.fillRect(box, palette.color(QPalette::Button));
             painter.fillRect(QRect(box.left(), box.top(), 1, box.height()), border);
             painter.fillRect(QRect(box.right(), box.top(), 1, box.height()), border);
-            painter.fillRect(QRect(box.left(), box.top(), box.width(), kMark + 1), accent);
+            painter.fillRect(QRect(box.left(), box.top(), box.width(), look::kMark), accent);
         } else if (tab.state.testFlag(State_MouseOver) && tab.state.testFlag(State_Enabled)) {
-            painter.fillRect(box.adjusted(1, 1, -1, 0), blend(palette.color(QPalette::Window), accent, 0.12));
+            painter.fillRect(box.adjusted(1, 1, -1, 0),
+                             blend(palette.color(QPalette::Window), accent, look::kHovered));
         }
     }
 
@@ -326,8 +412,7 @@ bool desktopIsDark(const QPalette& desktop) {
     if (wanted == "dark" || wanted == "light") {
         return wanted == "dark";
     }
-    return qgetenv("GTK_THEME").endsWith(":dark") ||
-           desktop.color(QPalette::Window).lightness() < kMiddleLightness;
+    return qgetenv("GTK_THEME").endsWith(":dark") || isDark(desktop.color(QPalette::Window));
 }
 
 } // namespace

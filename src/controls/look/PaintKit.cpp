@@ -20,7 +20,6 @@ namespace {
 constexpr int kLines = 4000;
 constexpr int kWrappedTexts = 200; // a few screens full
 constexpr int kInks = 1000;
-constexpr double kLeastSmall = 7.0; // points
 
 } // namespace
 
@@ -30,7 +29,7 @@ PaintKit::PaintKit() : m_lines(kLines), m_wrapped(kWrappedTexts) {
 
 void PaintKit::setFont(const QFont& font) {
     m_plain.font = m_small.font = m_bold.font = m_strong.font = font;
-    m_small.font.setPointSizeF(std::max(kLeastSmall, font.pointSizeF() * look::kSmaller));
+    m_small.font.setPointSizeF(std::max(look::kLeastPoints, font.pointSizeF() * look::kSmaller));
     m_bold.font.setBold(true);
     m_strong.font.setWeight(std::max<QFont::Weight>(QFont::DemiBold, font.weight()));
     for (Sized* const sized : {&m_plain, &m_small, &m_bold, &m_strong}) {
@@ -134,9 +133,10 @@ void PaintKit::paintBox(QPainter& painter, const QRectF& box, double corner, con
 void PaintKit::paintSelectionBar(QPainter& painter, const QRect& row, const RowState& state) const {
     if (state.selected) {
         const QColor accent = m_palette.color(QPalette::Highlight);
-        painter.fillRect(QRect(row.left(), row.top(), px(look::kSelectionBar), row.height()),
-                         state.focused ? accent
-                                       : blend(rowBack(m_palette.color(QPalette::Base), state), accent, 0.6));
+        painter.fillRect(
+            QRect(row.left(), row.top(), px(look::kSelectionBar), row.height()),
+            state.focused ? accent
+                          : blend(rowBack(m_palette.color(QPalette::Base), state), accent, look::kUnfocused));
     }
 }
 

@@ -1,13 +1,14 @@
 #include "controls/look/SideTabs.h"
 
+#include "controls/look/Tokens.h"
+
 #include <QPainter>
 #include <QStyleOption>
 
 namespace tessel {
 
 namespace {
-constexpr int kGrid = 8;
-constexpr int kBarWidth = 3; // of the mark beside the current tab
+constexpr int kGrid = look::kSpace;
 } // namespace
 
 SideTabBar::SideTabBar(QWidget* parent) : QTabBar(parent) {
@@ -35,7 +36,7 @@ void SideTabBar::paintEvent(QPaintEvent* /*event*/) {
         const bool current = tab == currentIndex();
         if (current) {
             painter.fillRect(place, palette().color(QPalette::Base));
-            painter.fillRect(QRect(place.topLeft(), QSize(kBarWidth, place.height())),
+            painter.fillRect(QRect(place.topLeft(), QSize(look::kMark, place.height())),
                              palette().color(QPalette::Highlight));
         }
         const QPalette::ColorGroup group = isTabEnabled(tab) ? QPalette::Active : QPalette::Disabled;
@@ -45,7 +46,7 @@ void SideTabBar::paintEvent(QPaintEvent* /*event*/) {
         if (current && hasFocus()) {
             QStyleOptionFocusRect focus;
             focus.initFrom(this);
-            focus.rect = place.adjusted(kBarWidth + 2, 2, -2, -2);
+            focus.rect = place.adjusted(look::kMark + 2, 2, -2, -2);
             style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
         }
     }

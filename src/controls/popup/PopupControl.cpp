@@ -23,8 +23,6 @@ namespace tessel {
 
 namespace {
 
-constexpr int kMostLines = 8;
-constexpr int kMostLabelLines = 2;
 constexpr int kLeastFont = 6;
 constexpr int kLargestFont = 40;
 constexpr int kGradientProbes = 16;
@@ -68,11 +66,6 @@ public:
         m_ink = ink;
         update();
     }
-    QSize sizeHint() const override {
-        const QFontMetrics metrics(font());
-        const int height = metrics.height() + 6;
-        return {m_sign == Sign::Text ? metrics.horizontalAdvance(text()) + 16 : height, height};
-    }
 
 protected:
     void paintEvent(QPaintEvent*) override {
@@ -80,13 +73,15 @@ protected:
         painter.setRenderHint(QPainter::Antialiasing);
         const QRectF box = QRectF(rect()).adjusted(0.5, 0.5, -0.5, -0.5);
         QColor veil = m_ink;
-        veil.setAlphaF(isDown() ? 0.14F : underMouse() ? 0.08F : 0.0F);
+        veil.setAlphaF(static_cast<float>(isDown()       ? look::kPopupButtonPressed
+                                          : underMouse() ? look::kPopupButtonHovered
+                                                         : 0.0));
         painter.setPen(m_sign == Sign::Text ? QPen(m_ink) : QPen(Qt::NoPen));
         painter.setBrush(veil);
-        painter.drawRoundedRect(box, 3, 3);
+        painter.drawRoundedRect(box, look::kRounding, look::kRounding);
         const QPointF middle = box.center();
         const double arm = height() * 0.2;
-        painter.setPen(QPen(m_ink, std::max(1.5, height() / 14.0), Qt::SolidLine, Qt::RoundCap));
+        painter.setPen(QPen(m_ink, std::max(look::kStroke, height() / 14.0), Qt::SolidLine, Qt::RoundCap));
         switch (m_sign) {
         case Sign::Cross:
             painter.drawLine(middle - QPointF(arm, arm), middle + QPointF(arm, arm));
@@ -270,20 +265,22 @@ PopupControl::Plan PopupControl::planned() const {
     const int textLeft = message ? px(look::kPopupTextLeft) : plan.light + pad / 2;
     const int textRight = message ? width - px(look::kPopupTextLeft) : width - pad;
     const int textWidth = std::max(1, textRight - textLeft);
-    const int foot =
-        !message && (!look.time.isEmpty() || look.turnOffButton) ? line + 2 * look::kTight + pad : 0;
+    const bool buttoned = look.turnOffButton && !message;
+    const int footHeight = line + (buttoned ? 2 * look::kTight : 0);
+    const int foot = buttoned || !look.time.isEmpty() ? footHeight + pad : 0;
 
     int room = highest - band - foot - 2 * pad - frame;
     int textHeight = 0;
     const int largeLine = QFontMetrics(large).height();
     if (!look.label.trimmed().isEmpty() && room >= largeLine) {
-        plan.label.emplace(look.label, large, textWidth, std::clamp(room / largeLine, 1, kMostLabelLines));
+        plan.label.emplace(look.label, large, textWidth,
+                           std::clamp(room / largeLine, 1, look::kPopupLabelLines));
         plan.gap = look::kTight;
         textHeight += plan.label->height() + plan.gap;
         room -= textHeight;
     }
     if (room >= line && !look.text.trimmed().isEmpty()) {
-        plan.words.emplace(look.text, plain, textWidth, std::clamp(room / line, 1, kMostLines));
+        plan.words.emplace(look.text, plain, textWidth, std::clamp(room / line, 1, look::kPopupLines));
         textHeight += plan.words->height();
     }
     const int iconSide = px(look::kPopupIcon);
@@ -300,7 +297,7 @@ PopupControl::Plan PopupControl::planned() const {
     int right = width - look::kTight;
     const auto take = [&](Button which) {
         plan.buttons[which] = QRect(right - button, (band - button) / 2, button, button);
-        right -= button + 2;
+        right -= button + look::kPopupButtonGap;
     };
     take(Close);
     if (look.optionsButton) {
@@ -308,9 +305,8 @@ PopupControl::Plan PopupControl::planned() const {
     }
     const int captionLeft = message && !look.icon.isNull() ? plan.icon.right() + 1 + look::kSpace : pad;
     plan.caption = QRect(captionLeft, 0, right - captionLeft - look::kTight, band);
-    const int footHeight = line + 2 * look::kTight;
     const int footTop = plan.size.height() - frame - pad / 2 - footHeight;
-    if (look.turnOffButton && !message) {
+    if (buttoned) {
         const QSize size(QFontMetrics(plain).horizontalAdvance(m_buttons[TurnOff]->text()) + look::kWide,
                          footHeight);
         plan.buttons[TurnOff] = QRect(QPoint(textRight - size.width(), footTop), size);
@@ -355,8 +351,8 @@ void PopupControl::paintShadow(QPainter& painter) const {
     for (int ring = m_margin; ring > 0; --ring) {
         // Each ring lies on those outside it, so that the ink grows towards the box.
         painter.setBrush(QColor::fromRgbF(0, 0, 0, static_cast<float>(look::kShadowInk / m_margin)));
-        painter.drawRoundedRect(box.adjusted(-ring, 2 - ring, ring, ring), look::kCorner + ring,
-                                look::kCorner + ring);
+        painter.drawRoundedRect(box.adjusted(-ring, look::kShadowFall - ring, ring, ring),
+                                look::kCorner + ring, look::kCorner + ring);
     }
 }
 

@@ -35,7 +35,7 @@ struct PopupLook {
     double opacity = 1.0; // 0 to 1
     bool turnOffButton = false;
     bool optionsButton = false;
-    bool messageLayout = false; // icon and caption in a band, the text under it, no foot
+    bool messageLayout = false; // icon and caption in the band, no button in the foot
     bool shadow = false;        // the desktop draws what can be seen through
     bool motion = false;        // it fades in
     bool pulse = false;         // with motion: it calls twice, and is still then
