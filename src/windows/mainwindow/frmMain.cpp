@@ -49,10 +49,13 @@ frmMain::frmMain(Station& station, WindowRegistry& registry) : m_station(station
     m_station.loadMain();
     Set_onTop();
     createCommands();
+    // In the order in which Tab goes through them.
+    createBars();
+    m_search = new PromptEdit(QLatin1String(kViews.front().prompt), this);
     m_stack = new ViewStack(
         m_station, *m_commands, [this](int number) { return m_images.image(number, palette()); }, this);
-    createBars();
     createSearch();
+    m_panes = new PaneBar(*m_commands, CreateStatusBar_NoteBoard(), this);
     createShortcuts();
     createQuietMark();
     layOut();
@@ -79,7 +82,6 @@ void frmMain::createCommands() {
 void frmMain::createBars() {
     m_ribbon = new Ribbon(*m_commands, CreateRibbon(), this);
     m_quickBar = new CommandBar(*m_commands, CreateQuickBar(), tr("Quick commands"), this);
-    m_panes = new PaneBar(*m_commands, CreateStatusBar_NoteBoard(), this);
     m_alertBar = new MessageBar(MessageBar::Accent::Alert, this);
     m_alertBar->setObjectName(QStringLiteral("AlertBar"));
     m_alertBar->setButton(QStringLiteral("Close"), tr("Close the alert"));
@@ -91,7 +93,6 @@ void frmMain::createBars() {
 }
 
 void frmMain::createSearch() {
-    m_search = new PromptEdit(QLatin1String(kViews.front().prompt), this);
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(tr("Search"));
     connect(m_search, &PromptEdit::searchChanged, this, &frmMain::search);

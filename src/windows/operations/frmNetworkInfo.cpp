@@ -1,5 +1,6 @@
 #include "windows/operations/frmNetworkInfo.h"
 
+#include "controls/look/TabOrder.h"
 #include "engine/core/mod_FileTools.h"
 #include "engine/core/mod_Folders.h"
 #include "engine/operations/mod_Diagnostics.h"
@@ -84,6 +85,7 @@ void frmNetworkInfo::createPanes() {
     panes->setSizes({height() * kFactLines / kLines, height() * (kLines - kFactLines) / kLines});
     panes->setChildrenCollapsible(false);
     setCentralWidget(panes);
+    tabAsLaidOut(*panes);
     statusBar();
 }
 

@@ -1,5 +1,6 @@
 #include "windows/options/OptionPage.h"
 
+#include "controls/look/TabOrder.h"
 #include "engine/station.h"
 
 #include <QCheckBox>
@@ -162,6 +163,7 @@ void OptionPage::finish() {
             field->installEventFilter(guard);
         }
     }
+    tabAsLaidOut(*widget());
     readSettings();
 }
 

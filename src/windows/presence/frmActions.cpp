@@ -1,6 +1,7 @@
 #include "windows/presence/frmActions.h"
 
 #include "controls/edit/OncePerDoubleClick.h"
+#include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
@@ -53,6 +54,7 @@ frmActions::frmActions(LocationActions& actions, Favorites& favorites, const Sha
     QVBoxLayout* const layout = dialogLayout(*this);
     layout->addWidget(m_pages, 1);
     layout->addWidget(controls);
+    tabAsLaidOut(*this);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
 }
 

@@ -1,6 +1,7 @@
 #include "windows/presence/frmStatusButtonEditor.h"
 
 #include "controls/edit/KeyFilterEdit.h"
+#include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/cOwnState.h"
 #include "engine/network/mod_Network_MC.h"
@@ -78,6 +79,7 @@ frmStatusButtonEditor::frmStatusButtonEditor(const OwnState& own, const Admin& a
     layout->addLayout(middle, 1);
     layout->addLayout(foot);
 
+    tabAsLaidOut(*this);
     LoadAdminRestrictions();
     LoadStatus();
     // What another location sends meanwhile must not take what is being written here.
