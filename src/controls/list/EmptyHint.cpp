@@ -2,36 +2,49 @@
 
 #include <QAbstractItemView>
 #include <QEvent>
+#include <QPainter>
 
 namespace tessel {
 
-EmptyHint::EmptyHint(QAbstractItemView* view) : QLabel(view->viewport()) {
-    constexpr int kMargin = 8;
-    setTextFormat(Qt::PlainText);
-    setWordWrap(true);
-    setAlignment(Qt::AlignCenter);
-    setMargin(kMargin);
-    setForegroundRole(QPalette::PlaceholderText);
+EmptyHint::EmptyHint(QAbstractItemView* view, const EmptyState& state) : QWidget(view->viewport()) {
     setAttribute(Qt::WA_TransparentForMouseEvents);
     view->viewport()->installEventFilter(this);
-    hide();
+    takeLook();
+    setState(state);
 }
 
-void EmptyHint::setHint(const QString& text) {
-    setText(text);
-    setVisible(!text.isEmpty());
-    place();
+void EmptyHint::setState(const EmptyState& state) {
+    m_state = state;
+    setAccessibleName((state.text + u' ' + state.hint).trimmed());
+    setGeometry(parentWidget()->rect());
+    setVisible(!state.text.isEmpty());
+    update();
 }
 
 bool EmptyHint::eventFilter(QObject* watched, QEvent* event) {
     if (event->type() == QEvent::Resize) {
-        place();
+        setGeometry(parentWidget()->rect());
     }
-    return QLabel::eventFilter(watched, event);
+    return QWidget::eventFilter(watched, event);
 }
 
-void EmptyHint::place() {
-    setGeometry(parentWidget()->rect());
+void EmptyHint::paintEvent(QPaintEvent*) {
+    QPainter painter(this);
+    paintEmptyState(painter, m_state, rect(), m_kit);
+}
+
+void EmptyHint::changeEvent(QEvent* event) {
+    QWidget::changeEvent(event);
+    if (event->type() == QEvent::FontChange || event->type() == QEvent::PaletteChange) {
+        takeLook();
+    }
+}
+
+void EmptyHint::takeLook() {
+    m_kit.setFont(font());
+    m_kit.setPalette(palette());
+    m_kit.setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    update();
 }
 
 } // namespace tessel

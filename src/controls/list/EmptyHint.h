@@ -1,26 +1,36 @@
-// What a list of Qt's own says while it shows no row.
+// What a list of Qt's own shows while it has no row.
 #pragma once
 
-#include <QLabel>
+#include "controls/list/EmptyState.h"
+#include "controls/look/Images.h"
+
+#include <QWidget>
 
 class QAbstractItemView;
 
 namespace tessel {
 
-class EmptyHint : public QLabel {
+class EmptyHint : public QWidget {
     Q_OBJECT
 public:
-    // Lies over the view's rows, which it belongs to. Hidden until there is a text.
-    explicit EmptyHint(QAbstractItemView* view);
+    // Lies over the view's rows, which it belongs to. Hidden until there is something to say.
+    explicit EmptyHint(QAbstractItemView* view, const EmptyState& state = {});
 
-    // Plain text; empty for none.
-    void setHint(const QString& text);
+    // A screen reader hears both texts.
+    void setState(const EmptyState& state);
+    const EmptyState& state() const { return m_state; }
 
 protected:
     bool eventFilter(QObject* watched, QEvent* event) override;
+    void paintEvent(QPaintEvent* event) override;
+    void changeEvent(QEvent* event) override;
 
 private:
-    void place();
+    void takeLook();
+
+    EmptyState m_state;
+    Images m_images;
+    PaintKit m_kit;
 };
 
 } // namespace tessel

@@ -396,44 +396,11 @@ void ReportView::paintEmpty(QPainter& painter) {
     }
     const bool filtered =
         m_order->isFiltered() && m_order->records() != nullptr && m_order->records()->count() > 0;
-    const EmptyState& state = filtered ? m_noMatch : m_empty;
-    const QColor base = palette().color(QPalette::Base);
-    const QColor text = palette().color(QPalette::Text);
-    const QRect inner =
-        room.adjusted(look::kEmptyMargin, look::kEmptyMargin, -look::kEmptyMargin, -look::kEmptyMargin);
-    // Texts of any origin may stand in no more than the room.
-    const auto heightOf = [&](const QString& words, PaintKit::Face face) {
-        return words.isEmpty() ? 0
-                               : QFontMetrics(m_kit.font(face))
-                                     .boundingRect(inner, Qt::AlignHCenter | Qt::TextWordWrap, words)
-                                     .height();
-    };
-    const QString sentence = state.text.left(kTipChars);
-    const QString hint = state.hint.left(kTipChars);
-    const int side = state.picture >= 0 && m_background.isNull() ? m_kit.px(look::kEmptyPicture) : 0;
-    const int picture = side > 0 ? side + look::kWide : 0;
-    const int words = heightOf(sentence, PaintKit::Face::Plain);
-    const int below = hint.isEmpty() ? 0 : heightOf(hint, PaintKit::Face::Small) + look::kSpace;
-    // In little room the words go before the picture.
-    const bool pictured = side > 0 && picture + words + below <= inner.height();
-    int top = inner.top() + std::max(0, (inner.height() - (pictured ? picture : 0) - words - below) / 2);
-    if (pictured) {
-        painter.setOpacity(look::kEmptyOpacity);
-        m_kit.paintIcon(painter, state.picture, QRect(room.center().x() - side / 2, top, side, side));
-        painter.setOpacity(1);
-        top += picture;
+    EmptyState state = filtered ? m_noMatch : m_empty;
+    if (!m_background.isNull()) {
+        state.picture = -1;
     }
-    const auto write = [&](const QString& what, PaintKit::Face face, double share) {
-        painter.setPen(readableOn(blend(base, text, share), base, text));
-        painter.setFont(m_kit.font(face));
-        painter.drawText(QRect(inner.left(), top, inner.width(), room.bottom() - top),
-                         Qt::AlignHCenter | Qt::AlignTop | Qt::TextWordWrap, what);
-    };
-    write(sentence, PaintKit::Face::Plain, 1);
-    if (below > 0) {
-        top += words + look::kSpace;
-        write(hint, PaintKit::Face::Small, look::kQuiet);
-    }
+    paintEmptyState(painter, state, room, m_kit);
 }
 
 // --- events ------------------------------------------------------------------------------------

@@ -4,6 +4,7 @@
 // later with all that happened since, and not at all while it is hidden.
 #pragma once
 
+#include "controls/list/EmptyState.h"
 #include "controls/list/ReportOrder.h"
 #include "controls/list/ReportRows.h"
 #include "controls/look/PaintKit.h"
@@ -37,17 +38,8 @@ public:
     void setWallFontSize(int points); // 8 to 200, to be read from afar
     int fontSize() const { return m_fontSize; }
 
-    // What stands in the place of rows: a sentence, a line with the way out, and a picture's number, -1
-    // for none.
-    struct EmptyState {
-        QString text;
-        QString hint;
-        int picture = -1;
-    };
-    void setEmptyState(const EmptyState& state);   // there are no rows
-    void setNoMatchState(const EmptyState& state); // the filter hides them all
-    void setEmptyText(const QString& text) { setEmptyState({text, {}}); }
-    void setNoMatchText(const QString& text) { setNoMatchState({text, {}}); }
+    void setEmptyState(const EmptyState& state);       // there are no rows
+    void setNoMatchState(const EmptyState& state);     // the filter hides them all
     void setBackgroundPicture(const QPixmap& picture); // stands behind an empty list only
 
     // The selected record; nullptr when there is none or when it has just been removed.

@@ -34,30 +34,31 @@ QCollator collator() {
 }
 
 // A small field in the colour of a tag, clear for a location without one.
-QIcon tagField(int tag) {
-    constexpr int kSide = 16;
-    constexpr int kInset = 3;
+QPixmap tagField(int tag, int side) {
+    const int inset = side * 3 / 16;
     constexpr int kBorder = 0x60;
-    QPixmap field(kSide, kSide);
+    QPixmap field(side, side);
     field.fill(Qt::transparent);
     if (tag >= 1 && tag <= static_cast<int>(kTagColors.size())) {
         QPainter painter(&field);
-        painter.fillRect(field.rect().adjusted(kInset - 1, kInset - 1, 1 - kInset, 1 - kInset),
+        painter.fillRect(field.rect().adjusted(inset - 1, inset - 1, 1 - inset, 1 - inset),
                          QColor(kBorder * 2, kBorder * 2, kBorder * 2));
-        painter.fillRect(field.rect().adjusted(kInset, kInset, -kInset, -kInset),
+        painter.fillRect(field.rect().adjusted(inset, inset, -inset, -inset),
                          QColor::fromRgb(kTagColors[static_cast<std::size_t>(tag - 1)]));
     }
-    // Chosen or not, a colour is what the location is known by.
-    QIcon icon(field);
-    icon.addPixmap(field, QIcon::Selected);
-    return icon;
+    return field;
 }
 
 const QIcon& tagIcon(int tag) {
     static const auto icons = [] {
         std::array<QIcon, kTagColors.size() + 1> made;
         for (std::size_t i = 0; i < made.size(); ++i) {
-            made[i] = tagField(static_cast<int>(i));
+            for (const int side : {16, 24, 32}) {
+                // Chosen or not, a colour is what the location is known by.
+                const QPixmap field = tagField(static_cast<int>(i), side);
+                made[i].addPixmap(field);
+                made[i].addPixmap(field, QIcon::Selected);
+            }
         }
         return made;
     }();

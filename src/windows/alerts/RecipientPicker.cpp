@@ -12,10 +12,10 @@
 
 namespace tessel {
 
-RecipientPicker::RecipientPicker(const char* list, const char* clear, const QString& emptyText,
+RecipientPicker::RecipientPicker(const char* list, const char* clear, const EmptyState& empty,
                                  QWidget* parent)
     : QWidget(parent), m_list(new QListWidget(this)), m_clear(new QPushButton(this)),
-      m_hint(new EmptyHint(m_list)), m_emptyText(emptyText) {
+      m_hint(new EmptyHint(m_list)), m_empty(empty) {
     m_list->setObjectName(QLatin1String(list));
     m_list->setAccessibleName(tr("Recipients"));
     m_list->setToolTip(tr("A click, Space or Enter chooses a location"));
@@ -155,7 +155,9 @@ void RecipientPicker::showHint() {
     for (int row = 0; row < m_list->count() && !shown; ++row) {
         shown = !m_list->isRowHidden(row);
     }
-    m_hint->setHint(shown ? QString() : isEmpty() ? m_emptyText : tr("No location matches the search"));
+    const EmptyState noMatch{tr("No location matches the search"), tr("Clear the search to see all."),
+                             static_cast<int>(Image::Search)};
+    m_hint->setState(shown ? EmptyState() : isEmpty() ? m_empty : noMatch);
 }
 
 } // namespace tessel

@@ -1,6 +1,7 @@
 // A list of locations of which some are chosen, and below it the button that clears the choice.
 #pragma once
 
+#include "controls/list/EmptyState.h"
 #include "windows/alerts/RecipientList.h"
 
 #include <QWidget>
@@ -15,8 +16,8 @@ class EmptyHint;
 class RecipientPicker : public QWidget {
     Q_OBJECT
 public:
-    // Object names of the list and of the button; what the list says without a location.
-    RecipientPicker(const char* list, const char* clear, const QString& emptyText, QWidget* parent);
+    // Object names of the list and of the button; what the list shows without a location.
+    RecipientPicker(const char* list, const char* clear, const EmptyState& empty, QWidget* parent);
 
     // Fills the list anew. Who was chosen and is still there stays chosen.
     void load(const ReportRecords& rows, const RecipientColumns& columns, RecipientOrder order,
@@ -47,7 +48,7 @@ private:
     QListWidget* m_list;
     QPushButton* m_clear;
     EmptyHint* m_hint;
-    QString m_emptyText;
+    EmptyState m_empty;
     QString m_search;
 };
 

@@ -49,14 +49,24 @@ void showPressed(QPushButton& button, bool pressed) {
     }
     button.setPalette(palette);
 }
+
+EmptyState nobodyOnline() {
+    return {frmGroupMessage::tr("No other location is online"), frmGroupMessage::tr("Refresh looks again."),
+            static_cast<int>(Image::Home)};
+}
+
+EmptyState noFavorites() {
+    return {QStringLiteral("No favorites have been selected"),
+            frmGroupMessage::tr("Right-click a location under Home and choose Add to Favorites."),
+            static_cast<int>(Image::Favorites)};
+}
 } // namespace
 
 frmGroupMessage::frmGroupMessage(Station& station, QWidget* parent)
     : QDialog(parent), m_station(station), m_search(new PromptEdit(QStringLiteral("Search"), this)),
       m_tabs(new QTabWidget(this)),
-      m_users(new RecipientPicker("lstUsers", "cmdClearList", tr("No other location is online"), this)),
-      m_favorites(new RecipientPicker("lstFavorites", "cmdClearFavorites",
-                                      QStringLiteral("No favorites have been selected"), this)),
+      m_users(new RecipientPicker("lstUsers", "cmdClearList", nobodyOnline(), this)),
+      m_favorites(new RecipientPicker("lstFavorites", "cmdClearFavorites", noFavorites(), this)),
       m_everyone(new QPushButton(QStringLiteral(" Everyone"), this)),
       m_groups(new GroupButtons(station, false, this)), m_to(new ElidedLabel(this)),
       m_message(new MessageFields(station, tr("Message"), this)), m_alert(new QPushButton(this)),

@@ -3,6 +3,7 @@
 #include "controls/edit/KeyFilterEdit.h"
 #include "controls/list/EmptyHint.h"
 #include "controls/look/ScreenPlacement.h"
+#include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_Groups.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/network/mod_Endpoints.h"
@@ -38,8 +39,8 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
     m_name->setPlaceholderText(Groups::defaultName(slot));
     m_remark->setTextFormat(Qt::PlainText);
     m_remark->setWordWrap(true);
-    (new EmptyHint(m_all))->setHint(tr("No other location is online"));
-    (new EmptyHint(m_selected))->setHint(tr("No members yet"));
+    m_noneLeft = new EmptyHint(m_all);
+    m_noMembers = new EmptyHint(m_selected);
 
     auto* const label = new QLabel(tr("&Name:"), this);
     label->setBuddy(m_name);
@@ -83,6 +84,7 @@ frmGroups::frmGroups(Groups& groups, const ReportRecords& locations, const QStri
     layout->addLayout(lists, 1);
     layout->addWidget(m_remark);
     layout->addLayout(buttons);
+    tabAsLaidOut(*this);
 
     LoadRecipientsAll(locations, ownSID);
     LoadGroup();
@@ -213,8 +215,13 @@ void frmGroups::showState() {
     m_rightAll->setEnabled(m_all->count() > 0);
     m_leftOne->setEnabled(!m_selected->selectedItems().isEmpty());
     m_leftAll->setEnabled(m_selected->count() > 0);
-    m_all->findChild<EmptyHint*>()->setVisible(m_all->count() == 0);
-    m_selected->findChild<EmptyHint*>()->setVisible(m_selected->count() == 0);
+    const EmptyState nobody{tr("No other location is online"),
+                            tr("Those that come online can be chosen then."), static_cast<int>(Image::Home)};
+    const EmptyState allIn{tr("All locations are members"), {}, static_cast<int>(Image::Home)};
+    const EmptyState noMembers{tr("No members yet"), tr("Choose locations at the left and press >."),
+                               static_cast<int>(Image::NewMessage)};
+    m_noneLeft->setState(m_all->count() > 0 ? EmptyState() : m_selected->count() > 0 ? allIn : nobody);
+    m_noMembers->setState(m_selected->count() > 0 ? EmptyState() : noMembers);
     m_remark->setText(m_selected->count() > 0 ? QString() : tr("A group without members is not kept"));
 }
 

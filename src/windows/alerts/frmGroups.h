@@ -11,6 +11,7 @@ class QPushButton;
 
 namespace tessel {
 
+class EmptyHint;
 class Groups;
 class KeyFilterEdit;
 class ReportRecords;
@@ -41,6 +42,8 @@ private:
     KeyFilterEdit* m_name;   // txtGroupName
     QListWidget* m_all;      // lstAll
     QListWidget* m_selected; // lstSelected
+    EmptyHint* m_noneLeft = nullptr;
+    EmptyHint* m_noMembers = nullptr;
     QLabel* m_remark;
     QPushButton* m_rightOne = nullptr;
     QPushButton* m_rightAll = nullptr;

@@ -2,6 +2,7 @@
 
 #include "controls/edit/PromptEdit.h"
 #include "controls/list/CardControl.h"
+#include "controls/look/ScreenPlacement.h"
 #include "engine/alerts/mod_NotificationHistory.h"
 #include "engine/core/mod_Settings.h"
 #include "windows/ListFont.h"
@@ -31,8 +32,9 @@ frmNotifications::frmNotifications(Settings& settings, NotificationHistory& hist
     : m_settings(settings), m_history(history), m_filter(new PromptEdit(QStringLiteral("Filter"), this)),
       m_list(new CardControl(this)) {
     setWindowTitle(tr("Notifications"));
-    resize(kFirstSize);
     createBar();
+    // Everything in the bar is to be seen.
+    resize(sizeForLetters(*this, kFirstSize).expandedTo({m_bar->sizeHint().width() + kGrid, 0}));
     createList();
 
     auto* const centre = new QWidget(this);
@@ -48,7 +50,7 @@ frmNotifications::frmNotifications(Settings& settings, NotificationHistory& hist
 }
 
 void frmNotifications::createBar() {
-    auto* const bar = addToolBar(tr("Notifications"));
+    QToolBar* const bar = m_bar = addToolBar(tr("Notifications"));
     bar->setMovable(false);
     bar->setContextMenuPolicy(Qt::PreventContextMenu);
     auto* const title = new QLabel(QStringLiteral("Recent Notification History"), bar);
@@ -92,10 +94,14 @@ void frmNotifications::createList() {
     m_list->setCardItems(items);
     m_list->setIconProvider([this](int number) { return m_images.image(number, palette()); });
     setListFont(*m_list, m_settings.Fonts_MVF(), m_settings.Fonts_MVFS());
-    m_list->setEmptyText(QStringLiteral("No Notifications"));
-    m_list->setNoMatchText(tr("No notification matches the filter"));
+    m_list->setEmptyState({QStringLiteral("No Notifications"), tr("Options… chooses what is kept here."),
+                           static_cast<int>(Image::Notifications)});
+    m_list->setNoMatchState({tr("No notification matches the filter"),
+                             tr("Escape in the filter shows all again."), static_cast<int>(Image::Search)});
     m_list->setRecords(&m_history.rptNotifications);
     m_filter->setAccessibleName(tr("Filter notifications"));
+    m_filter->setPictures(m_images.image(Image::Search, palette()),
+                          m_images.image(Image::MenuClose, palette()));
     connect(m_filter, &PromptEdit::searchChanged, m_list, &CardControl::setFilterText);
     connect(m_filter, &PromptEdit::entered, m_list, &CardControl::prepareFilter);
     connect(m_filter, &PromptEdit::leaveForList, m_list, [this] { m_list->setFocus(); });

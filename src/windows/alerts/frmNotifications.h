@@ -5,6 +5,8 @@
 
 #include <QMainWindow>
 
+class QToolBar;
+
 namespace tessel {
 
 class CardControl;
@@ -24,6 +26,7 @@ private:
 
     Settings& m_settings;
     NotificationHistory& m_history;
+    QToolBar* m_bar = nullptr;
     Images m_images;
     PromptEdit* m_filter;
     CardControl* m_list; // rptNotifications

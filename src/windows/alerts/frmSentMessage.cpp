@@ -2,6 +2,7 @@
 
 #include "controls/list/EmptyHint.h"
 #include "controls/look/ScreenPlacement.h"
+#include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_SentView.h"
 #include "windows/alerts/RecipientList.h"
 
@@ -27,9 +28,7 @@ frmSentMessage::frmSentMessage(const NotificationHistory& history, QWidget* pare
     m_text->setObjectName(QStringLiteral("txtNote"));
     m_text->setAccessibleName(QStringLiteral("Original Message"));
     m_text->setReadOnly(true);
-    m_text->setFrameShape(QFrame::NoFrame);
     m_users->setObjectName(QStringLiteral("lstUsers"));
-    m_users->setFrameShape(QFrame::NoFrame);
     m_users->setAccessibleName(QStringLiteral("Recipients"));
     m_stamp->setTextFormat(Qt::PlainText);
     m_stamp->setWordWrap(true);
@@ -54,6 +53,7 @@ frmSentMessage::frmSentMessage(const NotificationHistory& history, QWidget* pare
     layout->addLayout(top);
     layout->addWidget(tabs, 1);
     layout->addLayout(bottom);
+    tabAsLaidOut(*this);
     OpenMessage();
     close->setFocus();
 }
@@ -72,7 +72,7 @@ void frmSentMessage::OpenMessage() {
     for (const Recipient& recipient : view.recipients) {
         addRecipient(*m_users, recipient);
     }
-    m_hint->setHint(view.recipients.isEmpty() ? view.to : QString());
+    m_hint->setState({view.recipients.isEmpty() ? view.to : QString(), {}, static_cast<int>(Image::Home)});
 }
 
 } // namespace tessel

@@ -97,7 +97,9 @@ void frmSnippit::fill(int current) {
         auto* const entry = new QListWidgetItem(singleLine(snippet), m_list);
         entry->setToolTip(plainTip(snippet));
     }
-    m_hint->setHint(m_list->count() == 0 ? tr("No snippets yet") : QString());
+    const EmptyState none{tr("No snippets yet"), tr("Write one above and press Add."),
+                          static_cast<int>(Image::Snippets)};
+    m_hint->setState(m_list->count() == 0 ? none : EmptyState());
     m_list->setCurrentRow(std::min(current, m_list->count() - 1));
     showState();
 }

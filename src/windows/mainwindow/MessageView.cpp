@@ -3,6 +3,7 @@
 #include "controls/bars/CommandBar.h"
 #include "controls/bars/CommandMenu.h"
 #include "controls/list/CardControl.h"
+#include "controls/look/Images.h"
 #include "engine/station.h"
 #include "windows/ListFont.h"
 #include "windows/dialogs/boxes.h"
@@ -61,9 +62,12 @@ void MessageView::createList(std::function<QIcon(int)> icon) {
     m_list->setCardItems(items);
     m_list->setIconProvider(std::move(icon));
     setListFont(*m_list, m_station.settings.Fonts_MVF(), m_station.settings.Fonts_MVFS());
-    m_list->setEmptyText(
-        tr("No Messages\nWhat other locations write to you stays here until you delete it."));
-    m_list->setNoMatchText(tr("No message matches the search"));
+    m_list->setEmptyState({tr("No Messages"),
+                           tr("What other locations write to you stays here until you delete it."),
+                           static_cast<int>(Image::Inbox)});
+    m_list->setNoMatchState({tr("No message matches the search"),
+                             tr("Escape in the search box shows all again."),
+                             static_cast<int>(Image::Search)});
     m_list->setRecords(&m_station.inbox.rptMessages);
 }
 

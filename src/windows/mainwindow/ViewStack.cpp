@@ -108,7 +108,7 @@ void ViewStack::Create_MessageView(CommandSet& commands) {
     m_lists[View::Inbox] = &m_messages->list();
 }
 
-ReportControl& ViewStack::createList(View view, ReportRecords& records, const ReportView::EmptyState& empty) {
+ReportControl& ViewStack::createList(View view, ReportRecords& records, const EmptyState& empty) {
     auto* const list = new ReportControl(this);
     list->setColumns(locationColumns());
     list->setKeywords(SearchWords);

@@ -60,7 +60,7 @@ private:
     void Create_FavoritesView();
     void Create_MessageView(CommandSet& commands);
     // With what the lists of locations have in common.
-    ReportControl& createList(View view, ReportRecords& records, const ReportView::EmptyState& empty);
+    ReportControl& createList(View view, ReportRecords& records, const EmptyState& empty);
     ReportControl& locations(View view) const;
     void loadBackgrounds();
 

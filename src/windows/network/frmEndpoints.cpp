@@ -130,14 +130,21 @@ void frmEndpoints::createGrid() {
     m_grid->setColumns(std::move(columns));
     m_grid->setFontSize(qRound(fontInfo().pointSizeF()));
     m_grid->setSortableByHeader(true);
-    m_grid->setEmptyText(tr("No connections yet"));
-    m_grid->setNoMatchText(tr("No connection matches the search"));
+    m_grid->setIconProvider([this](int number) { return m_images.image(number, palette()); });
+    m_grid->setEmptyState({tr("No connections yet"),
+                           tr("They come once the network is up; Reset Network in the menu tries anew."),
+                           static_cast<int>(Image::OccupiedLocations)});
+    m_grid->setNoMatchState({tr("No connection matches the search"),
+                             tr("Escape in the search box shows all again."),
+                             static_cast<int>(Image::Search)});
     m_grid->setAccessibleName(kTitle);
     m_grid->setRecords(&m_station.endpoints.records());
     connect(m_grid, &ReportControl::recordActivated, this, &frmEndpoints::showRow);
 
     m_filter->setObjectName(QStringLiteral("txtFilter"));
     m_filter->setAccessibleName(tr("Search connections"));
+    m_filter->setPictures(m_images.image(Image::Search, palette()),
+                          m_images.image(Image::MenuClose, palette()));
     connect(m_filter, &PromptEdit::searchChanged, m_grid, &ReportControl::setFilterText);
     connect(m_filter, &PromptEdit::leaveForList, m_grid, [this] { m_grid->setFocus(); });
 }

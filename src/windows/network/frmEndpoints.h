@@ -1,6 +1,7 @@
 // The maintenance window "Active Connections": the endpoint table as it is.
 #pragma once
 
+#include "controls/look/Images.h"
 #include "records/cReportRecords.h"
 
 #include <QMainWindow>
@@ -38,6 +39,7 @@ private:
     ReportControl* m_grid;
     QWidget* m_identity = nullptr; // shown while another computer has the own SID
     QLabel* m_identityText = nullptr;
+    Images m_images;
     double m_scale = 1; // of widths, by the size of the desktop's font
 };
 

@@ -1,12 +1,12 @@
 #include "windows/presence/frmFavEditor.h"
 
+#include "controls/list/EmptyHint.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/presence/mod_Favorites.h"
 #include "windows/dialogs/boxes.h"
 #include "windows/presence/PresenceFields.h"
 
 #include <QKeyEvent>
-#include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -20,7 +20,7 @@ constexpr int kLeastLines = 10;
 
 frmFavEditor::frmFavEditor(Favorites& favorites, const Tones& tones, QWidget* parent)
     : QDialog(parent), m_favorites(favorites), m_tones(tones), m_list(new QListWidget(this)),
-      m_none(new QLabel(tr("No favorites have been selected"), this)),
+      m_none(new EmptyHint(m_list)),
       m_show(button(QStringLiteral("cmdShow"), tr("&Show…"), tr("What is stored of this favorite"), this)),
       m_remove(
           button(QStringLiteral("cmdRemove"), tr("&Remove"), tr("Remove this favorite (Delete)"), this)) {
@@ -31,11 +31,8 @@ frmFavEditor::frmFavEditor(Favorites& favorites, const Tones& tones, QWidget* pa
     m_list->setUniformItemSizes(true);
     m_list->setMinimumSize(kLeastLetters * m_list->fontMetrics().averageCharWidth(),
                            kLeastLines * m_list->fontMetrics().lineSpacing());
-    m_none->setObjectName(QStringLiteral("lblNoFavorites"));
-    m_none->setWordWrap(true);
     auto* const close = button(QStringLiteral("cmdClose"), tr("&Close"), {}, this);
     QVBoxLayout* const layout = dialogLayout(*this);
-    layout->addWidget(m_none);
     layout->addWidget(m_list, 1);
     layout->addLayout(buttonRow({m_show, m_remove, close}));
 
@@ -57,7 +54,10 @@ void frmFavEditor::LoadFavorites() {
         item->setData(Qt::UserRole, slot);
     }
     m_list->setCurrentRow(std::min(std::max(row, 0), m_list->count() - 1));
-    m_none->setVisible(m_list->count() == 0);
+    const EmptyState none{tr("No favorites have been selected"),
+                          tr("Right-click a location under Home and choose Add to Favorites."),
+                          static_cast<int>(Image::Favorites)};
+    m_none->setState(m_list->count() == 0 ? none : EmptyState());
     m_show->setEnabled(m_list->count() > 0);
     m_remove->setEnabled(m_list->count() > 0);
     RefreshCaption();

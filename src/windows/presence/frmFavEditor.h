@@ -3,12 +3,12 @@
 
 #include <QDialog>
 
-class QLabel;
 class QListWidget;
 class QPushButton;
 
 namespace tessel {
 
+class EmptyHint;
 class Favorites;
 class Tones;
 
@@ -31,7 +31,7 @@ private:
     Favorites& m_favorites;
     const Tones& m_tones;
     QListWidget* m_list; // lstFavorite
-    QLabel* m_none;
+    EmptyHint* m_none;
     QPushButton* m_show;
     QPushButton* m_remove;
 };

@@ -59,6 +59,8 @@ frmRoomStatus::frmRoomStatus(RoomStatus& rooms, LocationActions& actions, const 
 
     m_search->setObjectName(QStringLiteral("txtSearch"));
     m_search->setAccessibleName(tr("Filter rooms"));
+    m_search->setPictures(m_images.image(Image::Search, palette()),
+                          m_images.image(Image::MenuClose, palette()));
     m_title->setText(windowTitle());
     m_title->setVisible(false);
     auto* const centre = new QWidget(this);
@@ -93,8 +95,10 @@ void frmRoomStatus::Create_StatusView() {
     m_board->setObjectName(QStringLiteral("rptStatus"));
     m_board->setAccessibleName(windowTitle());
     m_board->setIconProvider([this](int number) { return m_images.image(number, palette()); });
-    m_board->setEmptyText(tr("No room is occupied"));
-    m_board->setNoMatchText(tr("No room matches the filter"));
+    m_board->setEmptyState({tr("No room is occupied"), tr("Seat Patient, in the main window, fills a room."),
+                            static_cast<int>(Image::SeatPatient)});
+    m_board->setNoMatchState({tr("No room matches the filter"), tr("Escape in the filter shows all again."),
+                              static_cast<int>(Image::Search)});
     m_board->setSortKeys({{static_cast<int>(RoomItem::SORT), false, true}});
     m_board->setPreviewMode(m_rooms.previewMode());
     m_board->setFontSize(m_settings.Fonts_EVFS());
