@@ -1,15 +1,12 @@
 // The keys of the whole desktop, pressed while another program is in front.
+#include "OtherProgram.h"
 #include "Peer.h"
-#include "Screen.h"
 #include "StationProcess.h"
 
 #include <QFile>
 #include <QProcess>
 
 #include <gtest/gtest.h>
-
-#include <cstdlib>
-#include <memory>
 
 using namespace tessel;
 
@@ -20,34 +17,6 @@ constexpr double kNothing = 1.5;
 const QByteArray kSID = "100AA100AAA7";
 constexpr xcb_keycode_t kF2 = 68; // of the keyboard that Xvfb has
 
-// Another program, to which a key belongs, and whose window has the focus.
-class Other {
-public:
-    Other() : m_connection(xcb_connect(nullptr, nullptr)) {
-        const xcb_screen_t* const screen = xcb_setup_roots_iterator(xcb_get_setup(m_connection)).data;
-        xcb_grab_key(m_connection, 0, screen->root, XCB_MOD_MASK_CONTROL, kF2, XCB_GRAB_MODE_ASYNC,
-                     XCB_GRAB_MODE_ASYNC);
-        m_window = xcb_generate_id(m_connection);
-        const std::uint32_t unmanaged = 1;
-        xcb_create_window(m_connection, XCB_COPY_FROM_PARENT, m_window, screen->root, 0, 0, 900, 900, 0,
-                          XCB_WINDOW_CLASS_INPUT_OUTPUT, XCB_COPY_FROM_PARENT, XCB_CW_OVERRIDE_REDIRECT,
-                          &unmanaged);
-        xcb_map_window(m_connection, m_window);
-        xcb_flush(m_connection);
-    }
-    ~Other() { xcb_disconnect(m_connection); }
-    void comeToFront() {
-        const std::uint32_t above = XCB_STACK_MODE_ABOVE;
-        xcb_configure_window(m_connection, m_window, XCB_CONFIG_WINDOW_STACK_MODE, &above);
-        xcb_set_input_focus(m_connection, XCB_INPUT_FOCUS_PARENT, m_window, XCB_CURRENT_TIME);
-        std::free(xcb_get_input_focus_reply(m_connection, xcb_get_input_focus(m_connection), nullptr));
-    }
-
-private:
-    xcb_connection_t* m_connection;
-    xcb_window_t m_window = XCB_NONE;
-};
-
 void type(const QStringList& arguments) {
     QProcess::execute(QStringLiteral("xdotool"), arguments);
 }
@@ -57,7 +26,8 @@ void type(const QStringList& arguments) {
 TEST(SystemKeys, SetTheStatusFromWithinAnotherProgram) {
     ASSERT_EQ(qgetenv("TESSEL_NETNS"), "1") << "to be run by scripts/in-netns alone";
     Peer air;
-    Other other;
+    OtherProgram other;
+    other.grabWithControl(kF2);
     StationProcess station(StationProcess::userFile("Desk", kSID, 5));
     QFile statuses(station.folder() + QStringLiteral("/status.dat"));
     ASSERT_TRUE(statuses.open(QIODevice::WriteOnly));
