@@ -15,6 +15,8 @@ namespace tessel {
 
 namespace {
 
+constexpr int kSettledMs = 350;
+
 struct Neighbour {
     const char* name;
     int tag;
@@ -116,7 +118,10 @@ frmMain& Office::window(QSize size) {
     m_form->show();
     m_form->activateWindow();
     settle();
-    QTest::qWait(120); // the counts in the captions of the tabs
+    // The counts in the captions of the tabs, and the look whether it is on the screen, which the invisible
+    // one is too small for.
+    QTest::qWait(kSettledMs);
+    m_form->resize(size);
     settle();
     return *m_form;
 }
