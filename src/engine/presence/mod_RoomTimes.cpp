@@ -19,16 +19,27 @@ constexpr int kClocksDiffer = 30;
 } // namespace
 
 void RoomTimes::hear(const cPacket& packet) {
-    const bool occupied = toBoolean(toText(packet.presenceValue(PresenceValue::Occupied)));
+    const QByteArrayView told = packet.presenceValue(PresenceValue::Occupied);
+    // Every keep-alive comes by here, and nearly all of them say it in one of these ways.
+    const bool plainly = told.isEmpty() || told == "0" || told == "-1";
+    const bool occupied = plainly ? told == "-1" : toBoolean(toText(told));
     if (!occupied && m_since.isEmpty()) {
         return;
     }
     const QString SID = packet.text(Field::SID);
     if (!occupied) {
         m_since.remove(SID);
-    } else if (m_since.size() < kMaxEndpoints || m_since.contains(SID)) {
-        const QByteArrayView time = packet.presenceValue(PresenceValue::OccupiedTime);
-        m_since.insert(SID, toText(time.first(std::min<qsizetype>(time.size(), kLongestTime))));
+        return;
+    }
+    QByteArrayView time = packet.presenceValue(PresenceValue::OccupiedTime);
+    time = time.first(std::min<qsizetype>(time.size(), kLongestTime));
+    const auto known = m_since.find(SID);
+    if (known == m_since.end()) {
+        if (m_since.size() < kMaxEndpoints) {
+            m_since.insert(SID, toText(time));
+        }
+    } else if (*known != QLatin1String(time.data(), time.size())) {
+        *known = toText(time);
     }
 }
 
