@@ -52,7 +52,8 @@ protected:
 } // namespace
 
 TEST_F(HeldKeys, RepeatsReachNoOtherWidgetUntilTheKeyWasReleased) {
-    for (const Qt::Key key : {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_F1, Qt::Key_F9}) {
+    for (const Qt::Key key :
+         {Qt::Key_Return, Qt::Key_Enter, Qt::Key_Space, Qt::Key_F1, Qt::Key_F9, Qt::Key_Escape}) {
         list.setFocus();
         list.presses = box.presses = 0;
         send(QTest::Press, key);

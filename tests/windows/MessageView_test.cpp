@@ -172,6 +172,9 @@ TEST_F(InboxTab, ItsMenuIsForTheMessageThatItWasOpenedOn) {
     // The print server of this machine is asked first.
     ASSERT_TRUE(QTest::qWaitFor([this] { return preview() != nullptr; }));
     EXPECT_TRUE(preview()->isVisible());
+    me().inbox.Print_Message(); // a doubled click
+    QTest::qWait(50);
+    EXPECT_EQ(form->findChildren<frmPreview*>().size(), 1);
     EXPECT_EQ(preview()->findChild<QLabel*>("lblPages")->text(), "Page 1 of 1");
     EXPECT_EQ(item(*me().inbox.focused(), InboxItem::ID).text, "1");
     QTest::keyClick(preview(), Qt::Key_Escape);

@@ -7,6 +7,7 @@
 #include "windows/alerts/frmGlobalDoorBell.h"
 #include "windows/alerts/frmGroups.h"
 
+#include <QAbstractItemView>
 #include <QClipboard>
 #include <QComboBox>
 #include <QLabel>
@@ -349,7 +350,12 @@ TEST_F(MessageOffice, SnippetsAreKeptAndUsed) {
     EXPECT_EQ(snippets.itemText(0) + snippets.itemText(1), "Select a Snippetone b");
     textOf(letter).setPlainText("Please:");
     snippets.setFocus();
-    QTest::keyClick(&snippets, Qt::Key_Down);
-    emit snippets.activated(snippets.currentIndex());
+    QWheelEvent turn({5, 5}, snippets.mapToGlobal(QPointF(5, 5)), {}, {0, -120}, {}, {}, Qt::NoScrollPhase,
+                     false);
+    QApplication::sendEvent(&snippets, &turn);
+    QTest::keyClicks(&snippets, "o");
+    EXPECT_EQ(textOf(letter).toPlainText(), "Please:") << "by a turn of the wheel, or a letter";
+    QTest::keyClick(snippets.view(), Qt::Key_Down);
+    QTest::keyClick(snippets.view(), Qt::Key_Return);
     EXPECT_EQ(textOf(letter).toPlainText(), "Please: one b");
 }

@@ -1,4 +1,5 @@
-// Keeps a held Return, Enter, Space, Delete or key of a quick status in the widget in which it went down.
+// Keeps a held Return, Enter, Space, Delete, Escape or key of a quick status in the widget in which it went
+// down.
 #pragma once
 
 #include <QObject>
@@ -37,11 +38,11 @@ private:
 
     bool dropsPress(Held& held, const QKeyEvent& event, const QWidget* target);
 
-    std::array<Held, 13> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter}, Held{Qt::Key_Space},
-                                Held{Qt::Key_Delete}, Held{Qt::Key_F1},    Held{Qt::Key_F2},
-                                Held{Qt::Key_F3},     Held{Qt::Key_F4},    Held{Qt::Key_F5},
-                                Held{Qt::Key_F6},     Held{Qt::Key_F7},    Held{Qt::Key_F8},
-                                Held{Qt::Key_F9}};
+    std::array<Held, 14> m_held{Held{Qt::Key_Return}, Held{Qt::Key_Enter},  Held{Qt::Key_Space},
+                                Held{Qt::Key_Delete}, Held{Qt::Key_Escape}, Held{Qt::Key_F1},
+                                Held{Qt::Key_F2},     Held{Qt::Key_F3},     Held{Qt::Key_F4},
+                                Held{Qt::Key_F5},     Held{Qt::Key_F6},     Held{Qt::Key_F7},
+                                Held{Qt::Key_F8},     Held{Qt::Key_F9}};
 };
 
 } // namespace tessel

@@ -18,12 +18,16 @@ struct PrintPart {
     QString heading{};
     QString text{};            // with line breaks as they are
     QList<QStringList> rows{}; // of a table; the first is its head, and stands on each page again
+
+    bool operator==(const PrintPart&) const = default;
 };
 
 // Texts of any origin: they are printed as they stand, and never read as markup.
 struct PrintDocument {
     QString title; // of the preview and of the print job
     QList<PrintPart> parts;
+
+    bool operator==(const PrintDocument&) const = default;
 };
 
 // Fills an empty document, as it is laid out on pages.

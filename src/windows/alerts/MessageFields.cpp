@@ -8,6 +8,7 @@
 #include <QAbstractItemView>
 #include <QComboBox>
 #include <QEvent>
+#include <QKeyEvent>
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
@@ -26,6 +27,7 @@ MessageFields::MessageFields(Station& station, const QString& spoken, QWidget* p
     m_snippets->setAccessibleName(tr("Snippets"));
     m_snippets->setToolTip(tr("Put a short text into the message"));
     m_snippets->setSizeAdjustPolicy(QComboBox::AdjustToMinimumContentsLengthWithIcon);
+    m_snippets->installEventFilter(this);
     m_snippets->view()->setObjectName(QStringLiteral("lstSnippit"));
     m_snippets->view()->setTextElideMode(Qt::ElideRight);
     m_text->setObjectName(QStringLiteral("txtMessage"));
@@ -90,6 +92,30 @@ void MessageFields::changeEvent(QEvent* event) {
     if (event->type() == QEvent::ActivationChange) {
         takeSendKey();
     }
+}
+
+// Only what is chosen from the open list goes into the text: no turn of the wheel, and no key that was meant
+// for another field.
+bool MessageFields::eventFilter(QObject* watched, QEvent* event) {
+    if (watched != m_snippets) {
+        return QWidget::eventFilter(watched, event);
+    }
+    if (event->type() == QEvent::Wheel) {
+        event->ignore();
+        return true;
+    }
+    if (event->type() != QEvent::KeyPress) {
+        return false;
+    }
+    const auto& key = static_cast<const QKeyEvent&>(*event);
+    const bool walks = key.key() == Qt::Key_Up || key.key() == Qt::Key_Down || key.key() == Qt::Key_PageUp ||
+                       key.key() == Qt::Key_PageDown || key.key() == Qt::Key_Home || key.key() == Qt::Key_End;
+    const bool letter = !key.text().isEmpty() && key.text().at(0).isPrint() && key.key() != Qt::Key_Space &&
+                        (key.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) == 0;
+    if (walks || letter) {
+        m_snippets->showPopup();
+    }
+    return walks || letter;
 }
 
 void MessageFields::setObstacle(const QString& text) {

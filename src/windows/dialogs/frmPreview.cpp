@@ -53,8 +53,9 @@ void frmPreview::createBar() {
         connect(action, &QAction::triggered, this, act);
         return action;
     };
-    add("cmdPrint", tr("&Print…"), tr("Choose a printer and print"), {QKeySequence::Print},
-        [this] { askForPrinter(); });
+    add("cmdPrint", tr("&Print…"), tr("Choose a printer and print"), {QKeySequence::Print}, [this] {
+        askForPrinter();
+    })->setAutoRepeat(false); // the key that opened this window may be held
     bar->addSeparator();
     add("cmdFitWidth", tr("Fit &Width"), tr("The page as wide as the window"), {Qt::CTRL | Qt::Key_1},
         [this] { m_view->fitToWidth(); });
@@ -132,6 +133,13 @@ void frmPreview::printNow(bool printers) {
 
 void showPreview(const PrintDocument& document, QWidget* owner) {
     askPrintServer(owner, [document, owner](bool printers) {
+        for (frmPreview* const open : owner->findChildren<frmPreview*>()) {
+            if (open->isVisible() && open->document() == document) {
+                open->raise();
+                open->activateWindow();
+                return;
+            }
+        }
         auto* const preview = new frmPreview(document, printers, owner);
         preview->setAttribute(Qt::WA_DeleteOnClose);
         preview->show();

@@ -18,6 +18,8 @@ public:
     // `printers`: whether printers can be looked for. Without, there is the way to a file alone.
     explicit frmPreview(PrintDocument document, bool printers = true, QWidget* parent = nullptr);
 
+    const PrintDocument& document() const { return m_document; }
+
 private:
     void createBar();
     void showPages();
@@ -37,7 +39,7 @@ private:
 };
 
 // Shows a preview over the window `owner`, as soon as it is known whether the print server answers; closing
-// it deletes it.
+// it deletes it. One that shows the same comes to the front instead.
 void showPreview(const PrintDocument& document, QWidget* owner);
 
 } // namespace tessel
