@@ -93,6 +93,31 @@ TEST_F(HeldKeys, ARepeatToldAsReleaseAndPressIsARepeat) {
     EXPECT_EQ(box.presses, 1) << "so long after, the release was lost";
 }
 
+// Ctrl+P, held, would open a window and at once press what has the same key in it.
+TEST_F(HeldKeys, AHeldShortcutStaysInItsWindow) {
+    QWidget other;
+    other.show();
+    const auto isShortcut = [](QWidget& in, quint64 moment) {
+        QApplication::setActiveWindow(&in); // while the program stays the active one
+        QKeyEvent event(QEvent::ShortcutOverride, Qt::Key_P, Qt::ControlModifier);
+        event.setTimestamp(moment);
+        event.ignore();
+        QApplication::sendEvent(in.windowHandle(), &event);
+        return !event.isAccepted(); // else it is a key like any other, and nobody's
+    };
+    const quint64 start = quint64{1} << 40U; // beyond any moment of the events above
+    EXPECT_TRUE(isShortcut(window, start));
+    EXPECT_TRUE(isShortcut(window, start + 500)) << "there it may repeat";
+    EXPECT_FALSE(isShortcut(other, start + 530));
+    QKeyEvent release(QEvent::KeyRelease, Qt::Key_P, Qt::NoModifier);
+    release.setTimestamp(start + 560);
+    QApplication::sendEvent(other.windowHandle(), &release);
+    EXPECT_FALSE(isShortcut(other, start + 560)) << "a repeat told as release and press";
+    release.setTimestamp(start + 600);
+    QApplication::sendEvent(other.windowHandle(), &release);
+    EXPECT_TRUE(isShortcut(other, start + 700)) << "a press of its own";
+}
+
 // A window that closed on the key may leave the keyboard to none.
 TEST_F(HeldKeys, ARepeatWithoutAnyFocusIsNobodys) {
     list.hide();

@@ -5,6 +5,7 @@
 #include <QWindow>
 
 #include <algorithm>
+#include <utility>
 
 namespace tessel {
 
@@ -36,26 +37,46 @@ HeldKeyFilter::HeldKeyFilter() {
             for (Held& held : m_held) {
                 held = Held{held.key};
             }
+            m_shortcut = {};
         }
     });
 }
 
+HeldKeyFilter::Held* HeldKeyFilter::find(const QKeyEvent& event) {
+    const auto key = static_cast<Qt::Key>(event.key());
+    auto* const held =
+        std::find_if(m_held.begin(), m_held.end(), [key](const Held& one) { return one.key == key; });
+    if (held != m_held.end()) {
+        return held;
+    }
+    const bool pressed = event.type() != QEvent::KeyRelease;
+    if (pressed && key != m_shortcut.key &&
+        (event.modifiers() & (Qt::ControlModifier | Qt::AltModifier)) != 0) {
+        m_shortcut = Held{key};
+    }
+    return key == m_shortcut.key ? &m_shortcut : nullptr;
+}
+
 bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
-    // At the window alone: there each key comes by once, before it walks from widget to widget.
-    const bool press = event->type() == QEvent::KeyPress;
-    if ((!press && event->type() != QEvent::KeyRelease) || qobject_cast<QWindow*>(watched) == nullptr) {
+    // At the window alone: there each key comes by once, before it walks from widget to widget. A shortcut
+    // takes its key before that, but asks whether the window wants it.
+    const QEvent::Type type = event->type();
+    const bool press = type == QEvent::KeyPress || type == QEvent::ShortcutOverride;
+    if ((!press && type != QEvent::KeyRelease) || qobject_cast<QWindow*>(watched) == nullptr) {
         return false;
     }
     const auto& key = *static_cast<QKeyEvent*>(event);
-    auto* const held =
-        std::find_if(m_held.begin(), m_held.end(), [&key](const Held& one) { return one.key == key.key(); });
-    if (press && !isModifier(key.key())) {
+    if (isModifier(key.key())) {
+        return false;
+    }
+    if (press) {
         // Of several keys that are down the last one repeats.
         for (Held& one : m_held) {
             one.down = one.down && one.key == key.key();
         }
     }
-    if (held == m_held.end()) {
+    Held* const held = find(key);
+    if (held == nullptr) {
         return false;
     }
     if (!press) {
@@ -65,7 +86,15 @@ bool HeldKeyFilter::eventFilter(QObject* watched, QEvent* event) {
         }
         return false;
     }
-    return dropsPress(*held, key, targetOfKeys());
+    if (std::exchange(held->decidedAt, key.timestamp()) != key.timestamp()) {
+        const QWidget* const target = targetOfKeys();
+        const bool window = held == &m_shortcut && target != nullptr;
+        held->dropped = dropsPress(*held, key, window ? target->window() : target);
+    }
+    if (held->dropped) {
+        event->accept();
+    }
+    return held->dropped;
 }
 
 bool HeldKeyFilter::dropsPress(Held& held, const QKeyEvent& event, const QWidget* target) {
