@@ -97,16 +97,18 @@ void MessageBar::showContent() {
 // by whom is not to be cut for it.
 void MessageBar::fit() {
     m_parts[kText]->setLine(m_content.text);
-    const int around = 2 * look::kSpace +
-                       (m_icon->isHidden() ? 0 : m_icon->sizeHint().width() + look::kSpace) +
-                       (m_button->isHidden() ? 0 : m_button->sizeHint().width() + look::kSpace);
+    const QMargins margins = layout()->contentsMargins();
+    const auto taken = [](const QWidget& part) {
+        return part.isHidden() ? 0 : part.sizeHint().width() + look::kSpace;
+    };
+    const int around = margins.left() + margins.right() + taken(*m_icon) + taken(*m_button);
     const auto wanted = [this](std::initializer_list<Part> parts) {
         int width = 0;
         for (const Part part : parts) {
             const ElidedLabel& label = *m_parts[part];
             width += label.text().isEmpty() ? 0 : label.wholeWidth() + look::kSpace;
         }
-        return width;
+        return width - look::kSpace; // between them
     };
     const int room = width() - around;
     QFont usual = font();

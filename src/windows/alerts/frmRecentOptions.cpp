@@ -46,7 +46,7 @@ frmRecentOptions::frmRecentOptions(Settings& settings, NotificationHistory& hist
     setWindowTitle(tr("Notification List Options"));
     auto* const layout = new QVBoxLayout(this);
     layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, 2 * kGrid);
-    layout->setSpacing(kGrid);
+    layout->setSpacing(kGrid / 2); // all of it stays on a small screen in large letters
     layout->addWidget(new QLabel(tr("Keep these in the list of notifications:"), this));
     for (const Row& row : kRows) {
         auto* const box = new QCheckBox(QLatin1String(row.label), this);
