@@ -32,6 +32,16 @@ QWidget* ownerOfDialog() {
     return owner;
 }
 
+// The second click of two on what opens a dialog lands in the window behind it, and some desktops then
+// leave the keyboard there, where nothing takes it: a name would be typed into nowhere.
+void keepKeyboard(QWidget& dialog) {
+    QTimer::singleShot(QApplication::doubleClickInterval(), &dialog, [&dialog] {
+        if (dialog.isVisible() && QApplication::activeWindow() == dialog.parentWidget()) {
+            dialog.activateWindow();
+        }
+    });
+}
+
 // Gives the program its icon once the first window is painted: what draws the picture is a library
 // of its own, and the user waits for the window, not for the icon.
 class IconAfterFirstPaint : public QObject {
@@ -94,6 +104,9 @@ void FormWindows::show(const WindowRequest& request) {
         shown->show(); // at the start of a session nobody wants it in front of another program
     } else {
         putInFront(*shown);
+        if (shown->isModal()) {
+            keepKeyboard(*shown);
+        }
     }
 }
 

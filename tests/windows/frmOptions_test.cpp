@@ -176,6 +176,24 @@ TEST_F(Options, OpeningWritesNothing) {
     EXPECT_EQ(world[0].fileBytes(kStatusFile), statuses);
 }
 
+// Several settings have a button elsewhere too, and a note may come from afar, while the window is open.
+TEST_F(Options, FollowsWhatIsChangedElsewhere) {
+    open();
+    auto& onTop = control<QCheckBox>("chkOnTop");
+    const auto& size = control<QSpinBox>("updListFontSize");
+    ASSERT_FALSE(onTop.isChecked() || control<QPushButton>("cmdClearNote").isEnabled());
+    world[0]->shell.toggleOnTop();
+    world[0]->shell.IncreaseReportFont();
+    world[0]->presence.SetLocationNote(QStringLiteral("Back at nine"));
+    QApplication::setActiveWindow(nullptr);
+    QApplication::setActiveWindow(form);
+    QApplication::processEvents();
+    EXPECT_TRUE(onTop.isChecked());
+    EXPECT_EQ(size.value(), 11);
+    EXPECT_TRUE(control<QPushButton>("cmdClearNote").isEnabled());
+    EXPECT_TRUE(world[0]->settings.Settings_ONTOP());
+}
+
 TEST_F(Options, ANewNameAndColorReachTheOthersAtOnce) {
     open();
     sentCodes();

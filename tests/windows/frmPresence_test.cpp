@@ -94,6 +94,19 @@ TEST_F(PresenceWindows, SeatsAndFreesAtHome) {
     EXPECT_TRUE(isOccupied(*other().views.rptEndpoints.find(me().own.SID))) << "told, without a name";
 }
 
+// The second click of two lands in the window behind, and the name would be typed into nowhere.
+TEST_F(PresenceWindows, ADoubleClickLeavesTheKeyboardToTheDialog) {
+    const int interval = QApplication::doubleClickInterval();
+    QApplication::setDoubleClickInterval(20);
+    main.reset();
+    windows.show({WindowId::Main});
+    me().commands.Execute(205, nullptr, {});
+    QWidget& ask = shown();
+    QApplication::setActiveWindow(windows.window(WindowId::Main));
+    EXPECT_TRUE(QTest::qWaitFor([&ask] { return ask.isActiveWindow(); }, 2000));
+    QApplication::setDoubleClickInterval(interval);
+}
+
 TEST_F(PresenceWindows, SeatsNotesAndFreesFromAfar) {
     me().actions.SetOccupiedRemote(row(1));
     QWidget& seat = shown();

@@ -174,7 +174,9 @@ void frmMicroMetrics::CreateMenubar() {
 
 void frmMicroMetrics::createKeys() {
     const auto key = [this](const QKeySequence& keys, auto act) {
-        connect(new QShortcut(keys, this), &QShortcut::activated, this, act);
+        auto* const shortcut = new QShortcut(keys, this);
+        shortcut->setAutoRepeat(false); // to count anew is work
+        connect(shortcut, &QShortcut::activated, this, act);
     };
     key(QKeySequence::Refresh, [this] {
         if (m_network) {

@@ -220,7 +220,9 @@ void frmOptions::addLocation(OptionPage& to) {
 
     auto* const note = button(tr("Clear location note"), "cmdClearNote",
                               tr("Takes away the note that stands under your name"), this);
-    note->setEnabled(!m_station.own.note.isEmpty());
+    const auto offerNote = [this, note] { note->setEnabled(!m_station.own.note.isEmpty()); };
+    offerNote();
+    connect(&m_station.presence, &OwnPresence::changed, note, offerNote);
     connect(note, &QPushButton::clicked, this, [this, note] {
         m_station.profile.ClearNote();
         note->setEnabled(false);
@@ -420,6 +422,18 @@ void frmOptions::reject() {
         m_search->clear();
     } else if (saveAll()) {
         QDialog::reject();
+    }
+}
+
+// Some of the settings have a button or a menu elsewhere, too, and this window may stay open meanwhile.
+void frmOptions::changeEvent(QEvent* event) {
+    QDialog::changeEvent(event);
+    if (event->type() == QEvent::ActivationChange && isActiveWindow()) {
+        for (OptionPage* const page : m_pages) {
+            if (page != nullptr) {
+                page->readSettings();
+            }
+        }
     }
 }
 
