@@ -12,10 +12,11 @@ namespace tessel {
 
 namespace {
 constexpr qsizetype kLongestTime = 16; // characters of a time of day
+constexpr int kMinute = 60;            // seconds
 constexpr int kHour = 60;              // minutes
-constexpr int kDay = 24 * kHour;
+constexpr int kDay = 24 * kHour * kMinute;
 // A location whose clock is ahead of this one's has been taken just now, not a day ago.
-constexpr int kClocksDiffer = 30;
+constexpr int kClocksDiffer = 30 * kMinute;
 } // namespace
 
 void RoomTimes::hear(const cPacket& packet) {
@@ -50,12 +51,12 @@ void RoomTimes::forget(const QStringList& SIDs) {
 }
 
 QString RoomTimes::occupiedFor(const QString& SID, int nowSecond) const {
-    const QString start = since(SID);
-    if (parseTime(start) < 0) {
+    const int start = parseTime(since(SID));
+    if (start < 0) {
         return {};
     }
-    const int elapsed = minutesSince(start, nowSecond);
-    const int minutes = elapsed >= 0 ? elapsed : elapsed >= -kClocksDiffer ? 0 : elapsed + kDay;
+    const int elapsed = nowSecond - start;
+    const int minutes = std::max(0, elapsed >= -kClocksDiffer ? elapsed : elapsed + kDay) / kMinute;
     return minutes < kHour ? QStringLiteral("%1 min").arg(minutes)
                            : QStringLiteral("%1 h %2 min")
                                  .arg(minutes / kHour)

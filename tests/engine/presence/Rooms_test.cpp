@@ -168,6 +168,9 @@ TEST_F(Rooms, LargeBoardFollowsWithinASecondAndCountsTheTime) {
     EXPECT_EQ(me->roomTimes.occupiedFor("a", world.clock.secondOfDay()), "15 h 15 min") << "over midnight";
     world.clock.setLocal(QDateTime(QDate(2026, 3, 3), QTime(8, 45)));
     EXPECT_EQ(me->roomTimes.occupiedFor("a", world.clock.secondOfDay()), "0 min") << "its clock is ahead";
+    room("a", "Ann", "11:59:34 PM", 0, "Room A");
+    world.clock.setLocal(QDateTime(QDate(2026, 3, 4), QTime(0, 0, 53)));
+    EXPECT_EQ(me->roomTimes.occupiedFor("a", world.clock.secondOfDay()), "1 min") << "not two";
     hear("XD", {}, "a");
     EXPECT_EQ(me->roomTimes.since("a"), "");
 }
