@@ -1,5 +1,8 @@
 #include "controls/look/ScreenPlacement.h"
 
+#include <QScreen>
+#include <QWidget>
+
 #include <gtest/gtest.h>
 
 using namespace tessel;
@@ -35,4 +38,13 @@ TEST(ScreenPlacement, WindowsComeBackIntoReach) {
     const QRect fresh = placedOnScreens(std::nullopt, size, {left, right});
     EXPECT_LE((fresh.center() - left.center()).manhattanLength(), 2);
     EXPECT_EQ(placedOnScreens(QPoint(5, 6), size, {}), QRect(QPoint(5, 6), size));
+}
+
+// What stands at the lower end of a window, its buttons, must be on the screen with large letters too.
+TEST(ScreenPlacement, LettersMakeWindowsLargerUpToTheScreen) {
+    QWidget window;
+    window.setFont(QFont(QStringLiteral("DejaVu Sans"), 20));
+    const QSize screen = window.screen()->availableSize();
+    EXPECT_GT(sizeForLetters(window, screen / 4).width(), screen.width() / 4);
+    EXPECT_LT(sizeForLetters(window, screen).height(), screen.height());
 }

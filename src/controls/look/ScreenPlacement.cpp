@@ -64,7 +64,11 @@ QList<QRect> freeScreenAreas(bool all) {
 
 QSize sizeForLetters(const QWidget& window, QSize usual) {
     constexpr int kUsualHeight = 16;
-    return usual * std::max(1.0, static_cast<double>(window.fontMetrics().height()) / kUsualHeight);
+    constexpr QSize kFrame(16, 48); // of the desktop's own, about
+    const QSize wanted =
+        usual * std::max(1.0, static_cast<double>(window.fontMetrics().height()) / kUsualHeight);
+    const QScreen* const screen = window.screen();
+    return screen == nullptr ? wanted : wanted.boundedTo(screen->availableSize() - kFrame);
 }
 
 } // namespace tessel

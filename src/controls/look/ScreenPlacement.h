@@ -22,7 +22,7 @@ bool isOnScreens(QPoint position, const QList<QRect>& freeAreas);
 // The free areas of today's screens, the main one first; `all`: false for the main one alone.
 QList<QRect> freeScreenAreas(bool all = true);
 
-// A window's size, chosen for letters of usual height, for those that it has.
+// A window's size, chosen for letters of usual height, for those that it has. Never larger than its screen.
 QSize sizeForLetters(const QWidget& window, QSize usual);
 
 } // namespace tessel

@@ -17,7 +17,9 @@
 #include <QLabel>
 #include <QListWidget>
 #include <QPushButton>
+#include <QScrollArea>
 #include <QShortcut>
+#include <QStyle>
 #include <QTabBar>
 #include <QTabWidget>
 #include <QVBoxLayout>
@@ -140,7 +142,16 @@ QWidget* frmGroupMessage::createGroups() {
     connect(m_groups, &GroupButtons::chosen, this, [this](int slot) { pressGroup(slot + 1); });
     connect(m_groups, &GroupButtons::made, this, [this](int slot) { pressGroup(slot + 1); });
     connect(m_groups, &GroupButtons::loaded, this, &frmGroupMessage::LoadGroups);
-    return page;
+    // With large letters on a small screen the buttons would push the message out of it.
+    auto* const area = new QScrollArea(this);
+    area->setWidgetResizable(true);
+    area->setFrameShape(QFrame::NoFrame);
+    area->setFocusPolicy(Qt::NoFocus);
+    area->setWidget(page);
+    area->setMinimumWidth(page->minimumSizeHint().width() + style()->pixelMetric(QStyle::PM_ScrollBarExtent));
+    area->viewport()->setAutoFillBackground(false);
+    page->setAutoFillBackground(false);
+    return area;
 }
 
 void frmGroupMessage::createButtons() {
