@@ -70,7 +70,13 @@ TEST(MessageBar, ALongTextIsCutAndWholeInThePlainTip) {
     view.bar->setContent({{}, "DoorBell", "short", "10:15 AM", "Reception"});
     QApplication::processEvents();
     EXPECT_EQ(view.tip(), QString());
-    const int height = view.bar->height();
+    const int line = view.bar->height();
+    view.bar->setContent({{}, "DoorBell", QString(60, u'W'), "10:15 AM", "Reception"});
+    QApplication::processEvents();
+    EXPECT_TRUE(view.tip().contains(QString(60, u'W')));
+    const int height = view.bar->height(); // the text has a line of its own
+    EXPECT_GT(height, line);
+    EXPECT_LE(height, 2 * line);
     for (const QString& text :
          {QString(8000, u'W'), QString(8000, u'\n') + "<i>end", QString(3000, QChar(0x0301))}) {
         view.bar->setContent({{}, text, "<b>a</b>" + text, text, text});

@@ -93,8 +93,8 @@ void MessageBar::showContent() {
     fit();
 }
 
-// In little room the text gets a line of its own, and the time goes: it is in the tip, and what is wanted and
-// by whom is not to be cut for it.
+// Without the room for all the text gets a line of its own. Beside that the time goes first: it is in the
+// tip, and what is wanted and by whom is not to be cut for it.
 void MessageBar::fit() {
     m_parts[kText]->setLine(m_content.text);
     const QMargins margins = layout()->contentsMargins();
@@ -111,11 +111,7 @@ void MessageBar::fit() {
         return width - look::kSpace; // between them
     };
     const int room = width() - around;
-    QFont usual = font();
-    usual.setPointSize(look::kMeantFor);
-    const bool narrow =
-        width() * QFontMetrics(usual).height() < look::kNarrow * std::max(fontMetrics().height(), 1);
-    const bool twoLines = narrow && !m_content.text.isEmpty() && wanted({kTitle, kText, kName}) > room;
+    const bool twoLines = !m_content.text.isEmpty() && wanted({kTitle, kText, kTime, kName}) > room;
     // Where not even that has the room, what is wanted stands alone.
     const bool alone = twoLines && wanted({kTitle, kName}) > room;
     ElidedLabel* const text = m_parts[kText];
@@ -130,10 +126,11 @@ void MessageBar::fit() {
         } else {
             m_first->insertWidget(kText, text, kShares[kText]);
         }
+        updateGeometry(); // what is inside does not tell of its height
     }
     text->setMaximumWidth(twoLines ? QWIDGETSIZE_MAX : text->wholeWidth());
-    const int beside = twoLines ? wanted({kTitle, kTime, kName}) : wanted({kTitle, kText, kTime, kName});
-    m_parts[kTime]->setVisible(!m_content.time.isEmpty() && (!narrow || beside <= room));
+    m_parts[kTime]->setVisible(!m_content.time.isEmpty() &&
+                               (!twoLines || wanted({kTitle, kTime, kName}) <= room));
 }
 
 void MessageBar::resizeEvent(QResizeEvent* event) {
