@@ -103,6 +103,7 @@ void Station::wire() {
     connect(&endpoints, &Endpoints::added, &hearing,
             [this](const EndpointAdded& endpoint) { hearing.locationAdded(endpoint.SID); });
 
+    connect(&network, &NetworkMC::canSendChanged, &rooms, &RoomStatus::networkChanged);
     // Lists follow the rooms' times, which are heard before anybody else acts on a packet.
     protocol.listen([this](const cPacket& packet, Code, quint32) { roomTimes.hear(packet); });
     connect(&endpoints, &Endpoints::removed, this,

@@ -12,6 +12,7 @@ namespace {
 
 constexpr int kMinuteMs = 60000;
 constexpr int kFollowMs = 250;
+constexpr int kAnswersMs = 4000; // the answers come after three seconds
 const QString kOthersTip = QStringLiteral("Double-Click to send a Message or Alert");
 const QString kOwnTip = QStringLiteral("Double-Click to set your Status");
 
@@ -27,8 +28,9 @@ RoomStatus::RoomStatus(const OwnState& own, Settings& settings, Clock& clock, co
                          Load_Active();
                      }
                  }),
-      tmrFollow(clock, "tmrFollow", kFollowMs, Timer::Kind::OneShot, [this] { fill(); }), m_own(own),
-      m_settings(settings), m_clock(clock), m_views(views), m_times(times) {
+      tmrFollow(clock, "tmrFollow", kFollowMs, Timer::Kind::OneShot, [this] { fill(); }),
+      tmrAnswers(clock, "tmrAnswers", kAnswersMs, Timer::Kind::OneShot, [this] { emit knownChanged(); }),
+      m_own(own), m_settings(settings), m_clock(clock), m_views(views), m_times(times) {
     connect(&views.rptEndpoints, &ReportRecords::changed, this, [this] {
         if (m_mode == Mode::Large && !tmrFollow.enabled()) {
             tmrFollow.setEnabled(true);
@@ -48,6 +50,19 @@ void RoomStatus::setMode(Mode mode) {
 void RoomStatus::Load_Active() {
     emit loaded();
     fill();
+}
+
+bool RoomStatus::known() const {
+    return m_own.canSend() && !tmrAnswers.enabled();
+}
+
+void RoomStatus::networkChanged() {
+    if (m_own.canSend()) {
+        tmrAnswers.restart();
+    } else {
+        tmrAnswers.setEnabled(false);
+    }
+    emit knownChanged();
 }
 
 void RoomStatus::fill() {

@@ -42,6 +42,11 @@ public:
     Mode mode() const { return m_mode; }
     // Makes the board anew.
     void Load_Active();
+    // Whether the others can have told who sits where: not while offline, nor until they have answered
+    // after that. An empty board says nothing then, least of all on a wall.
+    bool known() const;
+    // This station can send from now on, or no longer.
+    void networkChanged();
     // Whether notes of locations are shown; flipping is stored.
     bool previewMode() const;
     void SetPreviewMode();
@@ -54,12 +59,14 @@ public:
     ReportRecords rptStatus{static_cast<int>(RoomItem::SID)};
 
     Timer tmrRefresh;
-    Timer tmrFollow; // gathers the changes that the large board follows
+    Timer tmrFollow;  // gathers the changes that the large board follows
+    Timer tmrAnswers; // the others answer an announcement
 
 signals:
     // The board was made anew by the clock or by hand; a search in it ends.
     void loaded();
     void previewModeChanged();
+    void knownChanged();
 
 private:
     void fill();

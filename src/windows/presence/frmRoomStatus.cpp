@@ -79,6 +79,7 @@ frmRoomStatus::frmRoomStatus(RoomStatus& rooms, LocationActions& actions, const 
         m_notes->setChecked(m_rooms.previewMode());
         m_board->setPreviewMode(m_rooms.previewMode());
     });
+    connect(&m_rooms, &RoomStatus::knownChanged, this, &frmRoomStatus::showEmptyState);
     connect(m_board, &ReportControl::recordActivated, this, [this](const ReportRecordPtr& row) {
         if (const auto* const home = m_views.rptEndpoints.find(item(*row, RoomItem::SID).text)) {
             m_actions.LaunchActionsWindow(*home);
@@ -95,8 +96,7 @@ void frmRoomStatus::Create_StatusView() {
     m_board->setObjectName(QStringLiteral("rptStatus"));
     m_board->setAccessibleName(windowTitle());
     m_board->setIconProvider([this](int number) { return m_images.image(number, palette()); });
-    m_board->setEmptyState({tr("No room is occupied"), tr("Seat Patient, in the main window, fills a room."),
-                            static_cast<int>(Image::SeatPatient)});
+    showEmptyState();
     m_board->setNoMatchState({tr("No room matches the filter"), tr("Escape in the filter shows all again."),
                               static_cast<int>(Image::Search)});
     m_board->setSortKeys({{static_cast<int>(RoomItem::SORT), false, true}});
@@ -104,6 +104,18 @@ void frmRoomStatus::Create_StatusView() {
     m_board->setFontSize(m_settings.Fonts_EVFS());
     m_board->setRecords(&m_rooms.rptStatus);
     showColumns();
+}
+
+void frmRoomStatus::showEmptyState() {
+    if (m_rooms.known()) {
+        m_board->setEmptyState({tr("No room is occupied"),
+                                tr("Seat Patient, in the main window, fills a room."),
+                                static_cast<int>(Image::SeatPatient)});
+    } else {
+        m_board->setEmptyState({tr("It is not known which rooms are occupied"),
+                                tr("The network is down, or the other locations have not answered yet."),
+                                static_cast<int>(Image::Refresh)});
+    }
 }
 
 void frmRoomStatus::showColumns() {

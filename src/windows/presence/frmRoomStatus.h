@@ -42,6 +42,7 @@ private:
     void Create_StatusView();
     void CreateStatusbar();
     void showLook(); // of the window or the large board
+    void showEmptyState();
     void showColumns();
     void sizeLetters();
 

@@ -149,6 +149,22 @@ TEST_F(Rooms, BoardIsMadeAnewOnceAMinute) {
     EXPECT_EQ(me->rooms.rptStatus.revision(), revision) << "closed, it costs nothing";
 }
 
+// On a wall "no room is occupied" must be true.
+TEST_F(Rooms, AnEmptyBoardSaysSoOnlyWhereTheOthersHaveAnswered) {
+    world.run(5);
+    EXPECT_TRUE(me->rooms.known());
+    me->network.RestartNetwork();
+    EXPECT_FALSE(me->rooms.known()) << "offline";
+    int told = 0;
+    QObject::connect(&me->rooms, &RoomStatus::knownChanged, [&told] { ++told; });
+    world.run(5);
+    EXPECT_TRUE(me->own.canSend());
+    EXPECT_FALSE(me->rooms.known()) << "nobody has answered yet";
+    world.run(4);
+    EXPECT_TRUE(me->rooms.known());
+    EXPECT_EQ(told, 2);
+}
+
 TEST_F(Rooms, LargeBoardFollowsWithinASecondAndCountsTheTime) {
     room("a", "Ann", "8:50:00 AM", 0, "Room A");
     room("b", "Bob", "7:55:00 AM", 0, "Room B");
