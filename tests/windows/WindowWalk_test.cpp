@@ -10,7 +10,12 @@
 #include "windows/dialogs/frmPreview.h"
 #include "windows/mainwindow/frmMain.h"
 
+#include <QAbstractButton>
 #include <QAbstractSpinBox>
+#include <QGroupBox>
+#include <QLabel>
+#include <QMap>
+#include <QMenuBar>
 #include <QTabWidget>
 
 #include <gtest/gtest.h>
@@ -148,6 +153,40 @@ int focusDots(QWidget& window, QWidget& widget) {
     return dots;
 }
 
+// Of two that have the same letter Alt presses neither.
+void expectLettersOfTheirOwn(const QWidget& window) {
+    QMap<QString, QString> taken;
+    const auto take = [&taken](const QString& caption) {
+        const QString letter = QKeySequence::mnemonic(caption).toString();
+        if (!letter.isEmpty()) {
+            EXPECT_FALSE(taken.contains(letter))
+                << letter.toStdString() << " is that of " << taken[letter].toStdString() << " and of "
+                << caption.toStdString();
+            taken[letter] = caption;
+        }
+    };
+    for (const QWidget* const widget : window.findChildren<QWidget*>()) {
+        if (widget->window() != &window || !widget->isVisible()) {
+            continue;
+        }
+        if (const auto* const button = qobject_cast<const QAbstractButton*>(widget)) {
+            take(button->text());
+        } else if (const auto* const label = qobject_cast<const QLabel*>(widget)) {
+            take(label->buddy() != nullptr ? label->text() : QString());
+        } else if (const auto* const box = qobject_cast<const QGroupBox*>(widget)) {
+            take(box->title());
+        } else if (const auto* const tabs = qobject_cast<const QTabBar*>(widget)) {
+            for (int tab = 0; tab < tabs->count(); ++tab) {
+                take(tabs->isTabVisible(tab) ? tabs->tabText(tab) : QString());
+            }
+        } else if (const auto* const menus = qobject_cast<const QMenuBar*>(widget)) {
+            for (const QAction* const menu : menus->actions()) {
+                take(menu->text());
+            }
+        }
+    }
+}
+
 void settle() {
     for (int turn = 0; turn < 3; ++turn) {
         QApplication::processEvents();
@@ -174,6 +213,7 @@ protected:
 
     // Tab from the first that takes the keyboard, round to there again.
     static void walkPage(QWidget& window) {
+        expectLettersOfTheirOwn(window);
         const Stops all = stopsOf(window);
         if (all.empty()) {
             return;

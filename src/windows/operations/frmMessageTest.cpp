@@ -65,7 +65,7 @@ void frmMessageTest::createFields() {
     auto* const layout = new QFormLayout(centre);
     layout->setContentsMargins(2 * kGrid, 2 * kGrid, 2 * kGrid, kGrid);
     layout->setSpacing(kGrid);
-    layout->addRow(tr("&Send a message"), m_pause);
+    layout->addRow(tr("S&end a message"), m_pause);
     layout->addRow(tr("&Messages"), m_count);
     layout->addRow(m_state);
     layout->addRow(buttons);

@@ -136,7 +136,7 @@ QWidget* frmActions::createFavoritePage() {
     tones->addWidget(m_tone, 1);
     tones->addWidget(m_play);
     auto* const options = new QGroupBox(QStringLiteral(" Favorite Options "), page);
-    m_popup = new QCheckBox(tr("Show a po&pup when this location sets a status"), options);
+    m_popup = new QCheckBox(tr("Show a pop&up when this location sets a status"), options);
     m_popup->setObjectName(QStringLiteral("chkFavPopup"));
     m_save = button(QStringLiteral("cmdSave"), tr("Sa&ve"), tr("Keep tone and popup"), options);
     m_favorite = button(QStringLiteral("cmdFavorite"), tr("&Remove from Favorites"),
