@@ -155,8 +155,11 @@ bool MessageFields::settle(SendResult result) {
     return false;
 }
 
+// So that Ctrl+Z brings it back.
 void MessageFields::ClearQuickMessage() {
-    m_text->clear();
+    QTextCursor all(m_text->document());
+    all.select(QTextCursor::Document);
+    all.removeSelectedText();
     m_text->setFocus();
 }
 
