@@ -40,11 +40,11 @@ OtherProgram::OtherProgram() : m_connection(xcb_connect(nullptr, nullptr)) {
     const auto count = static_cast<std::uint8_t>(setup->max_keycode - first);
     const auto keys = owned(xcb_get_keyboard_mapping_reply(
         m_connection, xcb_get_keyboard_mapping(m_connection, first, count), nullptr));
-    for (int key = 0; keys && key < count; ++key) {
+    for (std::size_t key = 0; keys && key < count; ++key) {
         const xcb_keysym_t plain =
             xcb_get_keyboard_mapping_keysyms(keys.get())[key * keys->keysyms_per_keycode];
         if (plain >= 'a' && plain <= 'z') {
-            m_letters[first + key] = static_cast<char>(plain);
+            m_letters[static_cast<qsizetype>(first + key)] = static_cast<char>(plain);
         }
     }
 }

@@ -250,7 +250,7 @@ protected:
         bool well = false;
         for (std::size_t turn = 0; turn < seen.size() && !well; ++turn) {
             well = readsWell(seen);
-            std::ranges::rotate(seen, seen.begin() + 1);
+            std::rotate(seen.begin(), seen.begin() + 1, seen.end());
         }
         if (!well) {
             ADD_FAILURE() << "the order is not that of the eye";

@@ -40,6 +40,7 @@ std::vector<QLayoutItem*> itemsOf(QLayout& layout) {
     }
     std::ranges::sort(placed);
     std::vector<QLayoutItem*> items;
+    items.reserve(placed.size());
     for (const auto& [row, column, item] : placed) {
         items.push_back(item);
     }
