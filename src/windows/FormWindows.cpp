@@ -7,6 +7,7 @@
 #include "windows/mainwindow/frmMain.h"
 
 #include <QApplication>
+#include <QDialog>
 #include <QEvent>
 #include <QIcon>
 #include <QTimer>
@@ -38,6 +39,20 @@ void keepKeyboard(QWidget& dialog) {
     QTimer::singleShot(QApplication::doubleClickInterval(), &dialog, [&dialog] {
         if (dialog.isVisible() && QApplication::activeWindow() == dialog.parentWidget()) {
             dialog.activateWindow();
+        }
+    });
+}
+
+// What was opened from a dialog that holds others, a message that came meanwhile, say, stays when that goes.
+void leaveChildren(QDialog& dialog) {
+    QObject::connect(&dialog, &QDialog::finished, &dialog, [&dialog] {
+        for (QDialog* const child : dialog.findChildren<QDialog*>(Qt::FindDirectChildrenOnly)) {
+            if (child->isVisible() && !child->isModal()) {
+                const QRect place = child->geometry();
+                child->setParent(dialog.parentWidget(), child->windowFlags());
+                child->setGeometry(place);
+                putInFront(*child);
+            }
         }
     });
 }
@@ -121,6 +136,9 @@ QWidget* FormWindows::make(const WindowRow& row, bool modal) {
     // Without an owner it would hold every window, the popups of alerts among them.
     if (owner != nullptr && (modal || row.life == Life::Modal)) {
         made->setWindowModality(Qt::WindowModal);
+    }
+    if (auto* const holder = qobject_cast<QDialog*>(made)) {
+        leaveChildren(*holder);
     }
     if (row.life == Life::Face) {
         new IconAfterFirstPaint(made);

@@ -178,6 +178,26 @@ TEST_F(MessageOffice, AnAnswerOutlivesTheNetworkAndOtherMessages) {
     EXPECT_EQ(inbox(0), QStringList("1 half an answer"));
 }
 
+// A message that is opened while a window holds the main one.
+TEST_F(MessageOffice, AMessageStaysWhenTheWindowBeforeItGoes) {
+    QWidget& letter = compose(0);
+    textOf(letter).setPlainText("a question");
+    press(letter, "cmdSend");
+    QWidget& actions = show(1, {.window = WindowId::Actions, .SID = world[0]->own.SID});
+    actions.activateWindow();
+    ASSERT_TRUE(QTest::qWaitForWindowActive(&actions));
+    QWidget& read = opened(1);
+    ASSERT_EQ(read.parentWidget(), &actions);
+    QTest::keyClicks(&textOf(read), "half");
+    actions.close();
+    QCoreApplication::sendPostedEvents(nullptr, QEvent::DeferredDelete);
+    settle();
+    EXPECT_EQ(desks[1]->windows.window(WindowId::Actions), nullptr);
+    ASSERT_EQ(desks[1]->windows.window(WindowId::Reply), &read);
+    EXPECT_TRUE(read.isVisible());
+    EXPECT_EQ(textOf(read).toPlainText(), "half");
+}
+
 // Of the history a message to everyone is answered to everyone; a key for what is not offered must not.
 TEST_F(MessageOffice, NothingIsAcknowledgedFromTheHistory) {
     QWidget& letter = compose(0);
