@@ -102,6 +102,8 @@ TEST_F(PresenceWindows, ADoubleClickLeavesTheKeyboardToTheDialog) {
     windows.show({WindowId::Main});
     me().commands.Execute(205, nullptr, {});
     QWidget& ask = shown();
+    // The click that opens it, and the one behind, with nothing in between.
+    windows.show(world[0].desktop.windows.requests.back());
     QApplication::setActiveWindow(windows.window(WindowId::Main));
     EXPECT_TRUE(QTest::qWaitFor([&ask] { return ask.isActiveWindow(); }, 2000));
     QApplication::setDoubleClickInterval(interval);
@@ -183,6 +185,20 @@ TEST_F(PresenceWindows, ActionsWindowAsksAndShowsWhatItAsked) {
     world.run(1);
     EXPECT_TRUE(other().own.occupied) << "a double click is one";
     EXPECT_EQ(other().own.staffTag, 34);
+}
+
+// What another program calls itself, or its patient, must not push the buttons off the screen.
+TEST_F(PresenceWindows, EndlessNamesLeaveTheActionsOnTheScreen) {
+    const QString endless(240, u'W');
+    me().protocol.receive(
+        RawPacket{.location = endless,
+                  .code = "XAN",
+                  .presence = QStringList{"Busy", {}, "-1", endless, "0", {}, {}, "0", {}}.join(ValueMark)}
+            .bytes());
+    me().actions.LaunchActionsWindow(*me().views.rptEndpoints.find(RawPacket{}.SID));
+    const QWidget& window = shown();
+    EXPECT_LT(window.width(), 1000);
+    EXPECT_TRUE(part<QPushButton>(window, "cmdLocInUse").text().startsWith("Remove Patient (WWW"));
 }
 
 TEST_F(PresenceWindows, WithoutStaffTagsNoneAreOffered) {

@@ -19,13 +19,20 @@ QString body(const QStringList& values) {
 
 constexpr int kSeatPatientPicture = 13;
 constexpr int kRemovePatientPicture = 21;
+// Twice what can be typed. A longer name comes from some other program, and must not make a window wider
+// than the screen.
+constexpr qsizetype kShownPatient = 30;
 
 } // namespace
 
 QString RoomCaption(bool occupied, const QString& patient) {
-    return !occupied           ? QStringLiteral("Seat Patient")
-           : patient.isEmpty() ? QStringLiteral("Remove Patient")
-                               : QLatin1String("Remove Patient (") + patient.simplified() + u')';
+    QString name = patient.simplified();
+    if (name.size() > kShownPatient) {
+        name = name.left(kShownPatient - 1) + QChar(0x2026);
+    }
+    return !occupied        ? QStringLiteral("Seat Patient")
+           : name.isEmpty() ? QStringLiteral("Remove Patient")
+                            : QLatin1String("Remove Patient (") + name + u')';
 }
 
 int RoomPicture(bool occupied) {

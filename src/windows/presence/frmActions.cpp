@@ -1,6 +1,7 @@
 #include "windows/presence/frmActions.h"
 
 #include "controls/edit/OncePerDoubleClick.h"
+#include "controls/list/ReportText.h"
 #include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_Tones.h"
 #include "engine/core/mod_Definitions.h"
@@ -29,9 +30,15 @@ constexpr int kGrid = 8;
 constexpr int kFocusMs = 50;
 const QColor kAsked(192, 192, 192); // of a name that was sent, and is not known to be taken
 
-// A name in the caption of a group or button.
+// A name of any length must leave the buttons on the screen.
 QString shown(const QString& name) {
-    return name.simplified().replace(u'&', QLatin1String("&&"));
+    constexpr int kShownName = 30; // characters
+    return singleLine(name.simplified(), kShownName);
+}
+
+// The same in the caption of a group.
+QString captioned(const QString& name) {
+    return shown(name).replace(u'&', QLatin1String("&&"));
 }
 
 } // namespace
@@ -207,7 +214,7 @@ void frmActions::fillStatuses() {
 void frmActions::showStatus(bool set, const QString& text) {
     const QString act =
         set ? QStringLiteral("Clear Status for location ") : QStringLiteral("Set Status for location ");
-    m_statusGroup->setTitle(act + shown(m_facts.Location));
+    m_statusGroup->setTitle(act + captioned(m_facts.Location));
     if (!set) {
         fillStatuses();
     } else {
@@ -271,7 +278,7 @@ void frmActions::showFavorite() {
     m_facts.Slot = m_favorites.FindFavoriteSlot(m_facts.SID);
     const bool favorite = m_facts.Slot >= 0;
     const QString text = favorite ? tr("%1 is one of your favorites.") : tr("%1 is none of your favorites.");
-    m_favoriteState->setText(text.arg(m_facts.Location.simplified()));
+    m_favoriteState->setText(text.arg(shown(m_facts.Location)));
     const int tone = favorite ? m_favorites.toneOf(m_facts.Slot).toInt() : 0;
     m_tone->setCurrentIndex(tone < m_tone->count() ? tone : 0);
     m_popup->setChecked(!favorite || m_favorites.wantsPopup(m_facts.Slot));
