@@ -85,20 +85,23 @@ constexpr std::array kWindows{
               [](const WindowParts& p) -> QWidget* {
                   return new frmPatientName(p.station.own, p.station.presence, p.owner);
               }},
-    WindowRow{
-        WindowId::OccupiedRemote, "frmOccupiedRemote", Life::Modal,
-        [](const WindowParts& p) -> QWidget* { return new frmOccupiedRemote(p.station.actions, p.owner); }},
+    WindowRow{WindowId::OccupiedRemote, "frmOccupiedRemote", Life::Modal,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmOccupiedRemote(p.station.actions, p.station.own, p.station.network, p.owner);
+              }},
     WindowRow{WindowId::ActiveNote, "frmActiveNote", Life::Modal,
               [](const WindowParts& p) -> QWidget* {
                   return new frmActiveNote(p.station.own, p.station.presence, p.station.shell, p.owner);
               }},
-    WindowRow{
-        WindowId::LocationNote, "frmLocationNote", Life::Modal,
-        [](const WindowParts& p) -> QWidget* { return new frmLocationNote(p.station.actions, p.owner); }},
+    WindowRow{WindowId::LocationNote, "frmLocationNote", Life::Modal,
+              [](const WindowParts& p) -> QWidget* {
+                  return new frmLocationNote(p.station.actions, p.station.own, p.station.network, p.owner);
+              }},
     WindowRow{WindowId::Actions, "frmActions", Life::Modal,
               [](const WindowParts& p) -> QWidget* {
-                  return new frmActions(p.station.actions, p.station.favorites, p.station.sharedStatus,
-                                        p.station.tones, p.station.settings, p.owner);
+                  return new frmActions(p.station.actions, {p.station.own, p.station.network},
+                                        p.station.favorites, p.station.sharedStatus, p.station.tones,
+                                        p.station.settings, p.owner);
               }},
     WindowRow{WindowId::FavEditor, "frmFavEditor", Life::Dialog,
               [](const WindowParts& p) -> QWidget* {

@@ -10,6 +10,7 @@
 #include <QCheckBox>
 #include <QComboBox>
 #include <QGroupBox>
+#include <QLabel>
 #include <QLineEdit>
 #include <QListWidget>
 #include <QPushButton>
@@ -145,6 +146,56 @@ TEST_F(PresenceWindows, SeatsNotesAndFreesFromAfar) {
     part<QLineEdit>(mine, "fltNote").setText("at lunch");
     press(mine, "cmdSet");
     EXPECT_EQ(other().views.rptEndpoints.find(me().own.SID)->preview, "at lunch");
+}
+
+// The network restarts while the window is open: nothing goes out, so nothing may look as if it had.
+TEST_F(PresenceWindows, WhatAsksAnotherLocationWaitsForTheNetwork) {
+    const auto restart = [this] { me().network.RestartNetwork(); };
+    const auto back = [this] {
+        world.run(20);
+        settle();
+    };
+    me().actions.LaunchActionsWindow(row(1));
+    QWidget& window = shown();
+    auto& status = part<QComboBox>(window, "cmbStatus");
+    EXPECT_TRUE(part<QLabel>(window, "lblOffline").isHidden());
+    status.setEditText("Lunch");
+    restart();
+    EXPECT_FALSE(part<QLabel>(window, "lblOffline").isHidden());
+    QTest::keyClick(status.lineEdit(), Qt::Key_Return);
+    for (const char* const name : {"cmdStatus", "cmdClear", "cmdLocInUse"}) {
+        press(window, name);
+    }
+    EXPECT_EQ(part<QGroupBox>(window, "grpStatus").title(), "Set Status for location Room 2");
+    EXPECT_EQ(me().footer.text(), "  Not sent: offline");
+    back();
+    EXPECT_EQ(other().own.status, "");
+    EXPECT_TRUE(part<QLabel>(window, "lblOffline").isHidden());
+    press(window, "cmdStatus");
+    EXPECT_EQ(other().own.status, "Lunch") << "what was typed is still there";
+    window.close();
+    settle();
+
+    me().actions.SetOccupiedRemote(row(1));
+    QWidget& seat = shown();
+    part<QLineEdit>(seat, "fltName").setText("Bob");
+    restart();
+    QTest::keyClick(&part<QLineEdit>(seat, "fltName"), Qt::Key_Return);
+    EXPECT_TRUE(seat.isVisible());
+    back();
+    press(seat, "cmdLocInUse");
+    EXPECT_EQ(other().own.patientName, "Bob");
+
+    me().actions.SetLocationNoteRemote(row(1));
+    QWidget& note = shown();
+    part<QLineEdit>(note, "fltNote").setText("wash it");
+    restart();
+    QTest::keyClick(&part<QLineEdit>(note, "fltNote"), Qt::Key_Return);
+    press(note, "cmdRemove");
+    EXPECT_TRUE(note.isVisible());
+    back();
+    press(note, "cmdSet");
+    EXPECT_EQ(other().own.note, "wash it");
 }
 
 TEST_F(PresenceWindows, ActionsWindowAsksAndShowsWhatItAsked) {

@@ -62,7 +62,7 @@ void NetworkMC::startNow() {
 
 void NetworkMC::interfacesSettled() {
     // A start that is due anyway, or has not been asked for yet, sees the interfaces as they then are.
-    if (!m_startTried || m_own.leaving || tmrNetStart.enabled()) {
+    if (!m_startTried || starting()) {
         return;
     }
     if (!m_own.online) {
@@ -213,6 +213,10 @@ void NetworkMC::Network_Start() {
 
 void NetworkMC::Announce() {
     m_protocolLayer.send(Code::XAN, version());
+}
+
+bool NetworkMC::starting() const {
+    return m_own.leaving || tmrNetStart.enabled();
 }
 
 bool NetworkMC::CanSend() {

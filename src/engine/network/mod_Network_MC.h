@@ -41,6 +41,8 @@ public:
     // Whether what the user sends now can reach anybody. If not, the footer says so: every act that
     // sends asks here first, and does nothing on false.
     bool CanSend();
+    // Whether the network comes up by itself in a few seconds, or is just going down for that.
+    bool starting() const;
 
     // Stores another network group, and restarts the network if it differs from the stored one.
     void SaveNetwork(int group);

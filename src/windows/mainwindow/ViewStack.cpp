@@ -77,9 +77,22 @@ ViewStack::ViewStack(Station& station, CommandSet& commands, std::function<QIcon
 }
 
 void ViewStack::Create_EndpointView() {
-    createList(View::Home, m_station.views.rptEndpoints,
-               {tr("No locations yet"), tr("The network comes up a few seconds after the start."),
-                static_cast<int>(Image::Home)});
+    createList(View::Home, m_station.views.rptEndpoints, {});
+    showNetwork();
+    // When all that happens at once is over: a restart goes off line before it arms its timer.
+    connect(
+        &m_station.network, &NetworkMC::canSendChanged, this, [this] { showNetwork(); },
+        Qt::QueuedConnection);
+}
+
+void ViewStack::showNetwork() {
+    const bool starting = m_station.network.starting();
+    m_lists[View::Home]->setEmptyState({tr("No locations yet"),
+                                        starting ? tr("The network comes up a few seconds after the start.")
+                                        : m_station.own.canSend()
+                                            ? tr("No other location has answered. Ctrl+R looks again.")
+                                            : tr("Offline: they come as soon as there is a network."),
+                                        static_cast<int>(Image::Home)});
 }
 
 void ViewStack::Create_StatusView() {

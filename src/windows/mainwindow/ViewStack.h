@@ -56,6 +56,8 @@ signals:
 
 private:
     void Create_EndpointView();
+    // Why the first list is empty, if it is.
+    void showNetwork();
     void Create_StatusView();
     void Create_FavoritesView();
     void Create_MessageView(CommandSet& commands);

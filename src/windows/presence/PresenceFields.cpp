@@ -1,7 +1,9 @@
 #include "windows/presence/PresenceFields.h"
 
 #include "controls/look/Images.h"
+#include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
+#include "engine/network/mod_Network_MC.h"
 #include "engine/presence/mod_LocationActions.h"
 #include "engine/presence/mod_OwnPresence.h"
 
@@ -9,6 +11,8 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
+
+#include <utility>
 
 namespace tessel {
 
@@ -76,6 +80,19 @@ QPushButton* button(const QString& name, const QString& caption, const QString& 
 void showRoomAct(QPushButton& act, const Images& images, bool occupied, const QString& patient) {
     act.setText(RoomCaption(occupied, patient).replace(u'&', QLatin1String("&&")));
     act.setIcon(images.image(RoomPicture(occupied), act.palette()));
+}
+
+QLabel* offlineLine(const OwnState& own, const NetworkMC& network, QDialog& dialog,
+                    std::function<void(bool canSend)> follow) {
+    auto* const line = new QLabel(QObject::tr("Offline: nothing can be sent now"), &dialog);
+    line->setObjectName(QStringLiteral("lblOffline"));
+    const auto show = [&own, line, follow = std::move(follow)] {
+        line->setVisible(!own.canSend());
+        follow(own.canSend());
+    };
+    QObject::connect(&network, &NetworkMC::canSendChanged, line, show);
+    show();
+    return line;
 }
 
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons) {

@@ -3,16 +3,20 @@
 
 #include "controls/edit/KeyFilterEdit.h"
 
+#include <functional>
 #include <initializer_list>
 
 class QDialog;
 class QHBoxLayout;
+class QLabel;
 class QPushButton;
 class QVBoxLayout;
 
 namespace tessel {
 
 class Images;
+class NetworkMC;
+struct OwnState;
 
 // fltName: a patient's name, or the grey "Optional Name".
 KeyFilterEdit* patientField(QWidget* parent);
@@ -27,6 +31,10 @@ void addField(QVBoxLayout& layout, const QString& label, QWidget* field);
 QPushButton* button(const QString& name, const QString& caption, const QString& tip, QWidget* parent);
 // Gives the button that seats or removes a patient its caption and picture.
 void showRoomAct(QPushButton& act, const Images& images, bool occupied, const QString& patient);
+// A line that is there while nothing can be sent, and says so. `follow` learns at once and at each change
+// whether something can.
+QLabel* offlineLine(const OwnState& own, const NetworkMC& network, QDialog& dialog,
+                    std::function<void(bool canSend)> follow);
 // Buttons from the right edge inwards.
 QHBoxLayout* buttonRow(std::initializer_list<QPushButton*> buttons);
 

@@ -4,8 +4,10 @@
 #include "controls/list/ReportText.h"
 #include "controls/look/TabOrder.h"
 #include "engine/alerts/mod_Tones.h"
+#include "engine/core/cOwnState.h"
 #include "engine/core/mod_Definitions.h"
 #include "engine/core/mod_Settings.h"
+#include "engine/network/mod_Network_MC.h"
 #include "engine/presence/mod_Favorites.h"
 #include "engine/presence/mod_LocalStatus.h"
 #include "engine/presence/mod_SharedStatus.h"
@@ -43,10 +45,10 @@ QString captioned(const QString& name) {
 
 } // namespace
 
-frmActions::frmActions(LocationActions& actions, Favorites& favorites, const SharedStatus& shared,
-                       Tones& tones, const Settings& settings, QWidget* parent)
-    : QDialog(parent), m_actions(actions), m_favorites(favorites), m_shared(shared), m_tones(tones),
-      m_offersTags(settings.Settings_SST()), m_pages(new QTabWidget(this)) {
+frmActions::frmActions(LocationActions& actions, Network network, Favorites& favorites,
+                       const SharedStatus& shared, Tones& tones, const Settings& settings, QWidget* parent)
+    : QDialog(parent), m_actions(actions), m_network(network), m_favorites(favorites), m_shared(shared),
+      m_tones(tones), m_offersTags(settings.Settings_SST()), m_pages(new QTabWidget(this)) {
     setWindowTitle(QStringLiteral("Location Actions"));
     m_pages->setObjectName(QStringLiteral("Views"));
     m_pages->addTab(createStatusPage(), tr("&Set Status"));
@@ -60,6 +62,8 @@ frmActions::frmActions(LocationActions& actions, Favorites& favorites, const Sha
     controls->layout()->setContentsMargins(0, 0, 0, 0);
     QVBoxLayout* const layout = dialogLayout(*this);
     layout->addWidget(m_pages, 1);
+    layout->addWidget(
+        offlineLine(network.own, network.layer, *this, [this](bool canSend) { showCanSend(canSend); }));
     layout->addWidget(controls);
     tabAsLaidOut(*this);
     connect(close, &QPushButton::clicked, this, &QDialog::reject);
@@ -221,11 +225,21 @@ void frmActions::showStatus(bool set, const QString& text) {
         m_statusText->setText(text);
     }
     m_status->setEnabled(!set);
-    m_set->setEnabled(!set);
-    m_clear->setEnabled(set);
+    m_statusSet = set;
+    showCanSend(m_network.own.canSend());
+}
+
+void frmActions::showCanSend(bool canSend) {
+    m_set->setEnabled(canSend && !m_statusSet);
+    m_clear->setEnabled(canSend && m_statusSet);
+    m_inUse->setEnabled(canSend);
+    m_tags->setEnabled(canSend);
 }
 
 void frmActions::Set_Status() {
+    if (!m_network.layer.CanSend()) {
+        return;
+    }
     const QString text = m_statusText->text().trimmed();
     const int entry = m_status->currentIndex();
     const bool picked = entry >= 0 && m_status->itemText(entry) == m_statusText->text();

@@ -18,17 +18,23 @@ namespace tessel {
 
 class Favorites;
 class KeyFilterEdit;
+class NetworkMC;
 class Settings;
 class SharedStatus;
 class StaffTagButtons;
 class Tones;
+struct OwnState;
 
 // Every act is a request: the window shows what it has asked for, the row what became of it.
 class frmActions : public QDialog, public RequestedWindow {
     Q_OBJECT
 public:
-    frmActions(LocationActions& actions, Favorites& favorites, const SharedStatus& shared, Tones& tones,
-               const Settings& settings, QWidget* parent = nullptr);
+    struct Network {
+        const OwnState& own;
+        NetworkMC& layer;
+    };
+    frmActions(LocationActions& actions, Network network, Favorites& favorites, const SharedStatus& shared,
+               Tones& tones, const Settings& settings, QWidget* parent = nullptr);
 
     void take(const WindowRequest& request) override;
 
@@ -39,6 +45,8 @@ private:
     void LoadFavTones();
     void fillStatuses();
     void showStatus(bool set, const QString& text);
+    // Whether the location can be asked for something now.
+    void showCanSend(bool canSend);
     void showRoom();
     void showFavorite();
     void Set_Status();
@@ -50,11 +58,13 @@ private:
     void saveFavorite();   // cmdSave
 
     LocationActions& m_actions;
+    Network m_network;
     Favorites& m_favorites;
     const SharedStatus& m_shared;
     Tones& m_tones;
     const bool m_offersTags; // setting `SST`
     LocationFacts m_facts;
+    bool m_statusSet = false; // as far as this window knows
     Images m_images;
 
     QTabWidget* m_pages;

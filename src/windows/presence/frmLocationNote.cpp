@@ -1,14 +1,17 @@
 #include "windows/presence/frmLocationNote.h"
 
+#include "engine/network/mod_Network_MC.h"
 #include "windows/presence/PresenceFields.h"
 
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tessel {
 
-frmLocationNote::frmLocationNote(LocationActions& actions, QWidget* parent)
-    : QDialog(parent), m_actions(actions), m_note(noteField({}, this)) {
+frmLocationNote::frmLocationNote(LocationActions& actions, const OwnState& own, NetworkMC& network,
+                                 QWidget* parent)
+    : QDialog(parent), m_actions(actions), m_network(network), m_note(noteField({}, this)) {
     auto* const set =
         button(QStringLiteral("cmdSet"), tr("S&et"), tr("Ask the location to show this note"), this);
     auto* const remove = button(QStringLiteral("cmdRemove"), tr("&Remove"),
@@ -16,6 +19,10 @@ frmLocationNote::frmLocationNote(LocationActions& actions, QWidget* parent)
     set->setDefault(true);
     QVBoxLayout* const layout = dialogLayout(*this);
     addField(*layout, tr("&Note of that location:"), m_note);
+    layout->addWidget(offlineLine(own, network, *this, [set, remove](bool canSend) {
+        set->setEnabled(canSend);
+        remove->setEnabled(canSend);
+    }));
     layout->addLayout(buttonRow({set, remove}));
     layout->addStretch(1);
     connect(set, &QPushButton::clicked, this, &frmLocationNote::set);
@@ -34,7 +41,7 @@ void frmLocationNote::take(const WindowRequest& request) {
 }
 
 void frmLocationNote::set() {
-    if (m_actions.SetNote(m_SID, m_note->text())) {
+    if (m_network.CanSend() && m_actions.SetNote(m_SID, m_note->text())) {
         accept();
     }
 }

@@ -9,11 +9,14 @@
 namespace tessel {
 
 class KeyFilterEdit;
+class NetworkMC;
+struct OwnState;
 
 class frmLocationNote : public QDialog, public RequestedWindow {
     Q_OBJECT
 public:
-    explicit frmLocationNote(LocationActions& actions, QWidget* parent = nullptr);
+    frmLocationNote(LocationActions& actions, const OwnState& own, NetworkMC& network,
+                    QWidget* parent = nullptr);
 
     void take(const WindowRequest& request) override;
 
@@ -22,6 +25,7 @@ private:
     void remove(); // cmdRemove
 
     LocationActions& m_actions;
+    NetworkMC& m_network;
     QString m_SID;
     KeyFilterEdit* m_note; // fltNote
 };

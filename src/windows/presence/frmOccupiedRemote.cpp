@@ -1,22 +1,28 @@
 #include "windows/presence/frmOccupiedRemote.h"
 
+#include "engine/network/mod_Network_MC.h"
 #include "windows/presence/PresenceFields.h"
 
 #include <QCheckBox>
+#include <QLabel>
 #include <QPushButton>
 #include <QVBoxLayout>
 
 namespace tessel {
 
-frmOccupiedRemote::frmOccupiedRemote(LocationActions& actions, QWidget* parent)
-    : QDialog(parent), m_actions(actions), m_occupied(new QCheckBox(tr("Occupied"), this)),
-      m_name(patientField(this)), m_inUse(button(QStringLiteral("cmdLocInUse"), {}, {}, this)) {
+frmOccupiedRemote::frmOccupiedRemote(LocationActions& actions, const OwnState& own, NetworkMC& network,
+                                     QWidget* parent)
+    : QDialog(parent), m_actions(actions), m_network(network),
+      m_occupied(new QCheckBox(tr("Occupied"), this)), m_name(patientField(this)),
+      m_inUse(button(QStringLiteral("cmdLocInUse"), {}, {}, this)) {
     m_occupied->setObjectName(QStringLiteral("chkOccupied"));
     m_occupied->setEnabled(false); // it tells; the button acts
     m_inUse->setDefault(true);
     QVBoxLayout* const layout = dialogLayout(*this);
     layout->addWidget(m_occupied);
     addField(*layout, tr("&Patient:"), m_name);
+    layout->addWidget(
+        offlineLine(own, network, *this, [this](bool canSend) { m_inUse->setEnabled(canSend); }));
     layout->addLayout(buttonRow({m_inUse}));
     layout->addStretch(1);
     connect(m_inUse, &QPushButton::clicked, this, &frmOccupiedRemote::toggle);
@@ -37,6 +43,9 @@ void frmOccupiedRemote::take(const WindowRequest& request) {
 }
 
 void frmOccupiedRemote::toggle() {
+    if (!m_network.CanSend()) {
+        return;
+    }
     m_actions.ToggleOccupied(m_facts.SID, m_facts.Occupied ? QString() : patientText(*m_name));
     accept();
 }

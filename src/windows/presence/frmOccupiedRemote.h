@@ -13,11 +13,14 @@ class QPushButton;
 namespace tessel {
 
 class KeyFilterEdit;
+class NetworkMC;
+struct OwnState;
 
 class frmOccupiedRemote : public QDialog, public RequestedWindow {
     Q_OBJECT
 public:
-    explicit frmOccupiedRemote(LocationActions& actions, QWidget* parent = nullptr);
+    frmOccupiedRemote(LocationActions& actions, const OwnState& own, NetworkMC& network,
+                      QWidget* parent = nullptr);
 
     void take(const WindowRequest& request) override;
 
@@ -25,6 +28,7 @@ private:
     void toggle();
 
     LocationActions& m_actions;
+    NetworkMC& m_network;
     LocationFacts m_facts;
     Images m_images;
     QCheckBox* m_occupied;
