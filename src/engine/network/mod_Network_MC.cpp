@@ -62,7 +62,7 @@ void NetworkMC::startNow() {
 
 void NetworkMC::interfacesSettled() {
     // A start that is due anyway, or has not been asked for yet, sees the interfaces as they then are.
-    if (!m_startTried || starting()) {
+    if (starting()) {
         return;
     }
     if (!m_own.online) {
@@ -216,7 +216,7 @@ void NetworkMC::Announce() {
 }
 
 bool NetworkMC::starting() const {
-    return m_own.leaving || tmrNetStart.enabled();
+    return !m_startTried || m_own.leaving || tmrNetStart.enabled();
 }
 
 bool NetworkMC::CanSend() {

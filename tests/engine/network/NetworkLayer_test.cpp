@@ -85,13 +85,16 @@ TEST_F(NetworkLayer, AdaptersAndInterfaces) {
 }
 
 TEST_F(NetworkLayer, ComesUpFiveSecondsAfterTheStartAndKeepsItselfAlive) {
+    EXPECT_TRUE(me->network.starting()) << "as the window is built";
     world.start(0);
     world.clock.advance(4999);
+    EXPECT_TRUE(me->network.starting());
     EXPECT_EQ(me.link.opened, 0);
     EXPECT_EQ(footer(), "") << "before the first start nothing is shown";
     world.clock.advance(1);
     EXPECT_EQ(sentCodes(), QStringList("XAN"));
     EXPECT_EQ(footer(), "  Online");
+    EXPECT_FALSE(me->network.starting());
     world.clock.advance(20000);
     EXPECT_EQ(footer(), "  Room 1");
     world.clock.advance(25000);
@@ -120,6 +123,7 @@ TEST_F(NetworkLayer, RestartSaysGoodbyeOnceHoweverOftenItIsAskedFor) {
     EXPECT_TRUE(onlineMeanwhile) << "the goodbye needs a second to leave";
     EXPECT_EQ(sentCodes(), QStringList("XD"));
     EXPECT_FALSE(me->own.online);
+    EXPECT_TRUE(me->network.starting());
     EXPECT_EQ(world.locations(0), 0);
     EXPECT_EQ(me->views.rptEndpoints.count(), 0);
     world.run(5);
