@@ -136,6 +136,7 @@ void Station::wire() {
                 notices.setHere(text, tone, location, SID);
             });
     connect(&sharedStatus, &SharedStatus::deleted, &status, &LocalStatus::LoadStatusSettings);
+    connect(&status, &LocalStatus::pressedOffline, &network, &NetworkMC::CanSend); // which tells the user
     connect(&status, &LocalStatus::hotKeyChanged, &hotKeys,
             [this](int slot) { hotKeys.RegisterQuickHotKey(slot); });
     connect(&hotKeys, &QuickHotKeys::bringUp, this, [this] { windows.bringUp(); });

@@ -50,6 +50,7 @@ LocalStatus::LocalStatus(OwnState& own, INIData& data, Clock& clock, NetworkProt
 
 void LocalStatus::SetStatus(int Index) {
     if (!m_own.canSend()) {
+        emit pressedOffline();
         return;
     }
     // A press that is refused below still moves the time.

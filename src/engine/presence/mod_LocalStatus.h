@@ -91,6 +91,8 @@ signals:
     void quickStatusesLoaded();
     // The hot key of quick button 0, 1 or 2 is to be registered anew.
     void hotKeyChanged(int Index);
+    // A quick button or its key was pressed while nothing can be sent.
+    void pressedOffline();
     // Another location set a shared status here: its text and tone are to be noticed.
     void setByOther(const QString& text, const QString& tone, const QString& location, const QString& SID);
 

@@ -116,6 +116,14 @@ TEST_F(OwnStatus, SharedButtons) {
     EXPECT_EQ(me->status.pressed(6), LocalStatus::Press::AsksToEdit);
 }
 
+TEST_F(OwnStatus, AKeyPressedWhileOfflineIsTold) {
+    me->network.RestartNetwork();
+    ASSERT_FALSE(me->own.canSend());
+    me->shortKeys.Process_ShortKeys(112);
+    EXPECT_EQ(me->own.status, "");
+    EXPECT_EQ(me->footer.text(), "  Not sent: offline");
+}
+
 TEST_F(OwnStatus, SharedStatusFromAfarIsNoticedHere) {
     hear("XAS2", body({kMe, "Late", "4"}));
     hear("XAS2", body({kMe, {}, "7"}));
